@@ -1,0 +1,577 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/look_json.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <clocale>
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace tessel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string uuid = "6F9619FF-8B86-D011-B42D-00C04FC964FF";
+
+/// The message with which decoding fails, or "decoded".
+template<typename Decode>
+std::string failure(Decode decode, std::string_view json)
+{
+    try {
+        static_cast<void>(decode(json));
+    } catch (const JsonError& error) {
+        return error.what();
+    }
+    return "decoded";
+}
+
+std::string lookFailure(std::string_view json)
+{
+    return failure(decodeLook, json);
+}
+
+/// What encoding fails with, or the text.
+std::string encodeFailure(const Look& look)
+{
+    try {
+        return encodeLook(look);
+    } catch (const JsonError& error) {
+        return error.what();
+    }
+}
+
+std::string presetJson(std::string_view id, std::string_view look = "{}")
+{
+    return R"([{"id":")" + std::string(id) + R"(","name":"Tea","look":)" + std::string(look) +
+           R"(,"motion":true}])";
+}
+
+TEST(EncodeLook, WritesKeysInDeclarationOrderAndLeavesOutAbsentOptionals)
+{
+    Look look;
+    EXPECT_EQ(encodeLook(look),
+              R"({"pattern":0,"palette":0,"dither":3,"pixel":8,"levels":5,"scale":1,"warp":1,"speed":0.35,)"
+              R"("contrast":1.15,"offset":0,"grain":0.04,"vignette":0.25,"invert":false,"seed":12})");
+
+    look.pattern = Pattern::neuro;
+    look.palette = 221;
+    look.offset = -0.0F;
+    look.warp = 1e-7F;
+    look.invert = true;
+    look.imagePath = "/t\u00e9 \"1\"\n.png";
+    look.custom = {0, 0xFFFFFF};
+    EXPECT_EQ(encodeLook(look),
+              R"({"pattern":35,"palette":221,"dither":3,"pixel":8,"levels":5,"scale":1,"warp":1e-07,)"
+              R"("speed":0.35,"contrast":1.15,"offset":-0.0,"grain":0.04,"vignette":0.25,"invert":true,)"
+              R"("seed":12,"imagePath":"/té \"1\"\n.png","custom":[0,16777215]})");
+
+    look.custom->clear();
+    EXPECT_THAT(encodeLook(look), HasSubstr(R"("custom":[])"));
+}
+
+TEST(EncodeLook, RefusesWhatCouldNotBeReadBack)
+{
+    Look look;
+    look.scale = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_THAT(encodeFailure(look), StartsWith(R"("scale" holds nan; a number from )"));
+    look.scale = -std::numeric_limits<float>::infinity();
+    EXPECT_THAT(encodeFailure(look), StartsWith(R"("scale" holds -inf; a number from )"));
+
+    look = {};
+    look.imagePath = "caf\xE9.png"; // Latin-1
+    EXPECT_EQ(encodeFailure(look), R"("imagePath" holds "caf\ufffd.png"; text in UTF-8 is expected)");
+    look.imagePath = std::string("a\0b", 3);
+    EXPECT_THAT(encodeFailure(look), StartsWith(R"("imagePath" holds "a\u0000b"; the path of a photo)"));
+
+    look = {};
+    look.custom = {1, 0x1000000};
+    EXPECT_THAT(encodeFailure(look), StartsWith(R"("custom"[1] holds 16777216; a colour is)"));
+    const std::vector<Preset> presets{{uuid, "Good", {}, false}, {uuid, "Bad", look, false}};
+    EXPECT_THAT(failure([&](std::string_view) { return encodePresets(presets); }, {}),
+                StartsWith(R"(entry 2: "look": "custom"[1] holds 16777216)"));
+    EXPECT_THAT(failure(
+                    [](std::string_view) {
+                        return encodePresets({{"7", "", {}, false}});
+                    },
+                    {}),
+                StartsWith(R"(entry 1: "id" holds "7"; a UUID)"));
+    EXPECT_THAT(failure(
+                    [](std::string_view) {
+                        return encodeColorLists({{}, {0x1000000}});
+                    },
+                    {}),
+                StartsWith("entry 2: [0] holds 16777216"));
+}
+
+TEST(DecodeLook, SuppliesTheDefaults)
+{
+    EXPECT_EQ(decodeLook("{}"), Look());
+    EXPECT_EQ(decodeLook("\xEF\xBB\xBF \r\n\t{ } "), Look()); // a byte order mark does no harm
+    EXPECT_EQ(decodeLook(R"({"pattern":null,"palette":null,"dither":null,"pixel":null,"levels":null,)"
+                         R"("scale":null,"warp":null,"speed":null,"contrast":null,"offset":null,)"
+                         R"("grain":null,"vignette":null,"invert":null,"seed":null,"imagePath":null,)"
+                         R"("custom":null})"),
+              Look());
+    EXPECT_EQ(decodeLook(R"({"Pattern":7,"later":{"speed":[1,"x",null,true]}})"), Look());
+}
+
+TEST(DecodeLook, ReadsEveryKey)
+{
+    Look expected;
+    expected.pattern = Pattern::gem;
+    expected.palette = 223;
+    expected.dither = Dither::ascii;
+    expected.pixel = 1.0F;
+    expected.levels = 2.0F;
+    expected.scale = 3.5F;
+    expected.warp = 400.0F;
+    expected.speed = 5.0F;
+    expected.contrast = -6.0F;
+    expected.offset = 7.0F;
+    expected.grain = 0.08F;
+    expected.vignette = 9.0F;
+    expected.invert = true;
+    expected.seed = 10.0F;
+    expected.imagePath = "C:\\t\u00e9\U0001F375";
+    expected.custom = {0, 1, 0xFFFFFF};
+    EXPECT_EQ(decodeLook(R"({"custom":[0,1,16777215],"imagePath":"C:\\t\u00e9\ud83c\udf75","seed":10,)"
+                         R"("invert":true,"vignette":9.0,"grain":8e-2,"offset":7,"contrast":-6,"speed":5,)"
+                         R"("warp":4E+2,"scale":3.5,"levels":2,"pixel":1,"dither":8,"palette":223,)"
+                         R"("pattern":30})"),
+              expected);
+}
+
+TEST(DecodeLook, RaisesSpeedAndPalette)
+{
+    for (const char* const speed : {"0", "-1", "-0.0", "0.009", "-3e38", "1e-999"}) {
+        EXPECT_EQ(decodeLook(R"({"speed":)" + std::string(speed) + "}").speed, 0.01F) << speed;
+    }
+    EXPECT_EQ(decodeLook(R"({"speed":0.011})").speed, 0.011F);
+    EXPECT_EQ(decodeLook(R"({"palette":-3})").palette, 0);
+    EXPECT_EQ(decodeLook(R"({"palette":-9223372036854775808})").palette, 0);
+    EXPECT_EQ(decodeLook(R"({"palette":9223372036854775807})").palette,
+              std::numeric_limits<std::int64_t>::max());
+}
+
+TEST(DecodeLook, RoundsFloatsOnce)
+{
+    const auto scale = [](const std::string& digits) {
+        return decodeLook(R"({"scale":)" + digits + "}").scale;
+    };
+    // Just above the middle of two floats; rounded to double first it would be the middle, and go down.
+    EXPECT_EQ(scale("1.00000005960464477539062500000000001"), std::nextafter(1.0F, 2.0F));
+    EXPECT_EQ(scale("1.000000059604644775390625"), 1.0F);
+    EXPECT_EQ(scale("16777217"), 16777216.0F);
+    EXPECT_EQ(scale("9007199791611905"), 9007200328482816.0F); // 2^53 + 2^29 + 1: by way of double, down
+    EXPECT_EQ(scale("18446744073709551616"), 18446744073709551616.0F);
+    EXPECT_EQ(scale("100000000000000000000000000000000000000"), 1e38F);
+    EXPECT_EQ(scale("3.4028235e38"), std::numeric_limits<float>::max());
+    EXPECT_EQ(scale("1e-45"), std::numeric_limits<float>::denorm_min());
+    EXPECT_EQ(scale("1e-60"), 0.0F);
+    EXPECT_TRUE(std::signbit(scale("-1e-400")));
+    EXPECT_TRUE(std::signbit(scale("-0.0")));
+    EXPECT_EQ(scale("0.000e999999999999"), 0.0F);
+}
+
+TEST(DecodeLook, NamesKeyValueAndWhatIsRight)
+{
+    const std::string anyFloat = "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected";
+    const std::string anyPattern = "a whole number from 0 (Flow) to 35 (Neuro) is expected";
+    const std::string anyDither = "a whole number from 0 (Smooth) to 9 (Benday) is expected";
+    const std::string anyPalette = "a whole number from 0 to 9223372036854775807 is expected";
+    const std::string anyBool = "true or false is expected";
+    const std::string anyPath = "the path of a photo as a string, without NUL characters, is expected";
+    const std::string anyColors =
+        "an array of colours, whole numbers from 0 to 16777215 (0xFFFFFF), is expected";
+    const std::string anyColor = "a colour is a whole number from 0 to 16777215 (0xFFFFFF)";
+
+    struct Case
+    {
+        std::string json;
+        std::string message;
+    };
+    const std::vector<Case> cases{
+        {R"({"pattern":36})", R"("pattern" holds 36; )" + anyPattern},
+        {R"({"pattern":-1})", R"("pattern" holds -1; )" + anyPattern},
+        {R"({"pattern":3.0})", R"("pattern" holds 3.0; )" + anyPattern},
+        {R"({"pattern":1e0})", R"("pattern" holds 1e0; )" + anyPattern},
+        {R"({"pattern":"flow"})", R"("pattern" holds "flow"; )" + anyPattern},
+        {R"({"pattern":1e999})", R"("pattern" holds 1e999; )" + anyPattern},
+        {R"({"dither":10})", R"("dither" holds 10; )" + anyDither},
+        {R"({"dither":256})", R"("dither" holds 256; )" + anyDither},
+        {R"({"dither":false})", R"("dither" holds false; )" + anyDither},
+        {R"({"palette":1.5})", R"("palette" holds 1.5; )" + anyPalette},
+        {R"({"palette":9223372036854775808})", R"("palette" holds 9223372036854775808; )" + anyPalette},
+        {R"({"palette":18446744073709551616})", R"("palette" holds 18446744073709551616; )" + anyPalette},
+        {R"({"palette":-9223372036854775809})", R"("palette" holds -9223372036854775809; )" + anyPalette},
+        {R"({"pixel":"8"})", R"("pixel" holds "8"; )" + anyFloat},
+        {R"({"levels":[5]})", R"("levels" holds an array; )" + anyFloat},
+        {R"({"scale":1e39})", R"("scale" holds 1e39; )" + anyFloat},
+        {R"({"warp":-3.4028236e38})", R"("warp" holds -3.4028236e38; )" + anyFloat},
+        {R"({"speed":-1e999})", R"("speed" holds -1e999; )" + anyFloat},
+        {R"({"seed":true})", R"("seed" holds true; )" + anyFloat},
+        {R"({"invert":0})", R"("invert" holds 0; )" + anyBool},
+        {R"({"invert":"true"})", R"("invert" holds "true"; )" + anyBool},
+        {R"({"imagePath":7})", R"("imagePath" holds 7; )" + anyPath},
+        {R"({"imagePath":"a\u0000b"})", R"("imagePath" holds "a\u0000b"; )" + anyPath},
+        {R"({"custom":{}})", R"("custom" holds an object; )" + anyColors},
+        {R"({"custom":[0,1,16777216]})", R"("custom"[2] holds 16777216; )" + anyColor},
+        {R"({"custom":[-1]})", R"("custom"[0] holds -1; )" + anyColor},
+        {R"({"custom":[1.0]})", R"("custom"[0] holds 1.0; )" + anyColor},
+        {R"({"custom":[0,null]})", R"("custom"[1] holds null; )" + anyColor},
+        {R"({"custom":[0,1e999]})", R"("custom"[1] holds 1e999; )" + anyColors},
+        {R"({"x":{"y":[0,[1e999]]}})", R"("x": "y"[1][0] holds 1e999; no number may be that large)"},
+        {R"({"seed":1,"scale":1,"seed":1})",
+         R"(the key "seed" stands twice in one object; each key may stand once)"},
+        {R"({"x":{"\u0061":1,"a":1}})",
+         R"("x": the key "a" stands twice in one object; each key may stand once)"},
+        {"[]", "a look is a JSON object, this is an array"},
+        {"null", "a look is a JSON object, this is null"},
+        {"1e5", "a look is a JSON object, this is a number"},
+        {"\"{}\"", "a look is a JSON object, this is a string"},
+        {"1e999", "the JSON holds 1e999; no number may be that large"},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(lookFailure(each.json), each.message) << each.json;
+    }
+}
+
+TEST(DecodeLook, CutsLongValuesShortAndKeepsThemPrintable)
+{
+    const std::string tea = "\xE8\x8C\xB6"; // three bytes
+    std::string path = "\x7F\xC2\x9B";      // DEL and the one-character form of ESC [
+    for (int count = 0; count < 1000; ++count) {
+        path += tea;
+    }
+    const std::string message = lookFailure(R"({"pattern":")" + path + R"("})");
+    EXPECT_THAT(message, StartsWith(R"("pattern" holds "\u007f\u009b\u8336)"));
+    EXPECT_THAT(message, HasSubstr(R"(\u8336..."; a whole number)"));
+    EXPECT_LT(message.size(), 200U);
+
+    const std::string digits(10'000, '1');
+    EXPECT_THAT(lookFailure(R"({"palette":)" + digits + "}"),
+                StartsWith(R"("palette" holds )" + std::string(37, '1') + "...; "));
+    EXPECT_LT(lookFailure(R"({"seed":)" + digits + ".5}").size(), 200U);
+    EXPECT_LT(lookFailure("{\"" + path + "\":1,\"" + path + "\":1}").size(), 400U);
+}
+
+TEST(DecodeLook, SaysWhereTheSyntaxBreaks)
+{
+    struct Case
+    {
+        std::string json;
+        std::string message;
+    };
+    const std::string early = ": the text ends before the JSON value is complete";
+    const std::string more = ": there is more text after the end of the JSON value";
+    const std::vector<Case> cases{
+        {"", "line 1, column 1" + early},
+        {" \n ", "line 2, column 2" + early},
+        {R"({"speed":)", "line 1, column 10" + early},
+        {"{\"seed\":1,\n \"na", "line 2, column 5" + early},
+        {R"({"seed":1)", "line 1, column 10" + early},
+        {R"({"seed":tru)", "line 1, column 12" + early},
+        {"{}x", "line 1, column 3" + more},
+        {"{}\n\n{}", "line 3, column 1" + more},
+        {"{}]", "line 1, column 3" + more},
+        {R"({"speed":NaN})", R"(line 1, column 10: "N" cannot stand here)"},
+        {R"({"speed":Infinity})", R"(line 1, column 10: "I" cannot stand here)"},
+        {R"({"speed":+1})", R"(line 1, column 10: "+" cannot stand here)"},
+        {R"({"t\u00e9":'a'})", R"(line 1, column 12: "'" cannot stand here)"},
+        {"{\"t\u00e9\":\u00e9}", R"(line 1, column 7: "\u00e9" cannot stand here)"},
+        {R"({"speed":-Infinity})", "line 1, column 11: invalid number; expected digit after '-'"},
+        {R"({"speed":1.})", "line 1, column 12: invalid number; expected digit after '.'"},
+        {"{\"name\":\"a\nb\"}", "line 1, column 11: invalid string: control character U+000A (LF) must be "
+                                "escaped to \\u000A or \\n"},
+        {"{\"name\":\"a\xFF\"}", "line 1, column 11: the text is not UTF-8 here"},
+        {"{\"name\":\"\xC3(\"}", "line 1, column 11: the text is not UTF-8 here"},
+        {"{\"name\":\"\xED\xA0\x80\"}", "line 1, column 11: the text is not UTF-8 here"},
+        {std::string("{}\0{", 4), "line 1, column 3: a NUL character cannot stand in JSON"},
+        {std::string("{\"a\":\"\0\"}", 9), "line 1, column 7: a NUL character cannot stand in JSON"},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(lookFailure(each.json), each.message) << each.json;
+    }
+    for (const char* const json :
+         {R"({"seed":01})", R"({"seed":.5})", R"({"seed":1,})", R"({seed:1})", R"({"seed" 1})",
+          R"({"custom":[1 2]})", R"({/**/})", R"({"name":"\ud800"})", R"({"name":"\x41"})",
+          R"({"seed":0x10})", "{]", "\xEF\xBB{}"}) {
+        EXPECT_THAT(lookFailure(json), StartsWith("line 1, column ")) << json;
+    }
+}
+
+TEST(DecodeLook, StopsAtDeepNesting)
+{
+    const auto nested = [](std::size_t depth) {
+        return R"({"x":)" + std::string(depth - 1, '[') + std::string(depth - 1, ']') + "}";
+    };
+    EXPECT_EQ(decodeLook(nested(32)), Look());
+    EXPECT_THAT(lookFailure(nested(33)), StartsWith("the JSON is nested more than 32 deep"));
+
+    std::string brackets;
+    brackets.resize(10'000'000, '[');
+    EXPECT_THAT(lookFailure(brackets), StartsWith("the JSON is nested more than 32 deep"));
+    std::string objects;
+    for (int depth = 0; depth < 100'000; ++depth) {
+        objects += R"({"a":)";
+    }
+    EXPECT_THAT(lookFailure(objects), StartsWith("the JSON is nested more than 32 deep"));
+}
+
+TEST(DecodeLook, DoesNotDependOnTheLocale)
+{
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    setenv("LOCPATH", TEST_LOCALES, 1);
+    int tried = 0;
+    for (const char* const name : {"de_DE.UTF-8", "ps_AF.UTF-8"}) { // a comma, and a sign of two bytes
+        if (std::setlocale(LC_NUMERIC, name) == nullptr) {
+            continue;
+        }
+        ++tried;
+        const Look look = decodeLook(R"({"scale":2.75,"warp":1.5e1,"grain":-0.125})");
+        const std::string text = encodeLook(look);
+        EXPECT_STRNE(std::localeconv()->decimal_point, ".") << "the caller's locale is restored";
+        std::setlocale(LC_NUMERIC, before.c_str());
+        EXPECT_EQ(look.scale, 2.75F) << name;
+        EXPECT_EQ(look.warp, 15.0F) << name;
+        EXPECT_EQ(look.grain, -0.125F) << name;
+        EXPECT_THAT(text, HasSubstr(R"("scale":2.75)")) << name;
+    }
+    unsetenv("LOCPATH");
+    if (tried == 0) {
+        GTEST_SKIP() << "localedef could not make the locales";
+    }
+}
+
+TEST(DecodeLists, SayWhichEntryIsWrong)
+{
+    EXPECT_EQ(decodeLooks("[]"), std::vector<Look>());
+    EXPECT_EQ(decodeLooks("[{},{}]"), std::vector<Look>(2));
+    EXPECT_THAT(failure(decodeLooks, R"([{},{},{"pattern":36}])"),
+                StartsWith(R"(entry 3: "pattern" holds 36; a whole)"));
+    EXPECT_THAT(failure(decodeLooks, R"([{},{"custom":[0,-1]}])"),
+                StartsWith(R"(entry 2: "custom"[1] holds -1; a colour)"));
+    EXPECT_THAT(failure(decodeLooks, R"([{},{"custom":[0,1e999]}])"),
+                StartsWith(R"(entry 2: "custom"[1] holds 1e999; )"));
+    EXPECT_THAT(failure(decodeLooks, R"([{},{"seed":1,"seed":2}])"),
+                StartsWith(R"(entry 2: the key "seed" stands twice)"));
+    EXPECT_EQ(failure(decodeLooks, "[{},7]"), "entry 2: a look is a JSON object, this is a number");
+    EXPECT_EQ(failure(decodeLooks, "{}"), "a list of looks is a JSON array, this is an object");
+
+    const std::vector<std::vector<Color>> lists{{}, {0}, {0xFFFFFF, 1, 2, 3, 4, 5, 6}};
+    EXPECT_EQ(encodeColorLists(lists), "[[],[0],[16777215,1,2,3,4,5,6]]");
+    EXPECT_EQ(decodeColorLists(encodeColorLists(lists)), lists);
+    EXPECT_THAT(failure(decodeColorLists, "[[],[1,16777216]]"),
+                StartsWith("entry 2: [1] holds 16777216; a colour is"));
+    EXPECT_EQ(failure(decodeColorLists, "[[1e999]]"),
+              "entry 1: [0] holds 1e999; no number may be that large");
+    EXPECT_EQ(failure(decodeColorLists, "[[],null]"), "entry 2: a colour list is a JSON array, this is null");
+    EXPECT_EQ(failure(decodeColorLists, "\"\""), "a list of colour lists is a JSON array, this is a string");
+}
+
+TEST(DecodePresets, RequiresAllFourKeys)
+{
+    const std::vector<Preset> presets{
+        {uuid, "Tea", {}, true},
+        {"6f9619ff-8b86-d011-b42d-00c04fc964ff", std::string("\0\"\u00e9", 4), {}, false}};
+    EXPECT_EQ(encodePresets({presets[0]}), presetJson(uuid, encodeLook({})));
+    EXPECT_EQ(decodePresets(encodePresets(presets)), presets);
+    EXPECT_EQ(decodePresets(presetJson(uuid)), std::vector<Preset>{presets[0]});
+
+    const std::string complete = presetJson(uuid);
+    for (const std::string key : {"id", "name", "look", "motion"}) {
+        std::string renamed = complete;
+        renamed.insert(renamed.find('"' + key + '"') + 1, "x");
+        EXPECT_THAT(failure(decodePresets, renamed), StartsWith("entry 1: \"" + key + "\" is missing; "));
+    }
+    EXPECT_THAT(failure(decodePresets, presetJson(uuid, "null")),
+                StartsWith(R"(entry 1: "look" holds null; a look)"));
+    EXPECT_THAT(failure(decodePresets, presetJson(uuid, R"({"scale":1e39})")),
+                StartsWith(R"(entry 1: "look": "scale" holds 1e39; a number)"));
+    EXPECT_THAT(failure(decodePresets, presetJson(uuid, R"({"scale":1e999})")),
+                StartsWith(R"(entry 1: "look": "scale" holds 1e999; a number)"));
+    EXPECT_THAT(failure(decodePresets, presetJson(uuid, R"({"seed":1,"seed":1})")),
+                StartsWith(R"(entry 1: "look": the key "seed" stands twice)"));
+    EXPECT_EQ(failure(decodePresets, R"([[]])"), "entry 1: a preset is a JSON object, this is an array");
+}
+
+TEST(DecodePresets, ChecksTheId)
+{
+    for (const std::string_view id :
+         {"", "6F9619FF8B86D011B42D00C04FC964FF", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}",
+          "6F9619FF-8B86-D011-B42D-00C04FC964F", "6F9619FF-8B86-D011-B42D-00C04FC964FFF",
+          "6F9619FG-8B86-D011-B42D-00C04FC964FF", "6F9619Fg-8B86-D011-B42D-00C04FC964FF",
+          "6F9619FF-8B86-D011-B42D000C04FC964FF", "6F9619FF-8B86-D011-B42D-00C04FC964F-"}) {
+        EXPECT_THAT(failure(decodePresets, presetJson(id)), StartsWith(R"(entry 1: "id" holds ")")) << id;
+    }
+}
+
+/// Looks from every corner: floats of any finite bit pattern, text of any characters, any colours.
+class AnyLook
+{
+public:
+    explicit AnyLook(std::uint64_t seed) : engine(seed) {}
+
+    Look next()
+    {
+        Look look;
+        look.pattern = static_cast<Pattern>(engine() % patternCount);
+        look.palette = static_cast<std::int64_t>(engine() >> (1 + engine() % 63));
+        look.dither = static_cast<Dither>(engine() % ditherCount);
+        for (float Look::*const field :
+             {&Look::pixel, &Look::levels, &Look::scale, &Look::warp, &Look::contrast, &Look::offset,
+              &Look::grain, &Look::vignette, &Look::seed}) {
+            look.*field = finiteFloat();
+        }
+        look.speed = std::max(finiteFloat(), 0.01F);
+        look.invert = engine() % 2 == 0;
+        if (engine() % 2 == 0) {
+            look.imagePath = text(1);
+        }
+        if (engine() % 2 == 0) {
+            look.custom.emplace(engine() % 9);
+            for (Color& color : *look.custom) {
+                color = static_cast<Color>(engine() & 0xFFFFFFU);
+            }
+        }
+        return look;
+    }
+
+    /// \param least the smallest code point
+    std::string text(std::uint32_t least)
+    {
+        std::string result;
+        for (std::uint64_t count = engine() % 20; count > 0; --count) {
+            appendUtf8(result, codePoint(least));
+        }
+        return result;
+    }
+
+    std::uint64_t draw() { return engine(); }
+
+private:
+    float finiteFloat()
+    {
+        float value = std::numeric_limits<float>::infinity();
+        while (!std::isfinite(value)) {
+            value = std::bit_cast<float>(static_cast<std::uint32_t>(engine()));
+        }
+        return value;
+    }
+
+    std::uint32_t codePoint(std::uint32_t least)
+    {
+        const std::array<std::uint32_t, 5> limits{0x20, 0x80, 0x800, 0xD800, 0x110000};
+        for (;;) {
+            const auto point = static_cast<std::uint32_t>(engine() % limits.at(engine() % limits.size()));
+            if (point >= least && (point < 0xD800 || point > 0xDFFF)) {
+                return point;
+            }
+        }
+    }
+
+    static void appendUtf8(std::string& text, std::uint32_t point)
+    {
+        const auto append = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
+        if (point < 0x80) {
+            append(point);
+            return;
+        }
+        if (point < 0x800) {
+            append(0xC0U | point >> 6U);
+        } else {
+            if (point < 0x10000) {
+                append(0xE0U | point >> 12U);
+            } else {
+                append(0xF0U | point >> 18U);
+                append(0x80U | (point >> 12U & 0x3FU));
+            }
+            append(0x80U | (point >> 6U & 0x3FU));
+        }
+        append(0x80U | (point & 0x3FU));
+    }
+
+    std::mt19937_64 engine;
+};
+
+TEST(RoundTrip, AnyLookComesBackWithTheSameBits)
+{
+    AnyLook any(20260101);
+    for (int round = 0; round < 8'000; ++round) {
+        const Look look = any.next();
+        const std::string json = encodeLook(look);
+        const Look back = decodeLook(json);
+        ASSERT_EQ(back, look) << json;
+        // The same text means the same bits, which == does not see in a zero.
+        ASSERT_EQ(encodeLook(back), json);
+        ASSERT_EQ(std::signbit(back.offset), std::signbit(look.offset));
+    }
+}
+
+TEST(RoundTrip, AnyListComesBack)
+{
+    AnyLook any(42);
+    constexpr std::string_view digits = "0123456789abcdefABCDEF";
+    for (int round = 0; round < 300; ++round) {
+        std::vector<Look> looks;
+        std::vector<Preset> presets;
+        for (std::uint64_t count = any.draw() % 6; count > 0; --count) {
+            std::string id = uuid;
+            for (char& character : id) {
+                character = character == '-' ? '-' : digits[any.draw() % digits.size()];
+            }
+            looks.push_back(any.next());
+            presets.push_back({id, any.text(0), any.next(), any.draw() % 2 == 0});
+        }
+        ASSERT_EQ(decodeLooks(encodeLooks(looks)), looks);
+        ASSERT_EQ(decodePresets(encodePresets(presets)), presets);
+    }
+}
+
+TEST(HostileInput, AnyDamageToGoodTextDecodesOrFailsCleanly)
+{
+    AnyLook any(7);
+    int decoded = 0;
+    for (int round = 0; round < 8'000; ++round) {
+        std::string json = encodePresets({{uuid, any.text(0), any.next(), true}});
+        for (std::uint64_t count = any.draw() % 3 + 1; count > 0; --count) {
+            const std::size_t place = any.draw() % json.size();
+            switch (any.draw() % 4) {
+            case 0:
+                json[place] = static_cast<char>(any.draw());
+                break;
+            case 1:
+                json.erase(place, any.draw() % 5 + 1);
+                break;
+            case 2:
+                json.insert(place, json.substr(any.draw() % json.size(), any.draw() % 9));
+                break;
+            default:
+                json.resize(place);
+                break;
+            }
+            json += json.empty() ? " " : "";
+        }
+        try {
+            const std::vector<Preset> presets = decodePresets(json);
+            ASSERT_EQ(decodePresets(encodePresets(presets)), presets) << json;
+            ++decoded;
+        } catch (const JsonError& error) {
+            const std::string message = error.what();
+            ASSERT_FALSE(message.empty());
+            ASSERT_LT(message.size(), 500U) << message;
+            ASSERT_TRUE(std::ranges::all_of(message, [](char byte) { return byte >= ' ' && byte <= '~'; }));
+        }
+    }
+    EXPECT_GT(decoded, 100); // small damage to a digit or a letter leaves good text
+}
+
+} // namespace
+} // namespace tessel
