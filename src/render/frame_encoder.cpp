@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/frame_encoder.h"
+
+#include "render/blue_noise_tile.h"
+#include "render/glyph_atlas.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tessel {
+
+namespace {
+
+constexpr TextureFormat rampFormat{GL_RGBA16F, GL_RGBA, GL_HALF_FLOAT};
+
+GlVertexArray makeVertexArray()
+{
+    GLuint name = 0;
+    glGenVertexArrays(1, &name);
+    return GlVertexArray(name);
+}
+
+GlSampler makeLinearSampler()
+{
+    GLuint name = 0;
+    glGenSamplers(1, &name);
+    glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glSamplerParameteri(name, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glSamplerParameteri(name, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glSamplerParameteri(name, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    return GlSampler(name);
+}
+
+GlTexture makeBlueNoise()
+{
+    const auto& ranks = blueNoiseRanks();
+    std::array<GLubyte, std::tuple_size_v<std::remove_cvref_t<decltype(ranks)>>> texels{};
+    std::ranges::transform(ranks, texels.begin(), [](auto rank) { return static_cast<GLubyte>(rank / 16); });
+    return makeTexture(maskFormat, blueNoiseSide, blueNoiseSide, texels.data());
+}
+
+GlTexture makeGlyphs()
+{
+    const QImage atlas = drawGlyphAtlas();
+    return makeTexture(maskFormat, atlas.width(), atlas.height(), atlas.constBits());
+}
+
+PhotoSize sizeOf(const std::shared_ptr<const Photo>& photo)
+{
+    return photo != nullptr ? photo->size : PhotoSize();
+}
+
+/// The first look of a cross-fade is drawn over whatever was there, the second blended on top of it.
+void setBlending(float opacity)
+{
+    if (opacity >= 1.0F) {
+        glDisable(GL_BLEND);
+        return;
+    }
+    glEnable(GL_BLEND);
+    glBlendEquation(GL_FUNC_ADD);
+    glBlendColor(0.0F, 0.0F, 0.0F, opacity);
+    glBlendFuncSeparate(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA, GL_ONE, GL_ZERO);
+}
+
+} // namespace
+
+const CellTextures* CellTextureCache::find(GridSize size, Slot slot)
+{
+    const Key key{size.width, size.height, slot};
+    const auto found = m_entries.find(key);
+    if (found != m_entries.end())
+        return &found->second;
+    CellTextures made;
+    made.field = makeTexture(fieldFormat, size.width, size.height);
+    made.lower = makeTexture(colorFormat, size.width, size.height);
+    made.upper = makeTexture(colorFormat, size.width, size.height);
+    if (!made.field || !made.lower || !made.upper)
+        return nullptr;
+    made.fieldTarget = makeFramebuffer(made.field);
+    made.lowerTarget = makeFramebuffer(made.lower);
+    made.inkTarget = makeFramebuffer(made.lower, &made.upper);
+    if (!made.fieldTarget || !made.lowerTarget || !made.inkTarget)
+        return nullptr;
+    if (m_entries.size() >= capacity)
+        m_entries.clear();
+    return &m_entries.emplace(key, std::move(made)).first->second;
+}
+
+FrameEncoder::FrameEncoder(int longestScreen)
+    : m_photos(longestScreen)
+    , m_vertexArray(makeVertexArray())
+    , m_linear(makeLinearSampler())
+    , m_placeholder(makeTexture(colorFormat, 1, 1))
+    , m_blueNoise(makeBlueNoise())
+    , m_ramp(makeTexture(rampFormat, shaders::rampLength, 1))
+    , m_rampTarget(makeFramebuffer(m_ramp))
+
+{
+}
+
+void FrameEncoder::bind(TextureUnit unit, GLuint texture, GLuint sampler)
+{
+    const auto index = static_cast<GLuint>(unit);
+    glActiveTexture(GL_TEXTURE0 + index);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glBindSampler(index, sampler);
+}
+
+void FrameEncoder::draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport,
+                        float extentX, float extentY, RowOrder rows)
+{
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glViewport(0, 0, viewport.width, viewport.height);
+    glUseProgram(program.object.name());
+    glUniform1fv(program.frame, frameHeaderLength, frameHeader(pass.block).data());
+    glUniform1fv(program.look, lookBlockLength, lookBlock(pass.block, pass.slot).data());
+    glUniform1i(program.slot, static_cast<GLint>(pass.slot));
+    glUniform2f(program.extent, extentX, extentY);
+    glUniform1i(program.flip, rows == RowOrder::bottomFirst ? 1 : 0);
+    glDrawArrays(GL_TRIANGLES, 0, 3);
+}
+
+/// Returns nullptr where there is no room for the field.
+const CellTextures* FrameEncoder::drawField(const Pass& pass, GridSize grid)
+{
+    const CellTextures* cells = m_cells.find(grid, pass.slot);
+    if (cells == nullptr)
+        return nullptr;
+    setBlending(1.0F);
+    bind(TextureUnit::photo, pass.photo);
+    draw(pass, m_programs.field(pass.look.pattern), cells->fieldTarget.name(), grid,
+         static_cast<float>(grid.width), static_cast<float>(grid.height), RowOrder::topFirst);
+    return cells;
+}
+
+/// The field and its inks. Returns nullptr where there is no room for them.
+const CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
+{
+    const CellTextures* cells = drawField(pass, grid);
+    if (cells == nullptr)
+        return nullptr;
+    const auto columns = static_cast<float>(grid.width);
+    const auto rows = static_cast<float>(grid.height);
+    const Program& inks = m_programs.inks(pass.look.dither);
+    const bool twoInks = shaders::kind(pass.look.dither) == shaders::DitherKind::screen;
+    const GlFramebuffer& target = twoInks ? cells->inkTarget : cells->lowerTarget;
+    bind(TextureUnit::field, cells->field.name());
+    bind(TextureUnit::blueNoise, m_blueNoise.name());
+    glUseProgram(inks.object.name());
+    glUniform2f(inks.perCell, 1.0F / columns, 1.0F / rows);
+    draw(pass, inks, target.name(), grid, columns, rows, RowOrder::topFirst);
+    return cells;
+}
+
+void FrameEncoder::drawRamp(const Pass& pass)
+{
+    setBlending(1.0F);
+    draw(pass, m_programs.ramp(), m_rampTarget.name(), {shaders::rampLength, 1},
+         static_cast<float>(shaders::rampLength), 1.0F, RowOrder::topFirst);
+    bind(TextureUnit::ramp, m_ramp.name());
+}
+
+void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Target& target)
+{
+    const float cell = cellSize(pass.block, pass.slot);
+    const GridSize size{frame.width, frame.height};
+    const bool direct = cell <= 1.0F;
+    const Program& program = direct ? m_programs.direct(pass.look.pattern, pass.look.dither)
+                                    : m_programs.composite(pass.look.dither);
+    const bool smooth = pass.look.dither == Dither::smooth;
+    if (smooth)
+        drawRamp(pass);
+    if (pass.look.dither == Dither::ascii && !m_glyphs)
+        m_glyphs = makeGlyphs();
+    bind(TextureUnit::glyphs, m_glyphs ? m_glyphs.name() : m_placeholder.name());
+    if (!direct) {
+        const GridSize grid = fieldSize(frame.width, frame.height, cell);
+        const CellTextures* cells = drawCells(pass, grid);
+        bind(TextureUnit::lower, cells != nullptr ? cells->lower.name() : m_placeholder.name(),
+             smooth ? m_linear.name() : 0);
+        bind(TextureUnit::upper, cells != nullptr ? cells->upper.name() : m_placeholder.name());
+        glUseProgram(program.object.name());
+        glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
+                    1.0F / static_cast<float>(grid.height));
+    } else {
+        bind(TextureUnit::photo, pass.photo);
+        bind(TextureUnit::blueNoise, m_blueNoise.name());
+    }
+    setBlending(pass.slot == Slot::current ? frame.mix : 1.0F);
+    draw(pass, program, target.framebuffer, size, static_cast<float>(frame.width) / cell,
+         static_cast<float>(frame.height) / cell, target.rows);
+}
+
+std::shared_ptr<const Photo> FrameEncoder::photoOf(const Look& look)
+{
+    return look.pattern == Pattern::image ? m_photos.find(look.imagePath) : nullptr;
+}
+
+GLuint FrameEncoder::textureOf(const std::shared_ptr<const Photo>& photo) const
+{
+    return photo != nullptr ? photo->texture.name() : m_placeholder.name();
+}
+
+void FrameEncoder::begin()
+{
+    glBindVertexArray(m_vertexArray.name());
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_STENCIL_TEST);
+    glDisable(GL_SCISSOR_TEST);
+    glDisable(GL_CULL_FACE);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void FrameEncoder::end()
+{
+    setBlending(1.0F);
+    glUseProgram(0);
+    glBindVertexArray(0);
+    for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::ramp); ++unit)
+        glBindSampler(unit, 0);
+    glActiveTexture(GL_TEXTURE0);
+}
+
+void FrameEncoder::encode(const Frame& frame, const Target& target)
+{
+    const bool fading = frame.mix < 1.0F;
+    const std::shared_ptr<const Photo> current = photoOf(frame.current);
+    const std::shared_ptr<const Photo> previous = fading ? photoOf(frame.previous) : nullptr;
+    const UniformBlock block = makeUniforms(frame, sizeOf(previous), sizeOf(current), m_blocks);
+    begin();
+    if (fading)
+        drawPicture({block, Slot::previous, frame.previous, textureOf(previous)}, frame, target);
+    drawPicture({block, Slot::current, frame.current, textureOf(current)}, frame, target);
+    end();
+}
+
+const CellTextures* FrameEncoder::encodeField(const Frame& frame)
+{
+    const std::shared_ptr<const Photo> photo = photoOf(frame.current);
+    const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
+    const GridSize grid = fieldSize(frame.width, frame.height, cellSize(block, Slot::current));
+    begin();
+    const CellTextures* cells = drawField({block, Slot::current, frame.current, textureOf(photo)}, grid);
+    end();
+    return cells;
+}
+
+void FrameEncoder::prepare(const Look& look, float cell)
+{
+    if (look.dither == Dither::smooth)
+        m_programs.ramp();
+    if (cell <= 1.0F) {
+        m_programs.direct(look.pattern, look.dither);
+        return;
+    }
+    m_programs.field(look.pattern);
+    m_programs.inks(look.dither);
+    m_programs.composite(look.dither);
+}
+
+} // namespace tessel

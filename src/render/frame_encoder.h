@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "render/gl_objects.h"
+#include "render/photo_cache.h"
+#include "render/program_library.h"
+#include "render/uniforms.h"
+
+#include <map>
+
+namespace tessel {
+
+/// Which row of a target is its first: windows of OpenGL begin at the bottom, textures that are read back
+/// as pictures at the top.
+enum class RowOrder : std::uint8_t
+{
+    topFirst,
+    bottomFirst
+};
+
+/// What a frame is drawn into.
+struct Target
+{
+    GLuint framebuffer = 0;
+    RowOrder rows = RowOrder::topFirst;
+};
+
+/// The textures one look is worked out in before it is enlarged to the target.
+struct CellTextures
+{
+    GlTexture field;
+    GlTexture lower;
+    GlTexture upper;
+    GlFramebuffer fieldTarget;
+    GlFramebuffer lowerTarget;
+    GlFramebuffer inkTarget; ///< lower and upper together
+};
+
+/// The cell textures by size and slot; emptied whole when the 13th is asked for.
+class CellTextureCache
+{
+public:
+    /// The textures for a grid of this size and slot; nullptr if the driver has no room for them.
+    const CellTextures* find(GridSize size, Slot slot);
+
+private:
+    struct Key
+    {
+        int width;
+        int height;
+        Slot slot;
+        auto operator<=>(const Key&) const = default;
+    };
+    static constexpr std::size_t capacity = 12;
+    std::map<Key, CellTextures> m_entries;
+};
+
+/// Draws frames with whatever context is current: at first use with the programs and caches it needs, then
+/// without allocating anything as long as the looks and sizes stay. It must be made and destroyed with a
+/// context of the same share group current.
+class FrameEncoder
+{
+public:
+    explicit FrameEncoder(int longestScreen = 0);
+
+    /// Draws one frame into the target, over whatever was there, and leaves the context with no program,
+    /// vertex array or blending.
+    void encode(const Frame& frame, const Target& target);
+
+    /// Draws only the field of the frame's current look, its sliders applied: one half float for each cell,
+    /// first row on top. Returns where it is, nullptr if there is no room for it; valid until the next call.
+    const CellTextures* encodeField(const Frame& frame);
+
+    /// Builds what a frame of this look needs, so that drawing it does not have to wait for the driver.
+    void prepare(const Look& look, float cell);
+
+    [[nodiscard]] const PhotoCache& photos() const { return m_photos; }
+
+private:
+    struct Pass
+    {
+        const UniformBlock& block;
+        Slot slot;
+        const Look& look;
+        GLuint photo;
+    };
+
+    [[nodiscard]] std::shared_ptr<const Photo> photoOf(const Look& look);
+    [[nodiscard]] GLuint textureOf(const std::shared_ptr<const Photo>& photo) const;
+    void begin();
+    void end();
+    const CellTextures* drawField(const Pass& pass, GridSize grid);
+    void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
+              float extentY, RowOrder rows);
+    const CellTextures* drawCells(const Pass& pass, GridSize grid);
+    void drawRamp(const Pass& pass);
+    void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
+    void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);
+
+    ProgramLibrary m_programs;
+    CellTextureCache m_cells;
+    LookBlockCache m_blocks;
+    PhotoCache m_photos;
+    GlVertexArray m_vertexArray;
+    GlSampler m_linear;
+    GlTexture m_placeholder;
+    GlTexture m_blueNoise;
+    GlTexture m_glyphs;
+    GlTexture m_ramp;
+    GlFramebuffer m_rampTarget;
+};
+
+} // namespace tessel

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tessel {
+
+namespace {
+
+/// Patterns made of fine lines need every pixel when they are smooth; the later, softer ones do not.
+float smoothCellSize(Pattern pattern)
+{
+    return pattern <= Pattern::weave ? 1.0F : 2.0F;
+}
+
+} // namespace
+
+float cellSize(const Look& look, double width, double height, float reference)
+{
+    if (look.dither == Dither::smooth)
+        return smoothCellSize(look.pattern);
+    const auto longSide = static_cast<float>(std::max(width, height));
+    const float cell = std::max(std::round(look.pixel * longSide / reference), 1.0F);
+    if (look.dither != Dither::ascii)
+        return cell;
+    return std::max(std::round(cell * 1.6F), std::round(longSide * 9.0F / reference));
+}
+
+GridSize fieldSize(double width, double height, float cell)
+{
+    return {static_cast<int>(std::ceil(width / cell)), static_cast<int>(std::ceil(height / cell))};
+}
+
+float editorReference(double drawable, double screen, double scaleFactor)
+{
+    const double screenPixels = screen * scaleFactor;
+    if (!(screenPixels > 0) || !(drawable > 0))
+        return desktopReference;
+    return static_cast<float>(desktopReference * std::min(drawable / screenPixels, 1.0));
+}
+
+} // namespace tessel

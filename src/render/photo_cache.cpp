@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/photo_cache.h"
+
+#include "render/photo.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+/// \throws PhotoError if the driver has no room for it
+Photo upload(const QImage& image)
+{
+    // Rows of a QImage are padded to four bytes, those of a texture here are not.
+    std::vector<uchar> rows;
+    rows.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
+    for (int y = 0; y < image.height(); ++y)
+        rows.insert(rows.end(), image.constScanLine(y), image.constScanLine(y) + image.width());
+    Photo photo{makeTexture(maskFormat, image.width(), image.height(), rows.data()),
+                {static_cast<float>(image.width()), static_cast<float>(image.height()), true}};
+    if (!photo.texture)
+        throw PhotoError("it does not fit the graphics memory");
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 1000);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    // Zoomed out or rippled, the picture reaches past the photo's border.
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_MIRRORED_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_MIRRORED_REPEAT);
+    glGenerateMipmap(GL_TEXTURE_2D);
+    return photo;
+}
+
+} // namespace
+
+PhotoCache::PhotoCache(int longestScreen) : m_longestSide(longestPhotoSide(longestScreen))
+{
+    m_photos.reserve(capacity);
+}
+
+std::shared_ptr<const Photo> PhotoCache::find(const std::optional<std::string>& path)
+{
+    if (!path || m_failed.contains(*path))
+        return nullptr;
+    const auto found = std::ranges::find(m_photos, *path,
+                                         [](const auto& entry) -> const std::string& { return entry.first; });
+    if (found != m_photos.end())
+        return found->second;
+    try {
+        auto photo = std::make_shared<const Photo>(upload(readPhoto(*path, m_longestSide)));
+        if (m_photos.size() == capacity)
+            m_photos.erase(m_photos.begin());
+        return m_photos.emplace_back(*path, std::move(photo)).second;
+    } catch (const PhotoError& error) {
+        m_failed.emplace(*path, error.what());
+        return nullptr;
+    }
+}
+
+std::string PhotoCache::problem(const std::string& path) const
+{
+    const auto found = m_failed.find(path);
+    return found == m_failed.end() ? std::string() : found->second;
+}
+
+} // namespace tessel

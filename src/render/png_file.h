@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "render/picture.h"
+#include "render/png_encoder.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace tessel {
+
+/// A file that cannot be written or read. The message names it and says why, in words for people.
+class FileError : public std::runtime_error
+{
+public:
+    enum class Code : std::uint8_t
+    {
+        noPermission, ///< the folder cannot be written to, or the file may not be read
+        unknown,
+    };
+
+    FileError(Code errorCode, const std::string& message) : std::runtime_error(message), code(errorCode) {}
+
+    Code code;
+};
+
+/// Writes the picture as encodePng() encodes it. The file appears whole or not at all: until it is complete
+/// on the disk, an older file of that name stays what it was, also after an error. A link is followed to the
+/// file it means; a device or pipe is written into.
+/// \throws FileError, and what encodePng() throws
+void writePng(const Picture& picture, const std::optional<std::string>& lookJson,
+              const std::filesystem::path& path);
+
+/// The look text in a PNG file; none if it carries none. The whole file is checked, its picture aside.
+/// \throws FileError for a file that cannot be read, is no PNG, is cut off or damaged, or holds a text of
+/// more than maxLookText bytes
+[[nodiscard]] std::optional<std::string> readLookText(const std::filesystem::path& path);
+
+} // namespace tessel

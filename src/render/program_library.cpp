@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/program_library.h"
+
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+/// \throws std::logic_error with the driver's log: the sources travel with the program, so that a stage
+/// that does not compile is a fault of the installation.
+GlShader compile(GLenum stage, const std::string& source)
+{
+    GlShader shader(glCreateShader(stage));
+    const char* text = source.c_str();
+    glShaderSource(shader.name(), 1, &text, nullptr);
+    glCompileShader(shader.name());
+    GLint ok = GL_FALSE;
+    glGetShaderiv(shader.name(), GL_COMPILE_STATUS, &ok);
+    if (ok == GL_TRUE)
+        return shader;
+    std::array<char, 4096> log{};
+    glGetShaderInfoLog(shader.name(), static_cast<GLsizei>(log.size()), nullptr, log.data());
+    throw std::logic_error(std::string("a shader does not compile: ") + log.data());
+}
+
+void bindSamplers(GLuint program)
+{
+    static constexpr std::pair<const char*, TextureUnit> samplers[] = {
+        {"uField", TextureUnit::field}, {"uGlyphs", TextureUnit::glyphs},
+        {"uLower", TextureUnit::lower}, {"uUpper", TextureUnit::upper},
+        {"uPhoto", TextureUnit::photo}, {"uBlueNoise", TextureUnit::blueNoise},
+        {"uRamp", TextureUnit::ramp},
+    };
+    glUseProgram(program);
+    for (const auto& [name, unit] : samplers)
+        glUniform1i(glGetUniformLocation(program, name), static_cast<GLint>(unit));
+}
+
+Program build(const shaders::Source& source)
+{
+    Program program;
+    program.object = GlProgram(glCreateProgram());
+    const GLuint name = program.object.name();
+    const GlShader vertex = compile(GL_VERTEX_SHADER, source.vertex);
+    const GlShader fragment = compile(GL_FRAGMENT_SHADER, source.fragment);
+    glAttachShader(name, vertex.name());
+    glAttachShader(name, fragment.name());
+    glLinkProgram(name);
+    GLint ok = GL_FALSE;
+    glGetProgramiv(name, GL_LINK_STATUS, &ok);
+    if (ok != GL_TRUE) {
+        std::array<char, 4096> log{};
+        glGetProgramInfoLog(name, static_cast<GLsizei>(log.size()), nullptr, log.data());
+        throw std::logic_error(std::string("a shader program does not link: ") + log.data());
+    }
+    bindSamplers(name);
+    program.frame = glGetUniformLocation(name, "uFrame");
+    program.look = glGetUniformLocation(name, "uLook");
+    program.slot = glGetUniformLocation(name, "uSlot");
+    program.extent = glGetUniformLocation(name, "uExtent");
+    program.perCell = glGetUniformLocation(name, "uPerCell");
+    program.flip = glGetUniformLocation(name, "uFlip");
+    return program;
+}
+
+} // namespace
+
+ProgramLibrary::ProgramLibrary()
+    : m_dialect(epoxy_is_desktop_gl() ? shaders::Dialect::glsl330 : shaders::Dialect::glslEs300)
+{
+}
+
+template<typename MakeSource>
+const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
+{
+    const auto found = m_programs.find(key);
+    if (found != m_programs.end())
+        return found->second;
+    return m_programs.emplace(key, build(makeSource())).first->second;
+}
+
+const Program& ProgramLibrary::field(Pattern pattern)
+{
+    return find({Kind::field, pattern, {}}, [&] { return shaders::field(pattern, m_dialect); });
+}
+
+const Program& ProgramLibrary::inks(Dither dither)
+{
+    // The screen dithers differ only in how they choose between the inks, but for the characters.
+    const bool shared = shaders::kind(dither) == shaders::DitherKind::screen && dither != Dither::ascii;
+    const Dither representative = shared ? Dither::halftone : dither;
+    return find({Kind::inks, {}, representative}, [&] { return shaders::inks(representative, m_dialect); });
+}
+
+const Program& ProgramLibrary::ramp()
+{
+    return find({Kind::ramp, {}, {}}, [&] { return shaders::ramp(m_dialect); });
+}
+
+const Program& ProgramLibrary::composite(Dither dither)
+{
+    const bool shared = shaders::kind(dither) != shaders::DitherKind::screen;
+    const Dither representative = shared ? Dither::posterize : dither;
+    return find({Kind::composite, {}, representative},
+                [&] { return shaders::composite(representative, m_dialect); });
+}
+
+const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)
+{
+    return find({Kind::direct, pattern, dither}, [&] { return shaders::direct(pattern, dither, m_dialect); });
+}
+
+} // namespace tessel

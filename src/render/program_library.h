@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "render/gl_objects.h"
+#include "shaders/shaders.h"
+
+#include <compare>
+#include <map>
+
+namespace tessel {
+
+/// The texture units of the samplers, the same in every program.
+enum class TextureUnit : GLint
+{
+    field,
+    glyphs,
+    lower,
+    upper,
+    photo,
+    blueNoise,
+    ramp
+};
+
+/// A linked program and where its uniforms are; -1 for those it does not use.
+struct Program
+{
+    GlProgram object;
+    GLint frame = -1;
+    GLint look = -1;
+    GLint slot = -1;
+    GLint extent = -1;
+    GLint perCell = -1;
+    GLint flip = -1;
+};
+
+/// The specialised programs, each built when it is first asked for and kept.
+class ProgramLibrary
+{
+public:
+    ProgramLibrary();
+
+    const Program& field(Pattern pattern);
+    const Program& inks(Dither dither);
+    const Program& ramp();
+    const Program& composite(Dither dither);
+    const Program& direct(Pattern pattern, Dither dither);
+
+private:
+    enum class Kind : std::uint8_t
+    {
+        field,
+        inks,
+        ramp,
+        composite,
+        direct
+    };
+    struct Key
+    {
+        Kind kind;
+        Pattern pattern;
+        Dither dither;
+        auto operator<=>(const Key&) const = default;
+    };
+
+    template<typename MakeSource>
+    const Program& find(Key key, MakeSource makeSource);
+
+    shaders::Dialect m_dialect;
+    std::map<Key, Program> m_programs;
+};
+
+} // namespace tessel

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "render/frame_encoder.h"
+#include "render/picture.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace tessel {
+
+/// Milliseconds that the steps of a still have taken.
+struct StillTiming
+{
+    double shaders = 0;
+    double passes = 0;
+    double readBack = 0;
+};
+
+/// Draws one frame without any window and reads it back. None if the size is not positive or more than the
+/// GPU can draw at once.
+[[nodiscard]] std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame,
+                                                 StillTiming* timing = nullptr);
+
+/// The tone of every cell of a frame's current look, 0 to 1, first row on top.
+struct Field
+{
+    GridSize size;
+    std::vector<float> tones;
+};
+
+/// Draws the field of a frame's current look and reads it back. None if the GPU has no room for it.
+[[nodiscard]] std::optional<Field> renderField(FrameEncoder& encoder, const Frame& frame);
+
+/// The frames that show each look alone, at one size, as renderStill() draws them: one picture or none for
+/// each look, in order.
+[[nodiscard]] std::vector<std::optional<Picture>> renderStills(FrameEncoder& encoder,
+                                                               std::span<const Look> looks, int width,
+                                                               int height, double time, Edge edge);
+
+} // namespace tessel

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <chrono>
+
+namespace tessel {
+
+/// Measures the steps of a piece of work.
+class Stopwatch
+{
+public:
+    /// Milliseconds since the last lap, or since the making.
+    double lap()
+    {
+        const auto now = std::chrono::steady_clock::now();
+        const std::chrono::duration<double, std::milli> passed = now - m_start;
+        m_start = now;
+        return passed.count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+} // namespace tessel

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/look.h"
+#include "render/geometry.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace tessel {
+
+inline constexpr std::size_t frameHeaderLength = 14;
+inline constexpr std::size_t lookBlockLength = 28;
+
+/// What the shaders know of one look; the layout is documented in docs/rendering.md.
+using LookBlock = std::array<float, lookBlockLength>;
+
+/// All that the shaders are told: the frame header, the previous look's block, the current look's block.
+using UniformBlock = std::array<float, frameHeaderLength + 2 * lookBlockLength>;
+
+/// Which of the two looks of a frame is meant; the values are the order of the blocks.
+enum class Slot : std::uint8_t
+{
+    previous,
+    current
+};
+
+/// The pixel size of a photo that is shown; none is 1 x 1 and absent.
+struct PhotoSize
+{
+    float width = 1.0F;
+    float height = 1.0F;
+    bool present = false;
+};
+
+/// One frame to draw: the cross-fade of two looks on a target of `width` x `height` pixels.
+struct Frame
+{
+    const Look& previous;
+    const Look& current;
+    int width = 0;
+    int height = 0;
+    float mix = 1.0F;  ///< 0 shows `previous`, 1 shows `current`
+    double time = 0.0; ///< animation phase, 0 to 2000 pi
+    float reference = desktopReference;
+    Edge edge = Edge::left;
+};
+
+/// The block of one look.
+[[nodiscard]] LookBlock makeLookBlock(const Look& look);
+
+/// The blocks of the six looks seen last, first in first out.
+class LookBlockCache
+{
+public:
+    LookBlockCache();
+
+    /// The block of `look`, made if it is not among those kept; valid until the next call.
+    const LookBlock& block(const Look& look);
+
+private:
+    static constexpr std::size_t capacity = 6;
+    std::vector<std::pair<Look, LookBlock>> m_entries;
+};
+
+/// The whole block of a frame.
+[[nodiscard]] UniformBlock makeUniforms(const Frame& frame, PhotoSize previousPhoto, PhotoSize currentPhoto,
+                                        LookBlockCache& cache);
+
+/// The frame header and one look's block within the whole block.
+[[nodiscard]] std::span<const float, frameHeaderLength> frameHeader(const UniformBlock& block);
+[[nodiscard]] std::span<const float, lookBlockLength> lookBlock(const UniformBlock& block, Slot slot);
+
+/// The cell size of one of the two looks.
+[[nodiscard]] float cellSize(const UniformBlock& block, Slot slot);
+
+} // namespace tessel

@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Cells that have one colour each, enlarged to the target; the sampler decides whether they blend.
+
+uniform sampler2D uLower;
+in vec2 vPlace; // in texture coordinates
+
+vec3 shade(vec2 position) { return texture(uLower, vPlace).rgb; }

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Comic dots: flat tones, and between two of them one size of generous dots on a staggered screen.
+
+vec3 shade(vec2 position)
+{
+    Dot d = dotAt(position + 0.3, vec2(0.70710678, 0.70710678), 2.0);
+    Inks inks = inksAt(d.centre);
+    float flatOrDots = inks.share < 0.2 ? 0.0 : inks.share > 0.8 ? 1.0 : 0.5;
+    return discShare(length(d.offset)) < flatOrDots ? inks.upper : inks.lower;
+}

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// One cell of the ink textures.
+
+in vec2 vPosition;
+layout(location = 0) out vec4 outLower;
+layout(location = 1) out vec4 outUpper;
+
+void main()
+{
+    Inks inks = inksAt(vPosition);
+    outLower = vec4(inks.lower, inks.share);
+    outUpper = vec4(inks.upper, inks.share);
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A lattice of discs whose radii follow a slow field of waves: from pin-pricks to discs that touch.
+
+void prepare(inout vec4 k[8])
+{
+    k[0] = spin(0.13);
+    k[1] = vec4(seedOffset(0), seedOffset(1));
+    float turn = tau * seedRandom(4);
+    float size = 5.5 + 3.0 * seedRandom(5);
+    k[2] = vec4(cos(turn), sin(turn), size, seedRandom(6) < 0.5 ? 1.0 : 0.0);
+    vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
+    vec2 drop = (vec2(seedRandom(7), seedRandom(8)) - 0.5) * 1.6 * aspect;
+    k[3] = vec4(drop + 0.15 * loopCircle(0.09), 2.6 + 1.8 * seedRandom(9), loopAngle(0.3) + tau * seedRandom(10));
+    float wave = tau * seedRandom(11);
+    k[4] = vec4((1.8 + 0.9 * seedRandom(12)) * vec2(cos(wave), sin(wave)), loopAngle(0.23), 0.0);
+}
+
+float swell(vec2 p, vec4 k[8])
+{
+    vec2 bend = vec2(noise(p * 0.5 + k[1].xy, k[0]), noise(p * 0.5 + k[1].zw, k[0]));
+    p += 0.35 * lookWarp * bend;
+    float ring = sin(length(p - k[3].xy) * k[3].z - k[3].w);
+    float plane = sin(dot(p, k[4].xy) - k[4].z);
+    return 0.55 + 0.36 * (ring + 0.7 * plane);
+}
+
+float pattern(vec2 p, vec4 k[8])
+{
+    vec2 q = rotate(p, k[2].xy) * k[2].z;
+    // Square rows, or rows shifted by a half and closer together: a hexagonal lattice.
+    vec2 centre;
+    if (k[2].w > 0.5) {
+        vec2 pitch = vec2(1.0, 1.7320508);
+        vec2 even = pitch * floor(q / pitch + 0.5);
+        vec2 odd = pitch * (floor(q / pitch) + 0.5);
+        centre = dot(q - even, q - even) < dot(q - odd, q - odd) ? even : odd;
+    } else {
+        centre = floor(q) + 0.5;
+    }
+    vec2 middle = rotate(centre / k[2].z, vec2(k[2].x, -k[2].y));
+    float field = saturate(swell(middle, k));
+    float width = cellWidth() * k[2].z;
+    float radius = mix(0.05, 0.49, field);
+    float disc = inside(length(q - centre) - radius, max(width, 0.03));
+    float ground = 0.03 + 0.27 * saturate(swell(p, k));
+    return mix(ground, 0.5 + 0.5 * field, disc);
+}

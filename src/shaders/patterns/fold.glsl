@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Creased paper, as if the sheet had been folded five times and opened again: each fold mirrors the sheet on
+// one side of it, so later creases are reflected at earlier ones. Facets are flat and shaded by their tilt,
+// with a soft gradient across each, a thin shadow in every crease and a lit edge beside it.
+
+void prepare(inout vec4 k[8])
+{
+    // The creases: direction, place and tilt. Each fold goes through the middle of what the ones before it
+    // left, so that facets are of similar size all over the sheet.
+    vec2 sheet = frameSize / min(frameSize.x, frameSize.y);
+    vec2 middle = (vec2(seedRandom(41), seedRandom(42)) - 0.5) * 0.5;
+    float angle = tau * seedRandom(0);
+    float wild = min(0.25 + 0.5 * lookWarp, 1.0);
+    vec2 half_ = sheet;
+    for (int i = 0; i < 5; ++i) {
+        vec2 n = vec2(cos(angle), sin(angle));
+        float reach = dot(abs(n), half_);
+        vec2 through = middle + 0.3 * reach * (seedRandom(i + 8) - 0.5) * n;
+        float sway = 0.03 * sin(loopAngle(0.05 + 0.013 * float(i)) + tau * seedRandom(i + 20));
+        float tilt = (0.75 + 0.5 * seedRandom(i + 30)) * (seedRandom(i + 35) < 0.5 ? -1.0 : 1.0);
+        k[i] = vec4(n, dot(through, n) + sway, tilt);
+        middle -= 0.5 * reach * n;
+        half_ *= mix(vec2(1.0), vec2(0.5), abs(n));
+        angle += 0.5 * pi + wild * 1.5 * (seedRandom(i + 1) - 0.5);
+    }
+    k[5] = spin(0.05);
+    k[6] = vec4(seedOffset(21), 0.0, 0.0);
+    float light = tau * seedRandom(40) + 0.5 * sin(loopAngle(0.11));
+    // Zoomed far out the folds spread: they shrink less than the zoom says.
+    k[7] = vec4(cos(light), sin(light), sqrt(max(lookScale, 0.01)), 0.0);
+}
+
+float pattern(vec2 p, vec4 k[8])
+{
+    vec2 bend = vec2(noise(p * 0.5 + k[6].xy, k[5]), noise(p * 0.5 - k[6].yx, k[5]));
+    vec2 q = (p + min(0.03 * lookWarp * lookWarp, 0.2) * bend) * k[7].z;
+    mat2 mirror = mat2(1.0);
+    vec2 slope = vec2(0.0);
+    float soft = 0.0;
+    float shadow = 0.0;
+    float edge = 0.0;
+    float cell = cellWidth() * k[7].z;
+    for (int i = 0; i < 5; ++i) {
+        vec2 n = k[i].xy;
+        float d = dot(q, n) - k[i].z;
+        vec2 crease = mirror * n;
+        slope += k[i].w * clamp(d / cell, -1.0, 1.0) * crease;
+        float lit = dot(crease, k[7].xy) * k[i].w;
+        soft += lit * sign(d) * bell(d, 0.2);
+        shadow = max(shadow, stroke(d, max(0.005, 0.5 * cell), cell));
+        edge = max(edge, bell(abs(d) - 0.012, 0.014) * saturate(lit * sign(d)));
+        if (d > 0.0) {
+            q -= 2.0 * d * n;
+            mirror = mirror * (mat2(1.0) - 2.0 * mat2(n * n.x, n * n.y));
+        }
+    }
+    float tilt = 0.5 * dot(slope, k[7].xy) + 0.26 * soft;
+    float tone = 0.5 + 0.48 * tilt * inversesqrt(1.0 + tilt * tilt);
+    return mix(tone + 0.3 * edge, 0.25 * tone, 0.8 * shadow);
+}

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A brilliant-cut crystal that fills the frame: the crown's facets in front and, seen through them, the long
+// facets of the pavilion. Both are the lower envelope of rings of planes, as a cutter would grind them. Each
+// crown facet refracts the pavilion by an offset of its own, which breaks it into shards, and a shard's tone
+// is where the light goes that passes both facets: strongly different tones meet at every edge.
+
+void prepare(inout vec4 k[8])
+{
+    // The directions of the facets, 6 to 8 in a ring. A direction's length tells how deep its facets are cut:
+    // no two alike, the less so the more warp.
+    float count = 6.0 + floor(2.99 * seedRandom(0));
+    float uneven = min(0.02 + 0.05 * lookWarp, 0.2);
+    float start = tau * seedRandom(1);
+    for (int i = 0; i < 8; ++i) {
+        float angle = start + tau / count * (float(i) + 1.5 * uneven * (seedRandom(i + 10) - 0.5));
+        float depth = 1.0 + uneven * (seedRandom(i + 20) - 0.5);
+        // What is left of the eight has no slope, and facet() puts it out of reach.
+        k[i].xy = float(i) < count ? depth * vec2(cos(angle), sin(angle)) : vec2(0.0);
+    }
+    // The crystal lies off centre and is as oblong as the picture, only less so.
+    vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
+    k[0].zw = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
+    // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
+    k[1].zw = sqrt(max(lookScale, 0.01)) * inversesqrt(aspect);
+    float light = tau * seedRandom(4);
+    k[2].zw = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
+    // It rocks: the pavilion slides below the crown.
+    k[3].zw = 0.06 * loopCircle(0.1);
+    k[4].zw = vec2(tau * seedRandom(5) + loopAngle(0.1), 0.36 + 0.24 * seedRandom(6));
+    k[5].zw = vec2(cos(pi / count), sin(pi / count));
+    k[6].zw = vec2(0.018 * lookWarp * lookWarp, tau * seedRandom(7) + loopAngle(0.13));
+    k[7].zw = vec2(0.5 + 0.35 * seedRandom(8), 2.4 + 1.4 * seedRandom(9));
+}
+
+/// Keeps the lowest and the second lowest of the planes: xy the slope, z the height at q.
+void lower(vec2 slope, float height, vec2 q, inout vec3 lowest, inout vec3 second)
+{
+    vec3 plane = vec3(slope, height - dot(slope, q));
+    if (plane.z < lowest.z) {
+        second = lowest;
+        lowest = plane;
+    } else if (plane.z < second.z) {
+        second = plane;
+    }
+}
+
+/// The crown's facet at q and, in `next`, the one after it: the table, the stars round it, the kites that
+/// touch its corners, and the girdle's facets outside.
+vec3 crown(vec2 q, vec4 k[8], out vec3 next)
+{
+    float table = k[4].w;
+    float corner = table / k[5].z;
+    vec3 lowest = vec3(0.0);
+    next = vec3(0.0, 0.0, 64.0);
+    for (int i = 0; i < 8; ++i) {
+        vec2 d = k[i].xy;
+        vec2 between = rotate(d, k[5].zw);
+        float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
+        lower(0.5 * between, 0.5 * table + away, q, lowest, next);
+        lower(0.9 * d, 0.9 * corner + away, q, lowest, next);
+        lower(1.6 * between, 2.5 * table + away, q, lowest, next);
+    }
+    return lowest;
+}
+
+/// The same for the pavilion: long facets that meet in a point, and shorter ones between them.
+vec3 pavilion(vec2 q, vec4 k[8], out vec3 next)
+{
+    vec3 lowest = vec3(0.0, 0.0, 64.0);
+    next = lowest;
+    for (int i = 0; i < 8; ++i) {
+        vec2 d = k[i].xy;
+        float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
+        lower(d, away, q, lowest, next);
+        lower(1.25 * rotate(d, k[5].zw), 0.2 + away, q, lowest, next);
+    }
+    return lowest;
+}
+
+vec2 normalOf(vec2 slope) { return slope * inversesqrt(1.0 + dot(slope, slope)); }
+
+float pattern(vec2 p, vec4 k[8])
+{
+    vec2 q = (p + k[6].z * sin(2.3 * p.yx + k[6].w)) * k[1].zw - k[0].zw;
+    vec3 nextFront;
+    vec3 front = crown(q, k, nextFront);
+    vec2 normal = normalOf(front.xy);
+    // The pavilion, mirrored through the crystal and shifted by what the facet refracts.
+    vec3 nextBack;
+    vec3 back = pavilion(k[3].zw - 0.85 * (q - k[7].z * normal), k, nextBack);
+    vec2 light = k[2].zw;
+    vec2 spread = vec2(light.y, -light.x) * k[7].w + light;
+    float own = 2.2 * dot(normal, light) + k[4].z;
+    float cell = cellWidth() * k[1].z;
+    float apart = (nextBack.z - back.z) / max(length(nextBack.xy - back.xy), 1e-3);
+    float here = asin(0.98 * sin(own + dot(normalOf(back.xy), spread)));
+    float there = asin(0.98 * sin(own + dot(normalOf(nextBack.xy), spread)));
+    float tone = 0.46 + 0.28 * mix(there, here, 0.5 + 0.5 * saturate(apart / cell));
+    tone += 0.16 * dot(normal, light) + 0.06 * dot(q, light);
+    // The crown's edges: a hair line, sparkling where an edge lies across the light.
+    vec2 ridge = front.xy - nextFront.xy;
+    float steep = max(length(ridge), 1e-3);
+    float edge = (nextFront.z - front.z) / steep;
+    float sparkle = pow(abs(dot(ridge, light)) / steep, 12.0);
+    float line = stroke(edge, max(0.004, 0.5 * cell), cell);
+    tone = mix(tone, 0.6, 0.4 * line);
+    return tone + 0.7 * line * sparkle + 0.3 * sparkle * bell(edge, 0.022);
+}

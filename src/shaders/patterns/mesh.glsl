@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A calm mesh gradient: six drifting anchors of different tone, blended by distance. Large areas, no texture.
+
+void prepare(inout vec4 k[8])
+{
+    // Position, tone and reach of each anchor. They stand on a loose ring with one near the middle, so that
+    // no seed leaves half of the picture empty; dark and light take turns, so that every seed has both.
+    // Zoom spreads or gathers them less than it zooms, or a far view would show one small patch.
+    float gather = pow(max(lookScale, 0.01), 0.25);
+    vec2 reach = 0.82 * gather * halfExtent();
+    float ground = gather / max(lookScale, 0.01);
+    float start = seedRandom(20);
+    float turn = seedRandom(21) < 0.5 ? -1.0 : 1.0;
+    for (int i = 0; i < 6; ++i) {
+        float angle = turn * tau * (start + float(i) * 0.2 + 0.11 * seedRandom(i));
+        float away = i == 5 ? 0.2 : 0.62 + 0.38 * seedRandom(i + 6);
+        vec2 home = away * reach * vec2(cos(angle), sin(angle));
+        float rate = (i - (i / 2) * 2 == 0 ? 1.0 : -1.0) * (0.09 + 0.07 * seedRandom(i + 12));
+        vec2 drift = ground * loopCircle(rate) * (0.16 + 0.1 * seedRandom(i + 30));
+        float tone = i == 0 ? 0.0 : i == 1 ? 0.75 : i == 2 ? 0.2 : i == 3 ? 1.0 : 0.5;
+        k[i] = vec4(home + drift, tone, ground * (0.75 + 0.5 * seedRandom(i + 50)));
+    }
+    k[6] = spin(0.12);
+    k[7] = vec4(seedOffset(30), 0.0, 0.0);
+}
+
+float pattern(vec2 p, vec4 k[8])
+{
+    vec2 bend = vec2(noise(p * 0.55 + k[7].xy, k[6]), noise(p * 0.55 + k[7].yx + 31.0, k[6]));
+    p += 0.34 * lookWarp * bend;
+    float tones = 0.0;
+    float weights = 1e-4;
+    for (int i = 0; i < 6; ++i) {
+        vec2 d = (p - k[i].xy) / k[i].w;
+        // Steep enough that each anchor rules its own ground, smooth enough that no border shows.
+        float weight = exp(-1.9 * dot(d, d)) + 0.004;
+        tones += weight * k[i].z;
+        weights += weight;
+    }
+    return (tones / weights - 0.5) * 1.4 + 0.5;
+}

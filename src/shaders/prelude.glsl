@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What every shader is told: the frame header, the block of the one look it draws, and which of the two
+// looks of a cross-fade that is. The indices are those of render/uniforms.cpp.
+
+uniform float uFrame[14];
+uniform float uLook[28];
+uniform int uSlot; // 0 previous look, 1 current look
+
+#define frameSize vec2(uFrame[0], uFrame[1]) // target, in pixels
+#define frameTime uFrame[2]                  // animation phase, wraps at 2000 pi
+#define handleOnRight (uFrame[5] > 0.5)
+#define cellSize (uSlot == 0 ? uFrame[12] : uFrame[13]) // in target pixels
+
+#define lookLevels uLook[3]
+#define lookScale uLook[4]
+#define lookWarp uLook[5]
+#define lookContrast uLook[6]
+#define lookOffset uLook[7]
+#define lookGrain uLook[8]
+#define lookVignette uLook[9]
+#define lookInvert (uLook[10] > 0.5)
+#define lookSeed uLook[11]
+#define lookStopCount uLook[12]
+
+const float pi = 3.14159265358979;
+const float tau = 6.28318530717959;
+
+float saturate(float x) { return clamp(x, 0.0, 1.0); }
+vec2 saturate(vec2 x) { return clamp(x, 0.0, 1.0); }
+vec3 saturate(vec3 x) { return clamp(x, 0.0, 1.0); }
+
+/// The width of one cell in pattern coordinates: what an edge needs to be anti-aliased over.
+float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * max(lookScale, 0.01)); }
+
+/// Half the extent of the picture in pattern coordinates: the picture spans -halfExtent() to halfExtent().
+vec2 halfExtent() { return frameSize / (min(uFrame[0], uFrame[1]) * max(lookScale, 0.01)); }

@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shaders/shaders.h"
+
+#include <QFile>
+#include <QString>
+
+#include <array>
+#include <initializer_list>
+#include <stdexcept>
+
+// Resources of a static library are registered by a function of the global namespace.
+static void registerResources()
+{
+    Q_INIT_RESOURCE(shaders);
+}
+
+namespace tessel::shaders {
+
+namespace {
+
+std::string readFile(const std::string& name)
+{
+    static const bool registered = (registerResources(), true);
+    Q_UNUSED(registered);
+    QFile file(QString::fromStdString(":/shaders/" + name + ".glsl"));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::logic_error("the program lacks its shader " + name);
+    return file.readAll().toStdString();
+}
+
+std::string fileOf(Pattern pattern)
+{
+    std::string name(title(pattern));
+    name.front() = static_cast<char>(name.front() - 'A' + 'a');
+    return "patterns/" + name;
+}
+
+std::string fileOf(Dither dither)
+{
+    static constexpr std::array<const char*, ditherCount> names = {"smooth", "posterize", "bayer4", "bayer8",
+                                                                   "noise",  "halftone",  "lines",  "diamond",
+                                                                   "ascii",  "benday"};
+    return std::string("dithers/") + names.at(static_cast<std::size_t>(dither));
+}
+
+enum class Stage : std::uint8_t
+{
+    vertex,
+    fragment
+};
+
+/// Assembles one stage: dialect, switches, then the files in the order given.
+std::string assemble(Dialect dialect, Stage stage, std::string_view switches,
+                     std::initializer_list<std::string> files)
+{
+    std::string text = dialect == Dialect::glsl330
+                           ? "#version 330 core\n"
+                           : "#version 300 es\nprecision highp float;\nprecision highp int;\n"
+                             "precision highp sampler2D;\n";
+    // Both stages share the declarations of what is hoisted; only the direction differs.
+    text += stage == Stage::vertex ? "#define out_hoisted flat out\n" : "#define in_hoisted flat in\n";
+    text += "const float rampLength = " + std::to_string(rampLength) + ".0;\n";
+    text += switches;
+    for (const std::string& file : files)
+        text += readFile(file);
+    return text;
+}
+
+constexpr std::string_view patternSwitch = "#define HAS_PATTERN\n";
+constexpr std::string_view inkSwitch = "#define HAS_INKS\n";
+
+std::string inkSwitches(Dither dither)
+{
+    return std::string(inkSwitch) + (dither == Dither::ascii ? "#define GLYPH_INKS\n" : "");
+}
+
+} // namespace
+
+DitherKind kind(Dither dither)
+{
+    switch (dither) {
+    case Dither::smooth:
+        return DitherKind::continuous;
+    case Dither::posterize:
+    case Dither::bayer4:
+    case Dither::bayer8:
+    case Dither::noise:
+        return DitherKind::cell;
+    default:
+        return DitherKind::screen;
+    }
+}
+
+Source field(Pattern pattern, Dialect dialect)
+{
+    const std::string file = fileOf(pattern);
+    return {assemble(dialect, Stage::vertex, patternSwitch, {"prelude", "noise", "sdf", file, "vmain"}),
+            assemble(dialect, Stage::fragment, patternSwitch,
+                     {"prelude", "noise", "sdf", file, "tone", "ffield"})};
+}
+
+Source inks(Dither dither, Dialect dialect)
+{
+    const std::string switches = inkSwitches(dither);
+    std::string fragment =
+        kind(dither) == DitherKind::screen
+            ? assemble(dialect, Stage::fragment, switches,
+                       {"prelude", "ink_pair", "inks", "tone_fetch", "inks_compute", "finks"})
+            : assemble(dialect, Stage::fragment, switches,
+                       {"prelude", "ink_pair", "inks", "tone_fetch", "inks_compute", "bayer", fileOf(dither),
+                        "fmain"});
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "vmain"}), std::move(fragment)};
+}
+
+Source ramp(Dialect dialect)
+{
+    const std::string switches = std::string(inkSwitch) + "#define RAMP_INKS\n";
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
+            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp"})};
+}
+
+Source composite(Dither dither, Dialect dialect)
+{
+    if (kind(dither) != DitherKind::screen)
+        return {assemble(dialect, Stage::vertex, "#define HAS_PLACE\n", {"prelude", "vmain"}),
+                assemble(dialect, Stage::fragment, "", {"copy", "fmain"})};
+    const std::string switches = dither == Dither::ascii ? inkSwitches(dither) : std::string();
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "vmain"}),
+            assemble(dialect, Stage::fragment, switches,
+                     {"prelude", "ink_pair", "inks_fetch", "screen", fileOf(dither), "fmain"})};
+}
+
+Source direct(Pattern pattern, Dither dither, Dialect dialect)
+{
+    const std::string switches = std::string(patternSwitch) + inkSwitches(dither);
+    const std::string file = fileOf(pattern);
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "noise", "sdf", file, "vmain"}),
+            assemble(dialect, Stage::fragment, switches,
+                     {"prelude", "noise", "sdf", file, "tone", "ink_pair", "inks", "inks_compute", "bayer",
+                      "screen", fileOf(dither), "fmain"})};
+}
+
+} // namespace tessel::shaders

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/look.h"
+
+#include <string>
+#include <string_view>
+
+namespace tessel::shaders {
+
+/// The dialect that the sources are given to the driver in.
+enum class Dialect : std::uint8_t
+{
+    glsl330,
+    glslEs300
+};
+
+/// What a dither needs to know to decide on a pixel.
+enum class DitherKind : std::uint8_t
+{
+    continuous, ///< one colour per cell, blended between cell centres
+    cell,       ///< one ink per cell
+    screen,     ///< an ink per pixel, one of the two of its cell
+};
+[[nodiscard]] DitherKind kind(Dither dither);
+
+/// The two stages of one program.
+struct Source
+{
+    std::string vertex;
+    std::string fragment;
+};
+
+/// Texels of the ramp that a smooth look is coloured with.
+inline constexpr int rampLength = 512;
+
+/// Draws the tone of every cell into a field texture.
+[[nodiscard]] Source field(Pattern pattern, Dialect dialect);
+
+/// Draws the cells of a field into ink textures: the final colour of each cell, or for a screen dither its
+/// lower and upper ink and the share between them.
+[[nodiscard]] Source inks(Dither dither, Dialect dialect);
+
+/// Draws the ramp of a smooth look into a texture of rampLength x 1.
+[[nodiscard]] Source ramp(Dialect dialect);
+
+/// Draws the picture from what the passes above have left.
+[[nodiscard]] Source composite(Dither dither, Dialect dialect);
+
+/// Draws the picture without them, evaluating the pattern at every pixel: for cells of one pixel.
+[[nodiscard]] Source direct(Pattern pattern, Dither dither, Dialect dialect);
+
+} // namespace tessel::shaders

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "graphics.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<long> allocations = 0;
+long graphicsObjects = 0;
+
+/// Stands in for an OpenGL function that makes something, and counts its calls.
+template<auto& Function>
+struct Counted;
+
+template<typename Result, typename... Arguments, Result (*&Function)(Arguments...)>
+struct Counted<Function>
+{
+    static inline Result (*original)(Arguments...) = nullptr;
+    static Result call(Arguments... arguments)
+    {
+        ++graphicsObjects;
+        return original(arguments...);
+    }
+    static void install()
+    {
+        original = Function;
+        Function = call;
+    }
+    static void remove() { Function = original; }
+};
+
+} // namespace
+
+// Every C++ allocation of the test program is counted.
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    if (void* memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace tessel {
+namespace {
+
+class SteadyState : public Graphics
+{
+protected:
+    SteadyState()
+    {
+        // The loader looks a function up when it is first called; only then does it hold what it calls.
+        glDeleteShader(glCreateShader(GL_VERTEX_SHADER));
+        Counted<epoxy_glGenTextures>::install();
+        Counted<epoxy_glTexImage2D>::install();
+        Counted<epoxy_glGenFramebuffers>::install();
+        Counted<epoxy_glCreateShader>::install();
+    }
+    ~SteadyState() override
+    {
+        Counted<epoxy_glGenTextures>::remove();
+        Counted<epoxy_glTexImage2D>::remove();
+        Counted<epoxy_glGenFramebuffers>::remove();
+        Counted<epoxy_glCreateShader>::remove();
+    }
+
+    GlTexture texture = makeTexture(colorFormat, 320, 180);
+    GlFramebuffer framebuffer = makeFramebuffer(texture);
+
+    void play(const Look& from, const Look& to, int frames)
+    {
+        for (int i = 0; i < frames; ++i)
+            encoder.encode({.previous = from,
+                            .current = to,
+                            .width = 320,
+                            .height = 180,
+                            .mix = i % 2 == 0 ? 0.5F : 1.0F,
+                            .time = 0.1 * i},
+                           {framebuffer.name(), RowOrder::bottomFirst});
+        glFinish();
+    }
+};
+
+TEST_F(SteadyState, AllocatesNothingAfterTheFirstFrames)
+{
+    Look from = rampLook();
+    from.custom = {0x102030, 0xF0E0D0};
+    Look to;
+    to.imagePath = from.imagePath;
+    for (const Dither dither : allDithers()) {
+        from.dither = to.dither = dither;
+        play(from, to, 4);
+        const long before = allocations;
+        const long objectsBefore = graphicsObjects;
+        play(from, to, 20);
+        EXPECT_EQ(allocations - before, 0) << title(dither);
+        EXPECT_EQ(graphicsObjects - objectsBefore, 0) << title(dither);
+    }
+}
+
+TEST_F(SteadyState, TheCountNoticesAnAllocation)
+{
+    const long before = allocations;
+    delete new int(1); // NOLINT: what is counted
+    EXPECT_EQ(allocations - before, 1);
+    const long objectsBefore = graphicsObjects;
+    (void)makeTexture(colorFormat, 8, 8);
+    EXPECT_GE(graphicsObjects - objectsBefore, 2) << "a name and its storage";
+}
+
+} // namespace
+} // namespace tessel

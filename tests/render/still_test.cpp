@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "graphics.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace tessel {
+namespace {
+
+using Still = Graphics;
+
+TEST_F(Still, RefusesSizesTheGpuCannotDraw)
+{
+    const Look look;
+    for (const auto& [width, height] :
+         {std::pair{0, 100}, {100, 0}, {-5, 100}, {1'000'000, 100}, {100, 1'000'000}})
+        EXPECT_FALSE(
+            renderStill(encoder, {.previous = look, .current = look, .width = width, .height = height}))
+            << width << " x " << height;
+}
+
+TEST_F(Still, DrawsTheSmallestAndTheThinnestPictures)
+{
+    Look look;
+    for (const Dither dither : allDithers()) {
+        look.dither = dither;
+        EXPECT_EQ(draw(look, 1, 1).pixelCount(), 1U);
+        EXPECT_EQ(draw(look, 3000, 1).pixelCount(), 3000U);
+    }
+}
+
+TEST_F(Still, HasItsFirstRowOnTop)
+{
+    QImage photo(16, 16, QImage::Format_Grayscale8);
+    photo.fill(0);
+    for (int y = 0; y < 8; ++y)
+        std::fill_n(photo.scanLine(y), 16, uchar{255});
+    Look look = photoLook(photo);
+    look.custom = {0x000000, 0xFFFFFF};
+    for (const Dither dither : allDithers()) {
+        look.dither = dither;
+        const Picture picture = draw(look, 240, 240);
+        const auto lit = [&](int from) {
+            return std::count_if(picture.row(from).data(), picture.row(from + 100).data(),
+                                 [](std::uint32_t pixel) { return (pixel & 0xFFU) > 128; });
+        };
+        EXPECT_GT(lit(0), 4000) << title(dither);
+        EXPECT_LT(lit(140), 1000) << title(dither);
+    }
+}
+
+TEST_F(Still, IsRightFromTheFirstFrame)
+{
+    Look look;
+    look.pattern = Pattern::silk; // two pixels a cell when it is smooth
+    for (const Dither dither : allDithers()) {
+        look.dither = dither;
+        FrameEncoder fresh;
+        const Frame frame{.previous = look, .current = look, .width = 320, .height = 180};
+        const auto first = renderStill(fresh, frame);
+        const auto second = renderStill(fresh, frame);
+        EXPECT_TRUE(
+            std::equal(first->pixels.get(), first->pixels.get() + first->pixelCount(), second->pixels.get()))
+            << title(dither);
+    }
+}
+
+TEST_F(Still, IsTurnedOverForWindows)
+{
+    const Look look;
+    const GlTexture texture = makeTexture(colorFormat, 200, 150);
+    const GlFramebuffer framebuffer = makeFramebuffer(texture);
+    encoder.encode({.previous = look, .current = look, .width = 200, .height = 150},
+                   {framebuffer.name(), RowOrder::bottomFirst});
+    Picture turned(200, 150);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.name());
+    glReadPixels(0, 0, 200, 150, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, turned.pixels.get());
+    const Picture upright = draw(look, 200, 150);
+    for (int y = 0; y < 150; ++y)
+        EXPECT_TRUE(std::ranges::equal(turned.row(149 - y), upright.row(y))) << y;
+}
+
+TEST_F(Still, ComesRoundWithTheClock)
+{
+    const Look look;
+    const Picture start = draw(look, 320, 180, 0.0);
+    const Picture later = draw(look, 320, 180, 5.0);
+    const Picture round = draw(look, 320, 180, 2000.0 * std::numbers::pi);
+    const auto differing = [&](const Picture& other) {
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < start.pixelCount(); ++i)
+            count += start.pixels[i] != other.pixels[i] ? 1U : 0U;
+        return count;
+    };
+    EXPECT_GT(differing(later), start.pixelCount() / 20) << "it moves";
+    EXPECT_LT(differing(round), start.pixelCount() / 200) << "without a jump";
+}
+
+TEST_F(Still, BatchesGiveOnePictureForEachLook)
+{
+    std::vector<Look> looks(3);
+    looks[1].seed = 50;
+    looks[2].dither = Dither::smooth;
+    const auto pictures = renderStills(encoder, looks, 96, 64, 1.0, Edge::left);
+    ASSERT_EQ(pictures.size(), 3U);
+    for (std::size_t i = 0; i < looks.size(); ++i) {
+        const Picture alone = draw(looks[i], 96, 64, 1.0);
+        ASSERT_TRUE(pictures[i]);
+        EXPECT_TRUE(std::equal(alone.pixels.get(), alone.pixels.get() + alone.pixelCount(),
+                               pictures[i]->pixels.get()));
+    }
+    for (const auto& picture : renderStills(encoder, looks, 1'000'000, 64, 1.0, Edge::left))
+        EXPECT_FALSE(picture);
+}
+
+} // namespace
+} // namespace tessel

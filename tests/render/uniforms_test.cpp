@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/palette.h"
+#include "render/uniforms.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessel {
+namespace {
+
+using testing::ElementsAreArray;
+
+TEST(LookBlock, FollowsTheLayoutAndLeavesTheSpeedOut)
+{
+    Look look;
+    look.pattern = Pattern::neuro;
+    look.dither = Dither::benday;
+    look.pixel = 3;
+    look.levels = 7;
+    look.scale = 1.5F;
+    look.warp = 0.5F;
+    look.speed = 99;
+    look.contrast = 2;
+    look.offset = 0.25F;
+    look.grain = 0.1F;
+    look.vignette = 0.75F;
+    look.invert = true;
+    look.seed = 42;
+    look.custom = {0xFF0000, 0x00FF00, 0x0000FF};
+    const std::array<float, lookBlockLength> expected{35, 9,  3, 7, 1.5F, 0.5F, 2, 0.25F, 0.1F, 0.75F,
+                                                      1,  42, 3, 1, 0,    0,    0, 1,     0,    0,
+                                                      0,  1,  0, 0, 1,    0,    0, 1};
+    EXPECT_THAT(makeLookBlock(look), ElementsAreArray(expected));
+}
+
+TEST(LookBlock, CountsTheStopsThatAreDrawn)
+{
+    Look look;
+    look.custom = {0x336699};
+    LookBlock block = makeLookBlock(look);
+    EXPECT_EQ(block[12], 2.0F);
+    for (std::size_t i = 13; i < lookBlockLength; i += 3)
+        EXPECT_FLOAT_EQ(block[i], 0.2F);
+    look.custom = {1, 2, 3, 4, 5, 6, 7};
+    block = makeLookBlock(look);
+    EXPECT_EQ(block[12], 5.0F);
+    EXPECT_FLOAT_EQ(block[27], 5.0F / 255.0F);
+}
+
+TEST(Uniforms, HoldTheHeaderThenThePreviousThenTheCurrentLook)
+{
+    Look previous;
+    previous.dither = Dither::smooth;
+    Look current;
+    current.seed = 77;
+    LookBlockCache cache;
+    const UniformBlock block = makeUniforms({.previous = previous,
+                                             .current = current,
+                                             .width = 3024,
+                                             .height = 1964,
+                                             .mix = 0.25F,
+                                             .time = 1.5,
+                                             .edge = Edge::right},
+                                            {}, {640, 480, true}, cache);
+    const std::array<float, frameHeaderLength> header{3024, 1964, 1.5F, 0.25F, 1512, 1, 640,
+                                                      480,  1,    1,    1,     0,    1, 16};
+    EXPECT_THAT(frameHeader(block), ElementsAreArray(header));
+    EXPECT_THAT(lookBlock(block, Slot::previous), ElementsAreArray(makeLookBlock(previous)));
+    EXPECT_THAT(lookBlock(block, Slot::current), ElementsAreArray(makeLookBlock(current)));
+    EXPECT_EQ(cellSize(block, Slot::previous), 1.0F);
+    EXPECT_EQ(cellSize(block, Slot::current), 16.0F);
+}
+
+TEST(LookBlockCache, KeepsTheSixLooksSeenLast)
+{
+    LookBlockCache cache;
+    std::array<Look, 7> looks;
+    for (std::size_t i = 0; i < looks.size(); ++i)
+        looks[i].seed = static_cast<float>(i);
+    for (std::size_t i = 0; i < 6; ++i)
+        cache.block(looks[i]);
+    const LookBlock* second = &cache.block(looks[1]);
+    EXPECT_EQ(&cache.block(looks[1]), second) << "a hit moves nothing";
+    cache.block(looks[6]);
+    EXPECT_EQ(cache.block(looks[1])[11], 1.0F);
+    EXPECT_EQ(cache.block(looks[0])[11], 0.0F) << "the oldest was dropped and is made again";
+}
+
+} // namespace
+} // namespace tessel
