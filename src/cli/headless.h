@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/look.h"
+#include "render/frame_encoder.h"
+#include "render/headless_context.h"
+
+#include <QGuiApplication>
+
+namespace tessel::cli {
+
+/// What drawing without a display needs, in the order in which one depends on the other: Qt's fonts and
+/// picture formats on its offscreen platform, an OpenGL context, an encoder.
+class Headless
+{
+public:
+    /// \throws ContextError
+    Headless();
+
+    [[nodiscard]] FrameEncoder& encoder() { return m_encoder; }
+
+    /// Says on standard error when the photo of a look that was drawn cannot be shown.
+    void warnOfPhoto(const Look& look) const;
+
+private:
+    QGuiApplication m_application;
+    HeadlessContext m_context;
+    FrameEncoder m_encoder;
+};
+
+} // namespace tessel::cli

@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/pattern_check.h"
+
+#include "render/stopwatch.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <numbers>
+#include <numeric>
+#include <sstream>
+#include <stdexcept>
+
+namespace tessel::cli {
+
+namespace {
+
+constexpr double clockLength = 2000.0 * std::numbers::pi;
+constexpr double frameStep = 2.0 / 30.0;
+constexpr int blockColumns = 16;
+constexpr int blockRows = 9;
+
+/// Patterns of light on a dark ground keep to other limits of tone.
+bool isOnDark(Pattern pattern)
+{
+    switch (pattern) {
+    case Pattern::aurora:
+    case Pattern::sonar:
+    case Pattern::beams:
+    case Pattern::halo:
+    case Pattern::ribbon:
+    case Pattern::nova:
+    case Pattern::spotlight:
+    case Pattern::exposure:
+    case Pattern::planet:
+    case Pattern::orbit:
+    case Pattern::neuro:
+        return true;
+    default:
+        return false;
+    }
+}
+
+FieldRequest desktop(int seed, double time)
+{
+    return {.seed = seed, .width = 1512, .height = 851, .time = time};
+}
+
+std::array<double, 5> fifthsOf(const Field& field)
+{
+    std::array<double, 5> shares{};
+    for (const float tone : field.tones) {
+        if (std::isfinite(tone))
+            shares.at(static_cast<std::size_t>(std::clamp(tone * 5.0F, 0.0F, 4.0F))) +=
+                1.0 / static_cast<double>(field.tones.size());
+    }
+    return shares;
+}
+
+/// The change of every cell, ascending.
+std::vector<float> changes(const Field& before, const Field& after)
+{
+    std::vector<float> result(before.tones.size());
+    std::ranges::transform(before.tones, after.tones, result.begin(),
+                           [](float a, float b) { return std::abs(a - b); });
+    std::ranges::sort(result);
+    return result;
+}
+
+double mean(const std::vector<float>& values)
+{
+    return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+/// The mean tone of each of the 16 x 9 blocks of a picture.
+std::vector<double> blocksOf(const Field& field)
+{
+    std::vector<double> sums(blockColumns * blockRows);
+    std::vector<int> counts(sums.size());
+    auto tone = field.tones.begin();
+    for (int y = 0; y < field.size.height; ++y) {
+        for (int x = 0; x < field.size.width; ++x) {
+            const int row = y * blockRows / field.size.height;
+            const int column = x * blockColumns / field.size.width;
+            const auto block =
+                static_cast<std::size_t>(row) * blockColumns + static_cast<std::size_t>(column);
+            sums[block] += *tone++;
+            ++counts[block];
+        }
+    }
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] /= std::max(counts[i], 1);
+    return sums;
+}
+
+/// Pearson's correlation; 1 for two pictures without any variation.
+double correlation(const std::vector<double>& a, const std::vector<double>& b)
+{
+    const auto count = static_cast<double>(a.size());
+    const double meanA = std::accumulate(a.begin(), a.end(), 0.0) / count;
+    const double meanB = std::accumulate(b.begin(), b.end(), 0.0) / count;
+    double both = 0;
+    double squaresA = 0;
+    double squaresB = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        both += (a[i] - meanA) * (b[i] - meanB);
+        squaresA += (a[i] - meanA) * (a[i] - meanA);
+        squaresB += (b[i] - meanB) * (b[i] - meanB);
+    }
+    return squaresA * squaresB > 0 ? both / std::sqrt(squaresA * squaresB) : 1.0;
+}
+
+void measureTones(PatternMeasures& measures, const Field& field, int seeds)
+{
+    const std::array<double, 5> shares = fifthsOf(field);
+    for (std::size_t i = 0; i < shares.size(); ++i)
+        measures.fifths.at(i) += shares.at(i) / seeds;
+    measures.largestFifth = std::max(measures.largestFifth, *std::ranges::max_element(shares));
+    measures.leastDark = std::min(measures.leastDark, shares.front());
+    measures.mostDark = std::max(measures.mostDark, shares.front());
+    measures.leastBright = std::min(measures.leastBright, shares.back());
+    measures.nonFinite += std::ranges::count_if(field.tones, [](float tone) { return !std::isfinite(tone); });
+}
+
+void measureMotion(PatternMeasures& measures, const FieldSource& draw, int seed)
+{
+    for (const double time : {0.0, 21.0, 3000.0}) {
+        const std::vector<float> change =
+            changes(draw(desktop(seed, time)), draw(desktop(seed, time + frameStep)));
+        measures.frameChange = std::max(measures.frameChange, mean(change));
+        measures.cellChange = std::max(measures.cellChange,
+                                       static_cast<double>(change[change.size() - change.size() / 1000 - 1]));
+    }
+    const Field before = draw(desktop(seed, clockLength - frameStep / 2));
+    measures.wrapChange =
+        std::max(measures.wrapChange, mean(changes(before, draw(desktop(seed, frameStep / 2)))));
+}
+
+void measureAgreement(PatternMeasures& measures, const FieldSource& draw, int seed)
+{
+    const std::vector<double> middle = blocksOf(draw(desktop(seed, 0.0)));
+    const std::vector<double> small = blocksOf(draw({.seed = seed, .width = 192, .height = 108}));
+    const std::vector<double> large = blocksOf(draw({.seed = seed, .width = 3024, .height = 1701}));
+    measures.agreement =
+        std::min({measures.agreement, correlation(middle, small), correlation(middle, large)});
+}
+
+/// Collects the sentences of the limits that do not hold.
+class Limits
+{
+public:
+    void require(bool holds, const std::string& what, double value, const std::string& limit)
+    {
+        if (holds)
+            return;
+        std::ostringstream text;
+        text << what << " is " << std::setprecision(3) << value << ", " << limit;
+        broken.push_back(text.str());
+    }
+
+    std::vector<std::string> broken;
+};
+
+} // namespace
+
+PatternMeasures measure(const FieldSource& draw, int seeds)
+{
+    PatternMeasures measures;
+    std::vector<Field> fields;
+    fields.reserve(static_cast<std::size_t>(seeds));
+    Stopwatch watch;
+    for (int seed = 0; seed < seeds; ++seed)
+        fields.push_back(draw(desktop(seed, 0.0)));
+    measures.nanoseconds =
+        watch.lap() * 1e6 / (static_cast<double>(seeds) * static_cast<double>(fields.front().tones.size()));
+    for (const Field& field : fields)
+        measureTones(measures, field, seeds);
+    for (std::size_t a = 0; a < fields.size(); ++a) {
+        for (std::size_t b = a + 1; b < fields.size(); ++b)
+            measures.seedDistance = std::min(measures.seedDistance, mean(changes(fields[a], fields[b])));
+    }
+    for (int seed = 0; seed < seeds; ++seed) {
+        measureMotion(measures, draw, seed);
+        measureAgreement(measures, draw, seed);
+    }
+    return measures;
+}
+
+std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& measures)
+{
+    Limits limits;
+    limits.require(measures.nonFinite == 0, "the number of cells that are no number",
+                   static_cast<double>(measures.nonFinite), "none is allowed");
+    limits.require(measures.agreement >= 0.95, "the agreement between resolutions", measures.agreement,
+                   "at least 0.95 is wanted");
+    limits.require(measures.cellChange <= 0.5, "the change of the liveliest cells from frame to frame",
+                   measures.cellChange, "at most 0.5 is allowed");
+    limits.require(measures.frameChange <= 0.03, "the mean change from frame to frame", measures.frameChange,
+                   "at most 0.03 is allowed");
+    limits.require(measures.wrapChange <= 1.5 * measures.frameChange + 0.001,
+                   "the change where the clock wraps", measures.wrapChange,
+                   "at most one and a half times the largest other is allowed");
+    // A photo has the tones it has, shows the same for every seed and need not move.
+    if (pattern == Pattern::image)
+        return limits.broken;
+    limits.require(measures.frameChange >= 0.0002, "the mean change from frame to frame",
+                   measures.frameChange, "at least 0.0002 is wanted, or nothing seems to move");
+    limits.require(measures.seedDistance >= 0.05, "the distance of the two nearest seeds",
+                   measures.seedDistance, "at least 0.05 is wanted");
+    if (isOnDark(pattern)) {
+        limits.require(measures.leastDark >= 0.45, "the least share of the darkest fifth", measures.leastDark,
+                       "at least 0.45 is wanted of light on dark");
+        limits.require(measures.mostDark <= 0.75, "the largest share of the darkest fifth", measures.mostDark,
+                       "at most 0.75 is wanted of light on dark");
+    } else {
+        limits.require(measures.largestFifth <= 0.7, "the largest share of one fifth", measures.largestFifth,
+                       "at most 0.7 is wanted");
+        limits.require(measures.leastDark >= 0.005, "the least share of the darkest fifth",
+                       measures.leastDark, "at least 0.005 is wanted");
+    }
+    limits.require(measures.leastBright >= 0.005, "the least share of the brightest fifth",
+                   measures.leastBright, "at least 0.005 is wanted");
+    return limits.broken;
+}
+
+FieldSource patternSource(FrameEncoder& encoder, Pattern pattern)
+{
+    return [&encoder, pattern](const FieldRequest& request) {
+        Look look;
+        look.pattern = pattern;
+        look.seed = static_cast<float>(request.seed);
+        look.contrast = 1.0F;
+        look.grain = 0.0F;
+        look.vignette = 0.0F;
+        std::optional<Field> field = renderField(encoder, {.previous = look,
+                                                           .current = look,
+                                                           .width = request.width,
+                                                           .height = request.height,
+                                                           .time = request.time});
+        if (!field)
+            throw std::runtime_error("the field of " + std::string(title(pattern)) + " could not be drawn");
+        return std::move(*field);
+    };
+}
+
+} // namespace tessel::cli

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/look.h"
+#include "render/still.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tessel::cli {
+
+/// What one field is drawn of.
+struct FieldRequest
+{
+    int seed = 0;
+    int width = 0; ///< of the target, in pixels; the cells are those of a pixel of 8 points
+    int height = 0;
+    double time = 0.0;
+};
+using FieldSource = std::function<Field(const FieldRequest&)>;
+
+/// How a pattern behaves over a number of seeds. Shares and changes are of 1.
+struct PatternMeasures
+{
+    std::array<double, 5> fifths{}; ///< share of the area in each fifth of the range, mean over the seeds
+    double largestFifth = 0;        ///< the largest share of any fifth in any seed
+    double leastDark = 1;           ///< the smallest and largest share of the lowest fifth in any seed
+    double mostDark = 0;
+    double leastBright = 1;  ///< the smallest share of the highest fifth in any seed
+    double seedDistance = 1; ///< mean difference of the two seeds that are nearest to each other
+    double frameChange = 0;  ///< largest mean change from frame to frame, at 30 frames a second and speed 2
+    double cellChange = 0;   ///< the same of the thousandth of the cells that change most
+    double wrapChange = 0;   ///< mean change over the frame in which the clock wraps
+    double agreement = 1;   ///< least correlation between 192, 1512 and 3024 pixels, in blocks of the picture
+    long nonFinite = 0;     ///< cells that are no number
+    double nanoseconds = 0; ///< wall time per cell
+};
+
+/// Draws what is needed and measures it.
+[[nodiscard]] PatternMeasures measure(const FieldSource& draw, int seeds);
+
+/// What is wrong with a pattern that measures so, one sentence for each limit it breaks.
+[[nodiscard]] std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& measures);
+
+/// The field of a pattern with its sliders in their first position and its tone untouched.
+[[nodiscard]] FieldSource patternSource(FrameEncoder& encoder, Pattern pattern);
+
+} // namespace tessel::cli

@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/pattern_check.h"
+#include "render/graphics.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <ostream>
+
+namespace tessel {
+
+void PrintTo(Pattern pattern, std::ostream* out)
+{
+    *out << title(pattern);
+}
+
+namespace cli {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class EveryPattern : public Graphics, public testing::WithParamInterface<Pattern>
+{
+};
+
+TEST_P(EveryPattern, KeepsItsLimits)
+{
+    const PatternMeasures measures = measure(patternSource(encoder, GetParam()), 16);
+    EXPECT_THAT(complaints(GetParam(), measures), IsEmpty());
+}
+
+/// The corners of the sliders' ranges: nowhere is the picture blank, of one tone, or no picture at all.
+TEST_P(EveryPattern, ShowsSomethingAtEverySliderLimit)
+{
+    for (const float scale : {0.3F, 1.0F, 3.0F}) {
+        for (const float warp : {0.0F, 1.0F, 3.0F}) {
+            for (const auto& [width, height] : {std::pair{192, 192}, {660, 1434}, {1920, 1080}}) {
+                Look look;
+                look.pattern = GetParam();
+                look.scale = scale;
+                look.warp = warp;
+                look.contrast = 1.0F;
+                look.vignette = look.grain = 0.0F;
+                const auto field = renderField(
+                    encoder,
+                    {.previous = look, .current = look, .width = width, .height = height, .time = 7.0});
+                ASSERT_TRUE(field);
+                EXPECT_TRUE(
+                    std::ranges::all_of(field->tones, [](float tone) { return tone >= 0 && tone <= 1; }));
+                const auto [least, most] = std::ranges::minmax(field->tones);
+                EXPECT_GT(most - least, 0.25F) << "scale " << scale << ", warp " << warp << ", " << width;
+            }
+        }
+    }
+}
+
+TEST_P(EveryPattern, MirrorsOrNotWithTheHandle)
+{
+    Look look;
+    look.pattern = GetParam();
+    look.vignette = look.grain = 0.0F;
+    const auto drawAt = [&](Edge edge) {
+        return renderField(encoder,
+                           {.previous = look, .current = look, .width = 1280, .height = 720, .edge = edge});
+    };
+    const auto left = drawAt(Edge::left);
+    const auto right = drawAt(Edge::right);
+    double same = 0;
+    double mirrored = 0;
+    const auto columns = static_cast<std::size_t>(left->size.width);
+    for (std::size_t i = 0; i < left->tones.size(); ++i) {
+        const std::size_t column = i % columns;
+        same += std::abs(left->tones[i] - right->tones[i]);
+        mirrored += std::abs(left->tones[i] - right->tones[i - column + (columns - 1 - column)]);
+    }
+    // The last column of cells may be cut, so that a mirrored field is not the same to the last bit.
+    EXPECT_LT(std::min(same, mirrored) / static_cast<double>(left->tones.size()), 0.02);
+}
+
+std::string patternName(const testing::TestParamInfo<Pattern>& info)
+{
+    return std::string(title(info.param));
+}
+
+INSTANTIATE_TEST_SUITE_P(Patterns, EveryPattern, testing::ValuesIn(allPatterns()), patternName);
+
+/// Stands in for a pattern: a ramp that drifts with the seed and the time, and keeps every limit.
+Field goodField(const FieldRequest& request)
+{
+    Field field{{189, 107}, {}};
+    for (int i = 0; i < 189 * 107; ++i) {
+        const double x = (i % 189) / 189.0 + 0.37 * request.seed + 0.05 * std::sin(request.time);
+        field.tones.push_back(static_cast<float>(std::abs(2.0 * (x - std::floor(x)) - 1.0)));
+    }
+    return field;
+}
+
+std::vector<std::string> complaintsAbout(const std::function<void(Field&, const FieldRequest&)>& spoil,
+                                         Pattern pattern = Pattern::flow)
+{
+    const FieldSource source = [&](const FieldRequest& request) {
+        Field field = goodField(request);
+        spoil(field, request);
+        return field;
+    };
+    return complaints(pattern, measure(source, 3));
+}
+
+TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
+{
+    EXPECT_THAT(complaintsAbout([](Field&, const FieldRequest&) {}), IsEmpty());
+
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest&) {
+                    field.tones[5] = std::numeric_limits<float>::quiet_NaN();
+                }),
+                Contains(HasSubstr("cells that are no number is 3")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    if (request.width == 192)
+                        std::ranges::reverse(field.tones);
+                }),
+                ElementsAre(HasSubstr("agreement between resolutions")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    std::fill_n(field.tones.begin(), 100, std::fmod(request.time, 0.1) < 0.05 ? 0.0F : 1.0F);
+                }),
+                Contains(HasSubstr("change of the liveliest cells")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    for (float& tone : field.tones)
+                        tone = 0.5F + 0.5F * (tone - 0.5F) +
+                               static_cast<float>(0.2 * std::sin(9.0 * request.time));
+                }),
+                Contains(HasSubstr("mean change from frame to frame")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    for (float& tone : field.tones)
+                        tone *= request.time > 6000 ? 0.9F : 1.0F;
+                }),
+                ElementsAre(HasSubstr("where the clock wraps")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field = goodField({.seed = request.seed});
+                }),
+                ElementsAre(HasSubstr("nothing seems to move")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field = goodField({.time = request.time});
+                }),
+                ElementsAre(HasSubstr("two nearest seeds")));
+}
+
+TEST(PatternCheck, HoldsLightOnDarkToItsOwnTones)
+{
+    const auto darken = [](float share) {
+        return [share](Field& field, const FieldRequest&) {
+            for (float& tone : field.tones)
+                tone = std::max(0.0F, (tone - share) / (1.0F - share));
+        };
+    };
+    EXPECT_THAT(complaintsAbout(darken(0.5F), Pattern::halo), IsEmpty());
+    EXPECT_THAT(complaintsAbout(darken(0.2F), Pattern::halo),
+                ElementsAre(HasSubstr("least share of the darkest")));
+    EXPECT_THAT(complaintsAbout(darken(0.8F), Pattern::halo),
+                Contains(HasSubstr("largest share of the darkest")));
+    EXPECT_THAT(complaintsAbout(darken(0.8F)), ElementsAre(HasSubstr("largest share of one fifth")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest&) {
+                    for (float& tone : field.tones)
+                        tone = 0.75F * tone;
+                }),
+                ElementsAre(HasSubstr("least share of the brightest")));
+}
+
+} // namespace
+} // namespace cli
+} // namespace tessel

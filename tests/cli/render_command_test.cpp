@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tool.h"
+
+#include <QImage>
+#include <gmock/gmock.h>
+
+namespace tessel {
+namespace {
+
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+class RenderCommand : public Tool
+{
+protected:
+    QImage load(const std::string& name) { return QImage(QString::fromStdString(path(name))); }
+};
+
+TEST_F(RenderCommand, WritesAnIndexedPictureThatHoldsItsLook)
+{
+    const Outcome outcome = run(
+        {"render", R"({"seed":5,"imagePath":"/ä.jpg"})", "--size", "640x360", "--out", "a.png", "--timing"});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.out, "a.png\n");
+    EXPECT_THAT(outcome.error,
+                ContainsRegex("context .* ms, shaders .* ms, passes .* ms, read-back .* ms, encode"));
+    const QImage picture = load("a.png");
+    EXPECT_EQ(picture.size(), QSize(640, 360));
+    EXPECT_LE(picture.colorCount(), 8);
+    EXPECT_GT(picture.colorCount(), 1);
+    EXPECT_THAT(run({"read", "a.png"}).out, HasSubstr(R"("imagePath":"/ä.jpg")"));
+}
+
+TEST_F(RenderCommand, IsReproducibleAndNamesItsFileAfterTheLook)
+{
+    ASSERT_EQ(run({"render", "--size", "320x180"}).out, "Flow Ember 320x180.png\n");
+    const Outcome piped = run({"render", "--size", "320x180", "--out", "-"});
+    EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(piped.out)), load("Flow Ember 320x180.png"));
+}
+
+TEST_F(RenderCommand, DrawsFadesTimesAndReferences)
+{
+    const auto picture = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> arguments{"render", "--size", "160x90", "--out", "-"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+        return QImage::fromData(QByteArray::fromStdString(outcome.out)).convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage plain = picture({});
+    EXPECT_NE(picture({"--time", "40"}), plain);
+    EXPECT_NE(picture({"--reference", "300"}), plain);
+    EXPECT_EQ(picture({"--previous", R"({"seed":9})", "--mix", "1"}), plain);
+    EXPECT_EQ(picture({"--previous", R"({"seed":9})", "--mix", "0"}), picture({R"({"seed":9})"}));
+    EXPECT_NE(picture({"--previous", R"({"seed":9})", "--mix", "0.5"}), plain);
+}
+
+TEST_F(RenderCommand, DrawsContactSheets)
+{
+    ASSERT_EQ(run({"sheet", "dithers", "--tile", "96x54", "--out", "d.png"}).exitCode, 0);
+    EXPECT_GT(load("d.png").width(), 3 * 96);
+    ASSERT_EQ(run({"sheet", "shuffles", "--count", "3", "--tile", "96x54", "--random-seed", "4"}).out,
+              "shuffles.png\n");
+    EXPECT_TRUE(!load("shuffles.png").isNull());
+}
+
+} // namespace
+} // namespace tessel
