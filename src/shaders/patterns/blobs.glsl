@@ -9,7 +9,7 @@ void prepare(inout vec4 k[8])
 {
     // Two balls in each vector. Zoom spreads or gathers them less than it zooms, so that they fill the frame.
     float gather = pow(max(lookScale, 0.01), 0.2);
-    float unit_ = gather / max(lookScale, 0.01);
+    float ball = gather / max(lookScale, 0.01);
     vec2 reach = gather * halfExtent();
     float start = seedRandom(40);
     float wide = 0.85 + 0.25 * seedRandom(43);
@@ -18,7 +18,7 @@ void prepare(inout vec4 k[8])
         float away = wide * sqrt((float(i) + 0.4) / 12.0);
         vec2 home = away * reach * vec2(cos(angle), sin(angle));
         float rate = (0.1 + 0.1 * seedRandom(i + 12)) * (seedRandom(i + 24) < 0.5 ? -1.0 : 1.0);
-        vec2 place = home + (0.12 + 0.16 * seedRandom(i + 50)) * unit_ * loopCircle(rate);
+        vec2 place = home + (0.12 + 0.16 * seedRandom(i + 50)) * ball * loopCircle(rate);
         if (i - (i / 2) * 2 == 0)
             k[i / 2].xy = place;
         else
@@ -26,7 +26,7 @@ void prepare(inout vec4 k[8])
     }
     k[6] = spin(0.1);
     float light = tau * (0.1 + 0.3 * seedRandom(41));
-    k[7] = vec4(cos(light), sin(light), unit_, 100.0 * seedRandom(42));
+    k[7] = vec4(cos(light), sin(light), ball, 100.0 * seedRandom(42));
 }
 
 float pattern(vec2 p, vec4 k[8])

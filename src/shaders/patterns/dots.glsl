@@ -12,18 +12,22 @@ void prepare(inout vec4 k[8])
     k[2] = vec4(cos(turn), sin(turn), size, seedRandom(6) < 0.5 ? 1.0 : 0.0);
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     vec2 drop = (vec2(seedRandom(7), seedRandom(8)) - 0.5) * 1.6 * aspect;
-    k[3] = vec4(drop + 0.15 * loopCircle(0.09), 2.6 + 1.8 * seedRandom(9), loopAngle(0.3) + tau * seedRandom(10));
+    float phase = loopAngle(0.3) + tau * seedRandom(10);
+    k[3] = vec4(drop + 0.15 * loopCircle(0.09), 2.6 + 1.8 * seedRandom(9), phase);
     float wave = tau * seedRandom(11);
-    k[4] = vec4((1.8 + 0.9 * seedRandom(12)) * vec2(cos(wave), sin(wave)), loopAngle(0.23), 0.0);
+    vec2 along = (1.8 + 0.9 * seedRandom(12)) * vec2(cos(wave), sin(wave));
+    k[4] = vec4(along, loopAngle(0.23), sqrt(max(lookScale, 0.01)));
 }
 
 float swell(vec2 p, vec4 k[8])
 {
+    // Zoom brings the dots nearer more than the waves, so that near views have crests and troughs too.
+    p *= k[4].w;
     vec2 bend = vec2(noise(p * 0.5 + k[1].xy, k[0]), noise(p * 0.5 + k[1].zw, k[0]));
     p += 0.35 * lookWarp * bend;
     float ring = sin(length(p - k[3].xy) * k[3].z - k[3].w);
     float plane = sin(dot(p, k[4].xy) - k[4].z);
-    return 0.55 + 0.36 * (ring + 0.7 * plane);
+    return 0.58 + 0.38 * (ring + 0.7 * plane);
 }
 
 float pattern(vec2 p, vec4 k[8])
@@ -44,6 +48,6 @@ float pattern(vec2 p, vec4 k[8])
     float width = cellWidth() * k[2].z;
     float radius = mix(0.05, 0.49, field);
     float disc = inside(length(q - centre) - radius, max(width, 0.03));
-    float ground = 0.03 + 0.27 * saturate(swell(p, k));
+    float ground = 0.03 + 0.32 * saturate(swell(p, k));
     return mix(ground, 0.5 + 0.5 * field, disc);
 }

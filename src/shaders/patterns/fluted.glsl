@@ -36,7 +36,7 @@ float behind(vec2 p, vec4 k[8])
     vec2 fromLamp = (q - k[1].xy) / k[1].z;
     float away = length(fromLamp);
     float soft = 0.1 / k[1].z;
-    float lamp = smoothstep(1.0 + soft, 1.0 - soft, away) * smoothstep(k[1].w - soft, k[1].w + soft, away);
+    float lamp = smoothstep(-soft, soft, 1.0 - away) * smoothstep(-soft, soft, away - k[1].w);
     float glow = bell(length(q - k[2].xy) / k[2].z, 1.1);
     float shade = bell(length(q - k[3].xy) / k[3].z, 1.0);
     float sky = 0.34 + k[5].z * q.y + 0.35 * glow;

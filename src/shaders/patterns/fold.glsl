@@ -13,16 +13,16 @@ void prepare(inout vec4 k[8])
     vec2 middle = (vec2(seedRandom(41), seedRandom(42)) - 0.5) * 0.5;
     float angle = tau * seedRandom(0);
     float wild = min(0.25 + 0.5 * lookWarp, 1.0);
-    vec2 half_ = sheet;
+    vec2 halfSheet = sheet;
     for (int i = 0; i < 5; ++i) {
         vec2 n = vec2(cos(angle), sin(angle));
-        float reach = dot(abs(n), half_);
+        float reach = dot(abs(n), halfSheet);
         vec2 through = middle + 0.3 * reach * (seedRandom(i + 8) - 0.5) * n;
         float sway = 0.03 * sin(loopAngle(0.05 + 0.013 * float(i)) + tau * seedRandom(i + 20));
         float tilt = (0.75 + 0.5 * seedRandom(i + 30)) * (seedRandom(i + 35) < 0.5 ? -1.0 : 1.0);
         k[i] = vec4(n, dot(through, n) + sway, tilt);
         middle -= 0.5 * reach * n;
-        half_ *= mix(vec2(1.0), vec2(0.5), abs(n));
+        halfSheet *= mix(vec2(1.0), vec2(0.5), abs(n));
         angle += 0.5 * pi + wild * 1.5 * (seedRandom(i + 1) - 0.5);
     }
     k[5] = spin(0.05);

@@ -16,7 +16,7 @@ void prepare(inout vec4 k[8])
     for (int i = 0; i < 8; ++i) {
         float angle = start + tau / count * (float(i) + 1.5 * uneven * (seedRandom(i + 10) - 0.5));
         float depth = 1.0 + uneven * (seedRandom(i + 20) - 0.5);
-        // What is left of the eight has no slope, and facet() puts it out of reach.
+        // What is left of the eight has no slope, and crown() and pavilion() put it out of reach.
         k[i].xy = float(i) < count ? depth * vec2(cos(angle), sin(angle)) : vec2(0.0);
     }
     // The crystal lies off centre and is as oblong as the picture, only less so.

@@ -7,7 +7,7 @@
 
 void prepare(inout vec4 k[8])
 {
-    k[0] = spin(0.09);
+    k[0] = spin(0.06);
     k[1] = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(6);
     float size = 0.55 + 0.2 * seedRandom(7);
@@ -16,7 +16,7 @@ void prepare(inout vec4 k[8])
     k[3] = vec4(cos(studio), sin(studio), 0.1 + 0.2 * (seedRandom(10) - 0.5), 0.3 + 0.2 * seedRandom(11));
     // The last third of the warp bends little more, or the lobes would fray.
     k[5] = vec4(lookWarp * (0.28 - 0.028 * lookWarp), 0.06 + 0.012 * lookWarp, 0.0, 0.0);
-    k[4] = vec4(0.3 * loopCircle(0.05), 0.3 * loopCircle(-0.037));
+    k[4] = vec4(0.3 * loopCircle(0.041), 0.3 * loopCircle(-0.03));
 }
 
 float strip(float x, float from, float to, float soft)
@@ -36,7 +36,7 @@ float pattern(vec2 p, vec4 k[8])
     float side = dot(normal, vec2(-k[3].y, k[3].x));
     float ray = dot(normal, k[3].xy) + 0.2 * side * side + k[3].z;
     float soft = max(k[5].y, 3.0 * cellWidth());
-    float floorTone = 0.03 + 0.34 * smoothstep(-0.05, -0.95, ray);
+    float floorTone = 0.03 + 0.34 * smoothstep(0.05, 0.95, -ray);
     float wall = mix(0.92, 0.34, smoothstep(0.0, k[3].w + 0.1, ray));
     float tone = mix(floorTone, wall, smoothstep(-soft, soft, ray));
     tone += 0.3 * smoothstep(k[3].w + 0.3, 1.0, ray);

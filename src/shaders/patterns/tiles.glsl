@@ -16,7 +16,8 @@ void prepare(inout vec4 k[8])
     float light = pi * (0.5 + 0.5 * (seedRandom(8) - 0.5)) - turn;
     k[3] = vec4(cos(light), sin(light), 0.08 + 0.2 * seedRandom(9), 0.18 + 0.3 * seedRandom(13));
     float wave = tau * seedRandom(10);
-    k[4] = vec4((1.3 + 0.9 * seedRandom(14)) * vec2(cos(wave), sin(wave)), loopAngle(0.35), tau * seedRandom(11));
+    vec2 along = (1.3 + 0.9 * seedRandom(14)) * vec2(cos(wave), sin(wave));
+    k[4] = vec4(along, loopAngle(0.35), tau * seedRandom(11));
 }
 
 float pattern(vec2 p, vec4 k[8])
