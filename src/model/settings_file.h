@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace tessel {
+
+/// What a setting can be set to; bytes hold JSON or other text in UTF-8.
+using SettingValue = std::variant<bool, qint64, QByteArray>;
+using SettingValues = std::map<std::string, SettingValue>;
+
+/// The settings that a file holds, and what is wrong with the file as a whole.
+struct StoredSettings
+{
+    std::map<std::string, QVariant> values; ///< those in no group, as QSettings reads them
+    std::optional<QString> problem;
+};
+
+/// The user's own settings: "Tessel Broth/Tessel Broth.conf" below the configuration home.
+[[nodiscard]] QString defaultSettingsFile();
+
+/// Reads a settings file, an INI file as QSettings knows it. One that is missing holds nothing; of a damaged
+/// one as much is read as can be.
+[[nodiscard]] StoredSettings readSettings(const QString& path);
+
+/// The text of a settings file with new values for some keys, which consist of letters and digits. All else
+/// stays byte for byte, settings that nobody can read included.
+[[nodiscard]] QByteArray withSettings(QByteArrayView text, const SettingValues& changes);
+
+/// Puts new values into a settings file, at once and whole or not at all: as long as the new file is not on
+/// disk, the old one stays.
+/// \return why it could not be done, nothing on success
+[[nodiscard]] std::optional<QString> writeSettings(const QString& path, const SettingValues& changes);
+
+} // namespace tessel

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/settings_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <random>
+#include <sys/resource.h>
+
+namespace tessel {
+namespace {
+
+using testing::HasSubstr;
+
+class SettingsFile : public testing::Test
+{
+protected:
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+
+    [[nodiscard]] QString path(const char* name = "broth.conf") const
+    {
+        return m_folder.filePath(QString::fromLatin1(name));
+    }
+
+    static void put(const QString& path, const QByteArray& text)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(text), text.size());
+    }
+
+    static QByteArray textOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(SettingsFile, GivesBackEveryByte)
+{
+    QByteArray bytes;
+    for (int value = 0; value < 256; ++value) {
+        bytes.append(static_cast<char>(value)).append('f').append(static_cast<char>(value));
+    }
+    ASSERT_EQ(writeSettings(path("a/b/broth.conf"), {{"bytes", bytes}, {"flag", true}, {"number", -5}}),
+              std::nullopt);
+    const StoredSettings stored = readSettings(path("a/b/broth.conf"));
+    EXPECT_EQ(stored.problem, std::nullopt);
+    EXPECT_EQ(stored.values.at("bytes"), bytes);
+    EXPECT_EQ(stored.values.at("flag").toString(), QStringLiteral("true"));
+    EXPECT_EQ(stored.values.at("number").toString(), QStringLiteral("-5"));
+    EXPECT_EQ(stored.values.size(), 3);
+}
+
+TEST_F(SettingsFile, ChangesNothingButTheKeysGiven)
+{
+    EXPECT_EQ(withSettings("", {{"k", 1}}), "[General]\nk=1\n");
+    EXPECT_EQ(withSettings("[window]\nk=2\n", {{"k", 1}}), "[General]\nk=1\n[window]\nk=2\n");
+    EXPECT_EQ(withSettings("; note\n[General]\n a = x \nk=2 ; old\nz=@Invalid(\n", {{"k", 1}}),
+              "; note\n[General]\n a = x \nk=1\nz=@Invalid(\n");
+    EXPECT_EQ(withSettings("k=2\n[other]\nk=3\n[ general ]\nk=4", {{"k", 1}}),
+              "k=1\n[other]\nk=3\n[ general ]\n");
+    EXPECT_EQ(withSettings("\xEF\xBB\xBF"
+                           "a=1",
+                           {{"k", 1}}),
+              "\xEF\xBB\xBF"
+              "[General]\nk=1\na=1");
+    // The value of `a` goes to the end of the file: behind it the new key would be a part of it.
+    EXPECT_EQ(withSettings("[General]\na=\"cut sh\nb=2\n", {{"k", 1}}), "[General]\nk=1\na=\"cut sh\nb=2\n");
+    EXPECT_EQ(withSettings("[General]", {{"k", 1}}), "[General]\nk=1\n[General]");
+    EXPECT_EQ(withSettings("[General]\\\n", {{"k", 1}}), "[General]\nk=1\n[General]\\\n");
+}
+
+/// All settings of a file; without keys that QSettings lists but takes for others when asked for them.
+std::map<QString, QVariant> allValues(const QString& path)
+{
+    const QSettings file(path, QSettings::IniFormat);
+    std::map<QString, QVariant> values;
+    for (const QString& key : file.allKeys()) {
+        if (!QStringLiteral("/%1/").arg(key).contains(QStringLiteral("//"))) {
+            values[key] = file.value(key);
+        }
+    }
+    return values;
+}
+
+TEST_F(SettingsFile, AgreesWithQSettingsOnWhatIsWhere)
+{
+    // Whatever the text, the next reader sees the new values and everything else as it was.
+    std::mt19937 engine(20260101);
+    const QByteArray pieces[] = {"a",  "b",  "=", "=",           "\n",       "\n",    "\r",
+                                 "\"", "\\", ";", "[",           "]",        " ",     "[x]\n",
+                                 "1",  ",",  "@", "[General]\n", "[General", "k=2\n", "\\\r\n"};
+    const QString key = QStringLiteral("k");
+    const QString bytesKey = QStringLiteral("a");
+    const QByteArray bytes = "\"x\";\n";
+    std::uniform_int_distribution<std::size_t> piece(0, std::size(pieces) - 1);
+    std::uniform_int_distribution<int> length(0, 25);
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray text;
+        for (int left = length(engine); left > 0; --left) {
+            text += pieces[piece(engine)];
+        }
+        // Files of their own each time: QSettings remembers what it has read under a name.
+        const QString before = path((std::to_string(round) + ".before").c_str());
+        const QString after = path((std::to_string(round) + ".after").c_str());
+        put(before, text);
+        put(after, withSettings(text, {{"k", 71}, {"a", bytes}}));
+        auto expected = allValues(before);
+        auto actual = allValues(after);
+        ASSERT_EQ(actual[key].toString(), QStringLiteral("71")) << text.toStdString();
+        ASSERT_EQ(actual[bytesKey], bytes) << text.toStdString();
+        expected[key] = actual[key];
+        expected[bytesKey] = actual[bytesKey];
+        ASSERT_EQ(actual, expected) << text.toStdString();
+        QFile::remove(before);
+        QFile::remove(after);
+    }
+}
+
+TEST_F(SettingsFile, ReadsWhatItCanOfADamagedFile)
+{
+    put(path(), QByteArray("[General]\nmotion=false\n\0\0\0garbage\nedge=1\n", 41));
+    const StoredSettings stored = readSettings(path());
+    EXPECT_EQ(stored.values.at("motion").toString(), QStringLiteral("false"));
+    EXPECT_EQ(stored.values.at("edge").toString(), QStringLiteral("1"));
+    ASSERT_TRUE(stored.problem);
+    EXPECT_THAT(stored.problem->toStdString(), HasSubstr(path().toStdString()));
+
+    EXPECT_TRUE(readSettings(path("missing")).values.empty());
+    EXPECT_FALSE(readSettings(path("missing")).problem);
+    ASSERT_TRUE(QDir().mkpath(path("folder")));
+    EXPECT_TRUE(readSettings(path("folder")).problem);
+    EXPECT_TRUE(writeSettings(path("folder"), {{"k", 1}}));
+}
+
+/// As if the disk had room for so many bytes in each file and no more.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limited{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+TEST_F(SettingsFile, StaysAsItWasWhenTheDiskIsFull)
+{
+    const QByteArray before = "[General]\nedge=1\npresets=" + QByteArray(400, 'p') + "\n";
+    put(path(), before);
+    for (const rlim_t room : {0U, 1U, 200U, 450U}) {
+        std::optional<QString> failure;
+        {
+            const FileSizeLimit limit(room);
+            failure = writeSettings(path(), {{"look", QByteArray(1000, 'l')}});
+        }
+        ASSERT_TRUE(failure) << room;
+        EXPECT_THAT(failure->toStdString(), HasSubstr(folder().toStdString())) << room;
+        EXPECT_EQ(textOf(path()), before) << room;
+    }
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden),
+              QStringList(QStringLiteral("broth.conf")));
+    EXPECT_EQ(writeSettings(path(), {{"edge", 0}}), std::nullopt);
+    EXPECT_EQ(textOf(path()), QByteArray(before).replace("edge=1", "edge=0"));
+}
+
+TEST_F(SettingsFile, FollowsALink)
+{
+    put(path("elsewhere"), "k=2\n");
+    ASSERT_TRUE(QFile::link(path("elsewhere"), path()));
+    EXPECT_EQ(writeSettings(path(), {{"k", 1}}), std::nullopt);
+    EXPECT_EQ(textOf(path("elsewhere")), "k=1\n");
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+}
+
+} // namespace
+} // namespace tessel

@@ -1,0 +1,695 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/look_json.h"
+#include "model/palette.h"
+#include "model/store.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
+
+Look lookWithSeed(int seed)
+{
+    Look look;
+    look.seed = static_cast<float>(seed);
+    return look;
+}
+
+Preset presetNamed(const std::string& name)
+{
+    return {"6F9619FF-8B86-D011-B42D-00C04FC964FF", name, lookWithSeed(3), true};
+}
+
+/// The names of a store's signals, in the order in which they come.
+class SignalLog
+{
+public:
+    explicit SignalLog(Store& store)
+    {
+        note(store, &Store::lookChanged, "look");
+        note(store, &Store::previousChanged, "previous");
+        note(store, &Store::transitionStartChanged, "transitionStart");
+        note(store, &Store::historyChanged, "history");
+        note(store, &Store::desktopChanged, "desktop");
+        note(store, &Store::desktopHistoryChanged, "desktopHistory");
+        note(store, &Store::desktopPreviousChanged, "desktopPrevious");
+        note(store, &Store::desktopTransitionStartChanged, "desktopTransitionStart");
+        note(store, &Store::motionChanged, "motion");
+        note(store, &Store::appliedMotionChanged, "appliedMotion");
+        note(store, &Store::customPalettesChanged, "customPalettes");
+        note(store, &Store::presetsChanged, "presets");
+        note(store, &Store::shuffleMinutesChanged, "shuffleMinutes");
+        note(store, &Store::edgeChanged, "edge");
+        note(store, &Store::handleHiddenChanged, "handleHidden");
+        note(store, &Store::draftStopsChanged, "draftStops");
+        note(store, &Store::draftStopsIndexChanged, "draftStopsIndex");
+        note(store, &Store::stopsBeforeEditChanged, "stopsBeforeEdit");
+        note(store, &Store::changed, "changed");
+        note(store, &Store::savingResumed, "savingResumed");
+        QObject::connect(&store, &Store::applied, &m_receiver, [this](ContinueFromEditor continuing) {
+            m_names.emplace_back(continuing == ContinueFromEditor::yes ? "applied, continuing" : "applied");
+        });
+        QObject::connect(&store, &Store::refused, &m_receiver, [this](const QString& message) {
+            m_names.push_back("refused: " + message.toStdString());
+        });
+        QObject::connect(&store, &Store::savingFailed, &m_receiver, [this](const QString& message) {
+            m_names.push_back("savingFailed: " + message.toStdString());
+        });
+    }
+
+    /// What came since the last time.
+    std::vector<std::string> take() { return std::exchange(m_names, {}); }
+
+private:
+    void note(Store& store, void (Store::*signal)(), const char* name)
+    {
+        QObject::connect(&store, signal, &m_receiver, [this, name] { m_names.emplace_back(name); });
+    }
+
+    QObject m_receiver;
+    std::vector<std::string> m_names;
+};
+
+class StoreTest : public testing::Test
+{
+protected:
+    std::unique_ptr<Store> makeStore() { return std::make_unique<Store>(environment); }
+
+    [[nodiscard]] QString path() const { return environment.settingsFile; }
+
+    [[nodiscard]] QByteArray fileText() const
+    {
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void putFile(const QByteArray& text) const
+    {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path()).path()));
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(text), text.size());
+    }
+
+    [[nodiscard]] std::optional<Look> savedLook(const char* key) const
+    {
+        const StoredSettings stored = readSettings(path());
+        const auto value = stored.values.find(key);
+        return value == stored.values.end()
+                   ? std::nullopt
+                   : std::optional(decodeLook(value->second.toByteArray().toStdString()));
+    }
+
+    static void wait(std::chrono::milliseconds duration)
+    {
+        const auto start = Clock::now();
+        while (Clock::now() - start < duration) {
+            QCoreApplication::processEvents();
+            QThread::msleep(1);
+        }
+    }
+
+    template<typename Condition>
+    static bool waitUntil(Condition condition)
+    {
+        const auto start = Clock::now();
+        while (!condition() && Clock::now() - start < 10s) {
+            QCoreApplication::processEvents();
+            QThread::msleep(1);
+        }
+        return condition();
+    }
+
+    static bool isIdle(const Store& store)
+    {
+        const auto timers = store.findChildren<QTimer*>();
+        EXPECT_FALSE(timers.isEmpty());
+        return std::ranges::none_of(timers, &QTimer::isActive);
+    }
+
+    QTemporaryDir folder;
+    double now = 100.0;
+    StoreEnvironment environment{
+        .settingsFile = folder.filePath(QStringLiteral("config/broth.conf")),
+        .mediaTime = [this] { return now; },
+        .random = seededSource(1),
+        .lookDelay = 400ms,
+        .retryInterval = 30s,
+    };
+
+private:
+    int m_argumentCount = 1;
+    char m_name[6] = "tests";
+    char* m_arguments[2] = {m_name, nullptr};
+    QCoreApplication m_application{m_argumentCount, m_arguments};
+};
+
+TEST_F(StoreTest, StartsWithDefaultsAndWritesNothing)
+{
+    const auto store = makeStore();
+    EXPECT_EQ(store->look(), Look());
+    EXPECT_EQ(store->previous(), Look());
+    EXPECT_EQ(store->transitionStart(), -10.0);
+    EXPECT_THAT(store->history(), IsEmpty());
+    EXPECT_EQ(store->desktop(), std::nullopt);
+    EXPECT_EQ(store->desktopPrevious(), std::nullopt);
+    EXPECT_EQ(store->desktopTransitionStart(), -10.0);
+    EXPECT_THAT(store->desktopHistory(), IsEmpty());
+    EXPECT_TRUE(store->motion());
+    EXPECT_FALSE(store->appliedMotion());
+    EXPECT_THAT(store->customPalettes(), IsEmpty());
+    EXPECT_THAT(store->presets(), IsEmpty());
+    EXPECT_EQ(store->shuffleMinutes(), 0);
+    EXPECT_EQ(store->edge(), Edge::left);
+    EXPECT_FALSE(store->handleHidden());
+    EXPECT_FALSE(store->draftStops() || store->draftStopsIndex() || store->stopsBeforeEdit());
+    EXPECT_FALSE(store->isOnDesktop());
+    EXPECT_THAT(store->problems(), IsEmpty());
+    EXPECT_TRUE(isIdle(*store));
+    EXPECT_TRUE(store->saveNow());
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(StoreTest, KeepsItsSettingsInTheConfigurationHome)
+{
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    EXPECT_EQ(StoreEnvironment().settingsFile,
+              folder.filePath(QStringLiteral("Tessel Broth/Tessel Broth.conf")));
+    before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
+}
+
+TEST_F(StoreTest, LoadsWhatAnotherSaved)
+{
+    Look photo = lookWithSeed(7);
+    photo.imagePath = "/photos/ünïcode \"quoted\" \\ 湯.jpg";
+    photo.custom = {{0x000000, 0xFFFFFF}};
+    const std::vector<Preset> presets{presetNamed("Tea, \n strong; = 100%"), presetNamed("日本")};
+    {
+        const auto store = makeStore();
+        store->setMotion(false);
+        store->applyToDesktop(lookWithSeed(5), RecordHistory::yes, true, ContinueFromEditor::no);
+        store->applyToDesktop(photo, RecordHistory::yes, true, ContinueFromEditor::no);
+        store->setCustomPalettes({{1, 2}, {}, {0xFFFFFF}});
+        store->setPresets(presets);
+        store->setShuffleMinutes(1440);
+        store->setEdge(Edge::right);
+        store->setHandleHidden(true);
+        store->setLook(lookWithSeed(9));
+        EXPECT_TRUE(store->saveNow());
+    }
+    const auto store = makeStore();
+    EXPECT_EQ(store->look(), lookWithSeed(9));
+    EXPECT_EQ(store->previous(), lookWithSeed(9));
+    EXPECT_EQ(store->transitionStart(), -10.0);
+    EXPECT_EQ(store->desktop(), photo);
+    EXPECT_EQ(store->desktopPrevious(), photo);
+    EXPECT_EQ(store->desktopTransitionStart(), -10.0);
+    EXPECT_THAT(store->desktopHistory(), ElementsAre(lookWithSeed(5)));
+    EXPECT_FALSE(store->motion());
+    EXPECT_TRUE(store->appliedMotion());
+    EXPECT_THAT(store->customPalettes(),
+                ElementsAre(std::vector<Color>{1, 2}, IsEmpty(), std::vector<Color>{0xFFFFFF}));
+    EXPECT_EQ(store->presets(), presets);
+    EXPECT_EQ(store->shuffleMinutes(), 1440);
+    EXPECT_EQ(store->edge(), Edge::right);
+    EXPECT_TRUE(store->handleHidden());
+    EXPECT_THAT(store->problems(), IsEmpty());
+}
+
+TEST_F(StoreTest, WrongValuesAreReportedAndStayUntilChanged)
+{
+    const QByteArray damaged = "[General]\n"
+                               "appliedMotion=yes\n"
+                               "customPalettes=[[1, 2], [3]]\n"
+                               "desktop=@ByteArray({\\\"pattern\\\":99})\n"
+                               "desktopHistory=@Variant(\\0\\0zz)\n"
+                               "edge=2\n"
+                               "handleHidden=\n"
+                               "line of nothing\n"
+                               "look=\"@ByteArray({\\\"seed\\\":\\xff})\"\n"
+                               "motion=0\n"
+                               "presets=@Foo([{\n"
+                               "shuffleMinutes=6e1\n"
+                               "unknown=kept\n";
+    putFile(damaged);
+    const auto store = makeStore();
+    std::vector<std::string> keys;
+    for (const SettingProblem& problem : store->problems()) {
+        keys.push_back(problem.key.toStdString());
+        EXPECT_FALSE(problem.message.isEmpty());
+    }
+    EXPECT_THAT(keys, ElementsAre("", "look", "desktop", "motion", "appliedMotion", "customPalettes",
+                                  "desktopHistory", "presets", "shuffleMinutes", "handleHidden"));
+    EXPECT_THAT(store->problems().at(2).message.toStdString(), HasSubstr("\"pattern\" holds 99"));
+    EXPECT_EQ(store->problems().at(3).message, QStringLiteral("holds \"0\"; true or false is expected"));
+    EXPECT_EQ(store->problems().at(5).message,
+              QStringLiteral("holds \"[[1, 2], [3]]\"; JSON text in quotes is expected"));
+    EXPECT_EQ(store->look(), Look());
+    EXPECT_EQ(store->desktop(), std::nullopt);
+    EXPECT_TRUE(store->motion());
+    EXPECT_FALSE(store->appliedMotion());
+    EXPECT_EQ(store->edge(), Edge::left);
+    EXPECT_THAT(store->presets(), IsEmpty());
+
+    // What equals the initial value changes nothing either.
+    store->setPresets({});
+    store->setMotion(true);
+    store->setLook(Look());
+    EXPECT_TRUE(store->saveNow());
+    EXPECT_EQ(fileText(), damaged);
+
+    store->setMotion(false);
+    QByteArray expected = damaged;
+    expected.replace("motion=0", "motion=false");
+    EXPECT_EQ(fileText(), expected);
+    store->setPresets({presetNamed("Tea")});
+    EXPECT_TRUE(fileText().startsWith(expected.first(expected.indexOf("presets="))));
+    EXPECT_TRUE(fileText().endsWith("\nshuffleMinutes=6e1\nunknown=kept\n"));
+    EXPECT_THAT(makeStore()->presets(), ElementsAre(presetNamed("Tea")));
+}
+
+TEST_F(StoreTest, ChangingTheLookFadesFromTheOldOne)
+{
+    const auto store = makeStore();
+    SignalLog log(*store);
+    store->changeLook(Look());
+    EXPECT_THAT(log.take(), IsEmpty());
+    EXPECT_EQ(store->transitionStart(), -10.0);
+
+    store->changeLook(lookWithSeed(1));
+    EXPECT_THAT(log.take(), ElementsAre("history", "transitionStart", "look", "changed"));
+    EXPECT_EQ(store->look(), lookWithSeed(1));
+    EXPECT_EQ(store->previous(), Look());
+    EXPECT_EQ(store->transitionStart(), 100.0);
+    EXPECT_THAT(store->history(), ElementsAre(Look()));
+
+    now = 101.0;
+    // An argument from within the store itself.
+    store->changeLook(store->history().front());
+    EXPECT_THAT(log.take(), ElementsAre("history", "previous", "transitionStart", "look", "changed"));
+    EXPECT_EQ(store->previous(), lookWithSeed(1));
+    EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1)));
+
+    for (int seed = 100; seed < 145; ++seed) {
+        store->changeLook(lookWithSeed(seed));
+    }
+    EXPECT_EQ(store->history().size(), 40);
+    EXPECT_EQ(store->history().front(), lookWithSeed(104));
+    EXPECT_EQ(store->history().back(), lookWithSeed(143));
+}
+
+TEST_F(StoreTest, UndoWalksBackWithoutRecording)
+{
+    const auto store = makeStore();
+    store->changeLook(lookWithSeed(1));
+    store->changeLook(lookWithSeed(2));
+    SignalLog log(*store);
+    now = 102.0;
+    store->undo();
+    EXPECT_THAT(log.take(), ElementsAre("history", "previous", "transitionStart", "look", "changed"));
+    EXPECT_EQ(store->look(), lookWithSeed(1));
+    EXPECT_EQ(store->previous(), lookWithSeed(2));
+    EXPECT_EQ(store->transitionStart(), 102.0);
+    store->undo();
+    EXPECT_EQ(store->look(), Look());
+    log.take();
+    store->undo();
+    EXPECT_THAT(log.take(), IsEmpty());
+}
+
+TEST_F(StoreTest, AnEqualLookIsStoredSilently)
+{
+    const auto store = makeStore();
+    SignalLog log(*store);
+    Look negativeZero;
+    negativeZero.offset = -0.0F;
+    store->setLook(negativeZero);
+    EXPECT_THAT(log.take(), IsEmpty());
+    EXPECT_TRUE(store->saveNow());
+    EXPECT_TRUE(std::signbit(makeStore()->look().offset));
+    EXPECT_TRUE(isIdle(*store));
+    store->setLook(negativeZero);
+    EXPECT_TRUE(isIdle(*store));
+}
+
+TEST_F(StoreTest, ABurstOfChangesIsSavedOnceAfterTheLast)
+{
+    const auto store = makeStore();
+    SignalLog log(*store);
+    store->setMotion(false);
+    EXPECT_FALSE(savedLook("look"));
+    auto lastChange = Clock::now();
+    for (int seed = 1; seed <= 20; ++seed) {
+        store->setLook(lookWithSeed(seed));
+        lastChange = Clock::now();
+        wait(15ms);
+        ASSERT_FALSE(savedLook("look")) << "after change " << seed;
+    }
+    // Another setting is saved at once and does not take the look along.
+    store->setMotion(true);
+    EXPECT_FALSE(savedLook("look"));
+    log.take();
+
+    ASSERT_TRUE(waitUntil([this] { return savedLook("look").has_value(); }));
+    const auto delay = Clock::now() - lastChange;
+    EXPECT_GE(delay, 400ms);
+    EXPECT_LT(delay, 2s);
+    EXPECT_EQ(savedLook("look"), lookWithSeed(20));
+    EXPECT_TRUE(isIdle(*store));
+    EXPECT_THAT(log.take(), IsEmpty());
+}
+
+TEST_F(StoreTest, SavesThePendingLookBeforeTheEnd)
+{
+    const auto store = makeStore();
+    store->changeLook(lookWithSeed(1));
+    EXPECT_FALSE(isIdle(*store));
+    EXPECT_TRUE(store->saveNow());
+    EXPECT_EQ(savedLook("look"), lookWithSeed(1));
+    EXPECT_TRUE(isIdle(*store));
+}
+
+TEST_F(StoreTest, SettingsAreSavedAtOnceAndToldOnce)
+{
+    const auto store = makeStore();
+    SignalLog log(*store);
+    std::vector<QByteArray> seen;
+    QObject::connect(store.get(), &Store::changed, [&] { seen.push_back(fileText().mid(10)); });
+    store->setMotion(false);
+    store->setEdge(Edge::right);
+    store->setHandleHidden(true);
+    store->setShuffleMinutes(60);
+    store->setMotion(false);
+    store->setEdge(Edge::right);
+    store->setHandleHidden(true);
+    store->setShuffleMinutes(60);
+    EXPECT_THAT(log.take(), ElementsAre("motion", "changed", "edge", "changed", "handleHidden", "changed",
+                                        "shuffleMinutes", "changed"));
+    // Whoever is told finds it saved already.
+    EXPECT_THAT(seen, ElementsAre("motion=false\n", "edge=1\nmotion=false\n",
+                                  "handleHidden=true\nedge=1\nmotion=false\n",
+                                  "shuffleMinutes=60\nhandleHidden=true\nedge=1\nmotion=false\n"));
+    store->setCustomPalettes({{1}});
+    store->setPresets({presetNamed("Tea")});
+    store->setPresets({presetNamed("Tea")});
+    EXPECT_THAT(log.take(), ElementsAre("customPalettes", "changed", "presets", "changed"));
+    EXPECT_TRUE(seen.back().startsWith("presets="));
+}
+
+TEST_F(StoreTest, RefusesWhatCouldNotBeLoadedAgain)
+{
+    const auto store = makeStore();
+    SignalLog log(*store);
+    Look broken = lookWithSeed(1);
+    broken.scale = notANumber;
+    Preset nameless = presetNamed("Tea");
+    nameless.id = "1";
+
+    store->setLook(broken);
+    store->changeLook(broken);
+    store->applyToDesktop(broken, RecordHistory::yes, std::nullopt, ContinueFromEditor::yes);
+    store->setPresets({presetNamed("Tea"), nameless});
+    store->setCustomPalettes({{0x1000000}});
+    const auto heard = log.take();
+    ASSERT_EQ(heard.size(), 5);
+    EXPECT_THAT(heard.at(0), HasSubstr("refused: \"scale\" holds"));
+    EXPECT_EQ(heard.at(1), heard.at(0));
+    EXPECT_EQ(heard.at(2), heard.at(0));
+    EXPECT_THAT(heard.at(3), HasSubstr("refused: entry 2: \"id\" holds \"1\""));
+    EXPECT_THAT(heard.at(4), HasSubstr("16777216"));
+    EXPECT_EQ(store->look(), Look());
+    EXPECT_EQ(store->desktop(), std::nullopt);
+    EXPECT_THAT(store->presets(), IsEmpty());
+    EXPECT_TRUE(isIdle(*store));
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(StoreTest, ApplyingPutsTheLookOnTheDesktop)
+{
+    const auto store = makeStore();
+    store->changeLook(lookWithSeed(1));
+    SignalLog log(*store);
+    std::vector<std::optional<Look>> savedWhenTold;
+    const auto check = [&] { savedWhenTold.push_back(savedLook("desktop")); };
+    QObject::connect(store.get(), &Store::desktopChanged, check);
+    QObject::connect(store.get(), &Store::applied, check);
+
+    now = 200.0;
+    store->applyToDesktop(store->look(), RecordHistory::yes, std::nullopt, ContinueFromEditor::yes);
+    EXPECT_THAT(log.take(), ElementsAre("desktopTransitionStart", "desktop", "appliedMotion", "changed",
+                                        "applied, continuing"));
+    EXPECT_THAT(savedWhenTold, ElementsAre(lookWithSeed(1), lookWithSeed(1)));
+    EXPECT_TRUE(fileText().contains("appliedMotion=true"));
+    EXPECT_EQ(store->desktopPrevious(), std::nullopt);
+    EXPECT_EQ(store->desktopTransitionStart(), 200.0);
+    EXPECT_TRUE(store->isOnDesktop());
+    EXPECT_TRUE(store->property("onDesktop").toBool());
+    EXPECT_THAT(store->desktopHistory(), IsEmpty());
+
+    // The same again, but still: shown anew, not recorded.
+    now = 201.0;
+    store->applyToDesktop(store->look(), RecordHistory::yes, false, ContinueFromEditor::no);
+    EXPECT_THAT(log.take(), ElementsAre("desktopPrevious", "desktopTransitionStart", "appliedMotion",
+                                        "changed", "applied"));
+    EXPECT_EQ(store->desktopPrevious(), lookWithSeed(1));
+    EXPECT_THAT(store->desktopHistory(), IsEmpty());
+    EXPECT_FALSE(store->isOnDesktop());
+    store->setMotion(false);
+    EXPECT_TRUE(store->isOnDesktop());
+    store->setLook(lookWithSeed(2));
+    EXPECT_FALSE(store->isOnDesktop());
+
+    store->applyToDesktop(lookWithSeed(3), RecordHistory::no, std::nullopt, ContinueFromEditor::no);
+    EXPECT_THAT(store->desktopHistory(), IsEmpty());
+    EXPECT_FALSE(store->appliedMotion());
+}
+
+TEST_F(StoreTest, RemembersTheLastFortyDesktops)
+{
+    const auto store = makeStore();
+    for (int seed = 0; seed < 45; ++seed) {
+        store->applyToDesktop(lookWithSeed(seed), RecordHistory::yes, true, ContinueFromEditor::no);
+        store->applyToDesktop(lookWithSeed(seed), RecordHistory::yes, true, ContinueFromEditor::no);
+        EXPECT_EQ(store->desktopHistory().size(), std::min(seed, 40));
+    }
+    EXPECT_EQ(store->desktopHistory().front(), lookWithSeed(4));
+    EXPECT_EQ(store->desktopHistory().back(), lookWithSeed(43));
+    EXPECT_EQ(makeStore()->desktopHistory(), store->desktopHistory());
+
+    // A longer one, from elsewhere, is cut at the next chance.
+    ASSERT_EQ(writeSettings(path(), {{"desktopHistory", QByteArray::fromStdString(encodeLooks(
+                                                            std::vector<Look>(60, lookWithSeed(1))))}}),
+              std::nullopt);
+    const auto second = makeStore();
+    EXPECT_EQ(second->desktopHistory().size(), 60);
+    second->applyToDesktop(lookWithSeed(99), RecordHistory::yes, true, ContinueFromEditor::no);
+    EXPECT_EQ(second->desktopHistory().size(), 40);
+    EXPECT_EQ(second->desktopHistory().back(), lookWithSeed(44));
+}
+
+TEST_F(StoreTest, GoesBackToThePreviousWallpaper)
+{
+    const auto store = makeStore();
+    store->applyToDesktop(lookWithSeed(1), RecordHistory::yes, false, ContinueFromEditor::no);
+    SignalLog log(*store);
+    store->previousWallpaper();
+    EXPECT_THAT(log.take(), IsEmpty());
+
+    store->applyToDesktop(lookWithSeed(2), RecordHistory::yes, false, ContinueFromEditor::yes);
+    log.take();
+    now = 300.0;
+    store->previousWallpaper();
+    EXPECT_THAT(log.take(), ElementsAre("desktopHistory", "transitionStart", "look", "desktopPrevious",
+                                        "desktopTransitionStart", "desktop", "changed", "applied"));
+    EXPECT_EQ(store->look(), lookWithSeed(1));
+    EXPECT_EQ(store->previous(), Look());
+    EXPECT_EQ(store->transitionStart(), 300.0);
+    EXPECT_EQ(store->desktop(), lookWithSeed(1));
+    EXPECT_EQ(store->desktopPrevious(), lookWithSeed(2));
+    EXPECT_FALSE(store->appliedMotion()); // although the user wants motion by now
+    EXPECT_THAT(store->history(), IsEmpty());
+    EXPECT_THAT(makeStore()->desktopHistory(), IsEmpty());
+    EXPECT_EQ(makeStore()->desktop(), lookWithSeed(1));
+}
+
+TEST_F(StoreTest, ShufflesEditorAndDesktop)
+{
+    const auto store = makeStore();
+    const RandomSource same = seededSource(1);
+    Look edited = lookWithSeed(1);
+    edited.imagePath = "/editor.jpg";
+    edited.custom = {{1, 2}};
+    store->setLook(edited);
+    SignalLog log(*store);
+    store->shuffle();
+    const Look first = randomLook(same, "/editor.jpg");
+    EXPECT_EQ(store->look(), first);
+    EXPECT_EQ(store->previous(), edited);
+    EXPECT_THAT(store->history(), ElementsAre(edited));
+    EXPECT_EQ(store->desktop(), first);
+    EXPECT_TRUE(store->appliedMotion()); // there was no desktop: the user's choice
+    EXPECT_THAT(log.take(),
+                ElementsAre("history", "previous", "transitionStart", "look", "desktopTransitionStart",
+                            "desktop", "appliedMotion", "changed", "applied"));
+
+    // The desktop's photo comes first, and the desktop stays still.
+    Look desktop = lookWithSeed(2);
+    desktop.imagePath = "/desktop.jpg";
+    store->applyToDesktop(desktop, RecordHistory::no, false, ContinueFromEditor::no);
+    store->shuffle();
+    const Look second = randomLook(same, "/desktop.jpg");
+    EXPECT_EQ(store->desktop(), second);
+    EXPECT_FALSE(store->appliedMotion());
+    EXPECT_THAT(store->desktopHistory(), ElementsAre(desktop));
+
+    // A desktop without a photo leaves it to the editor.
+    store->applyToDesktop(lookWithSeed(3), RecordHistory::no, true, ContinueFromEditor::no);
+    store->setLook(edited);
+    store->shuffle();
+    EXPECT_EQ(store->desktop(), randomLook(same, "/editor.jpg"));
+    EXPECT_TRUE(store->appliedMotion());
+
+    for (int round = 0; round < 200; ++round) {
+        store->shuffle();
+        ASSERT_NE(store->look().pattern, Pattern::image);
+        ASSERT_FALSE(store->look().custom);
+        ASSERT_EQ(store->look().levels, static_cast<float>(resolveStops(store->look()).count));
+    }
+    EXPECT_EQ(store->history().size(), 40);
+}
+
+TEST_F(StoreTest, EndingTheEditingAbandonsThePalette)
+{
+    const auto store = makeStore();
+    store->setCustomPalettes({{1, 2}});
+    Look own;
+    own.custom = {{1, 2}};
+    store->setLook(own);
+    SignalLog log(*store);
+    store->endEditing();
+    EXPECT_THAT(log.take(), IsEmpty());
+
+    store->setStopsBeforeEdit(own.custom);
+    store->setDraftStopsIndex(0);
+    store->setDraftStops({{3, 4, 5}});
+    Look previewed = own;
+    previewed.custom = {{3, 4, 5}};
+    previewed.scale = 2.0F; // another tab's change, which stays
+    store->setLook(previewed);
+    log.take();
+    store->endEditing();
+    EXPECT_THAT(log.take(),
+                ElementsAre("look", "draftStops", "draftStopsIndex", "stopsBeforeEdit", "changed"));
+    EXPECT_EQ(store->look().custom, own.custom);
+    EXPECT_EQ(store->look().scale, 2.0F);
+    EXPECT_FALSE(store->draftStops() || store->draftStopsIndex() || store->stopsBeforeEdit());
+    EXPECT_THAT(store->customPalettes(), ElementsAre(std::vector<Color>{1, 2}));
+    EXPECT_THAT(store->history(), IsEmpty());
+
+    // A look that had a built-in palette has it again.
+    store->setStopsBeforeEdit(std::vector<Color>());
+    store->endEditing();
+    EXPECT_EQ(store->look().custom, std::nullopt);
+}
+
+TEST_F(StoreTest, SurvivesADiskThatCannotBeWritten)
+{
+    environment.retryInterval = 50ms;
+    // A file stands where the folder should be.
+    const QString blocker = folder.filePath(QStringLiteral("config"));
+    QFile file(blocker);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+
+    const auto store = makeStore();
+    SignalLog log(*store);
+    store->setMotion(false);
+    auto heard = log.take();
+    ASSERT_EQ(heard.size(), 3);
+    EXPECT_EQ(heard.at(0), "motion");
+    EXPECT_EQ(heard.at(1), "changed");
+    EXPECT_THAT(heard.at(2), HasSubstr("savingFailed: "));
+    EXPECT_THAT(heard.at(2), HasSubstr(blocker.toStdString()));
+
+    // Told once, although it fails again with each change and each try.
+    store->setEdge(Edge::right);
+    store->setLook(lookWithSeed(1));
+    EXPECT_FALSE(store->saveNow());
+    store->applyToDesktop(lookWithSeed(2), RecordHistory::yes, true, ContinueFromEditor::no);
+    wait(200ms);
+    EXPECT_THAT(log.take(), Not(Contains(HasSubstr("saving"))));
+    EXPECT_FALSE(store->motion());
+    EXPECT_FALSE(isIdle(*store));
+
+    ASSERT_TRUE(QFile::remove(blocker));
+    ASSERT_TRUE(waitUntil([&] { return isIdle(*store); }));
+    EXPECT_THAT(log.take(), ElementsAre("savingResumed"));
+    const auto second = makeStore();
+    EXPECT_FALSE(second->motion());
+    EXPECT_EQ(second->edge(), Edge::right);
+    EXPECT_EQ(second->look(), lookWithSeed(1));
+    EXPECT_EQ(second->desktop(), lookWithSeed(2));
+
+    // The next failure is news again, and the next change tries again at once.
+    ASSERT_TRUE(QDir(blocker).removeRecursively());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    store->setHandleHidden(true);
+    EXPECT_THAT(log.take(), Contains(HasSubstr("savingFailed: ")));
+    ASSERT_TRUE(QFile::remove(blocker));
+    store->setHandleHidden(false);
+    EXPECT_THAT(log.take(), ElementsAre("handleHidden", "changed", "savingResumed"));
+    EXPECT_TRUE(isIdle(*store));
+}
+
+TEST_F(StoreTest, ObserversMayStartTheNextOperation)
+{
+    const auto store = makeStore();
+    QObject::connect(store.get(), &Store::lookChanged, [&] {
+        if (store->look() == lookWithSeed(1)) {
+            store->changeLook(lookWithSeed(2));
+        }
+    });
+    SignalLog log(*store);
+    store->changeLook(lookWithSeed(1));
+    EXPECT_EQ(store->look(), lookWithSeed(2));
+    EXPECT_EQ(store->previous(), lookWithSeed(1));
+    EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1)));
+    EXPECT_THAT(log.take(), Contains("look").Times(2));
+}
+
+TEST(MediaTime, OnlyGoesForward)
+{
+    const double before = mediaTime();
+    QThread::msleep(20);
+    const double passed = mediaTime() - before;
+    EXPECT_GE(passed, 0.02);
+    EXPECT_LT(passed, 2.0);
+}
+
+} // namespace
+} // namespace tessel
