@@ -24,13 +24,7 @@ using Json = nlohmann::ordered_json;
 
 struct InspectOptions
 {
-    std::string look;
-    std::string previous;
-    PixelSize size;
-    double time = 0.0;
-    float reference = desktopReference;
-    float mix = 1.0F;
-    Edge edge = Edge::left;
+    FrameOptions frame;
     bool json = false;
 };
 
@@ -66,18 +60,11 @@ Json fieldJson(PixelSize size, float cell)
     return {grid.width, grid.height};
 }
 
-Json describe(const InspectOptions& options)
+Json describe(const FrameOptions& options)
 {
     const Look look = readLook(options.look);
     const Look previous = options.previous.empty() ? look : readLook(options.previous);
-    const Frame frame{.previous = previous,
-                      .current = look,
-                      .width = options.size.width,
-                      .height = options.size.height,
-                      .mix = options.mix,
-                      .time = options.time,
-                      .reference = options.reference,
-                      .edge = options.edge};
+    const Frame frame = makeFrame(options, previous, look);
     LookBlockCache cache;
     const UniformBlock block =
         makeUniforms(frame, frame.mix < 1.0F ? photoSize(previous) : PhotoSize(), photoSize(look), cache);
@@ -119,7 +106,7 @@ void printText(const Json& description)
 
 void inspect(const InspectOptions& options)
 {
-    const Json description = describe(options);
+    const Json description = describe(options.frame);
     if (options.json)
         std::cout << description.dump() << '\n';
     else
@@ -132,12 +119,8 @@ void addInspectCommand(CLI::App& app)
 {
     auto options = std::make_shared<InspectOptions>();
     CLI::App& command = *app.add_subcommand("inspect", "Tell how a look is understood and drawn at a size");
-    addLookArgument(command, options->look);
-    command.add_option("--size", options->size, "Size in pixels")->required()->type_name("WxH");
-    addTimeOption(command, options->time);
-    addReferenceOption(command, options->reference);
-    addFadeOptions(command, options->previous, options->mix);
-    addEdgeOption(command, options->edge);
+    addFrameOptions(command, options->frame);
+    addSizeOption(command, options->frame.size)->required();
     command.add_flag("--json", options->json, "As JSON, with the 70 numbers the shaders are given");
     command.callback([options] { inspect(*options); });
 }

@@ -59,6 +59,11 @@ void addLookArgument(CLI::App& command, std::string& look)
         "LOOK", look, "JSON text, a JSON file, - for standard input, or a PNG made by tessel [default look]");
 }
 
+CLI::Option* addSizeOption(CLI::App& command, PixelSize& size)
+{
+    return command.add_option("--size", size, "Size in pixels")->type_name("WxH");
+}
+
 void addTimeOption(CLI::App& command, double& time)
 {
     command.add_option("--time", time, "Animation phase; it comes round after 2000 pi [0]")
@@ -66,30 +71,41 @@ void addTimeOption(CLI::App& command, double& time)
         ->type_name("PHASE");
 }
 
-void addReferenceOption(CLI::App& command, float& reference)
+void addReferenceOption(CLI::App& command, float& reference, const std::string& standard)
 {
     command
         .add_option("--reference", reference,
-                    "Length in points of the long side, on which a pixel is measured [1512]")
+                    "Length in points of the long side, on which a pixel is measured [" + standard + "]")
         ->check(checkReference)
         ->type_name("POINTS");
 }
 
-void addFadeOptions(CLI::App& command, std::string& previous, float& mix)
+Frame makeFrame(const FrameOptions& options, const Look& previous, const Look& current)
 {
-    CLI::Option* from =
-        command.add_option("--previous", previous, "The look to fade from")->type_name("LOOK");
-    command.add_option("--mix", mix, "How far the fade has come, 0 to 1 [1]")
-        ->check(CLI::Range(0.0, 1.0))
-        ->needs(from)
-        ->type_name("M");
+    return {.previous = previous,
+            .current = current,
+            .width = options.size.width,
+            .height = options.size.height,
+            .mix = options.mix,
+            .time = options.time,
+            .reference = options.reference,
+            .edge = options.edge};
 }
 
-void addEdgeOption(CLI::App& command, Edge& edge)
+void addFrameOptions(CLI::App& command, FrameOptions& options)
 {
-    static const std::map<std::string, Edge> names{{"left", Edge::left}, {"right", Edge::right}};
-    command.add_option("--edge", edge, "The side the handle is on: left or right [left]")
-        ->transform(CLI::CheckedTransformer(names, CLI::ignore_case).description(""))
+    static const std::map<std::string, Edge> edges{{"left", Edge::left}, {"right", Edge::right}};
+    addLookArgument(command, options.look);
+    addTimeOption(command, options.time);
+    addReferenceOption(command, options.reference, "1512");
+    CLI::Option* previous =
+        command.add_option("--previous", options.previous, "The look to fade from")->type_name("LOOK");
+    command.add_option("--mix", options.mix, "How far the fade has come, 0 to 1 [1]")
+        ->check(CLI::Range(0.0, 1.0))
+        ->needs(previous)
+        ->type_name("M");
+    command.add_option("--edge", options.edge, "The side the handle is on: left or right [left]")
+        ->transform(CLI::CheckedTransformer(edges, CLI::ignore_case).description(""))
         ->type_name("EDGE");
 }
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/look.h"
-#include "render/geometry.h"
+#include "render/uniforms.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,11 +26,28 @@ struct PixelSize
 /// \throws CLI::ValidationError for anything but two whole numbers above zero
 bool lexical_cast(const std::string& text, PixelSize& size);
 
-/// The options that several commands share.
+/// What a frame is drawn of, as typed.
+struct FrameOptions
+{
+    std::string look;
+    std::string previous;
+    PixelSize size{1920, 1080};
+    double time = 0.0;
+    float reference = desktopReference;
+    float mix = 1.0F;
+    Edge edge = Edge::left;
+};
+
+/// The frame of these options with the looks that they name; it refers to them.
+[[nodiscard]] Frame makeFrame(const FrameOptions& options, const Look& previous, const Look& current);
+
+/// Adds LOOK and the options of a frame, all but --size, which not every command leaves to a default.
+void addFrameOptions(CLI::App& command, FrameOptions& options);
+
+/// The options that other commands take too.
 void addLookArgument(CLI::App& command, std::string& look);
+CLI::Option* addSizeOption(CLI::App& command, PixelSize& size);
 void addTimeOption(CLI::App& command, double& time);
-void addReferenceOption(CLI::App& command, float& reference);
-void addFadeOptions(CLI::App& command, std::string& previous, float& mix);
-void addEdgeOption(CLI::App& command, Edge& edge);
+void addReferenceOption(CLI::App& command, float& reference, const std::string& standard);
 
 } // namespace tessel::cli

@@ -16,10 +16,11 @@ Progress::Progress(std::string what, int total)
 {
 }
 
-Progress::~Progress()
+void Progress::finish()
 {
     if (m_shown)
         std::cerr << "\r\x1b[K" << std::flush;
+    m_shown = false;
 }
 
 void Progress::report(int done)

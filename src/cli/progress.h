@@ -14,12 +14,15 @@ class Progress
 {
 public:
     Progress(std::string what, int total);
-    ~Progress();
+    ~Progress() { finish(); }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     /// Step `done` of the total has been finished.
     void report(int done);
+
+    /// The work is done: wipes the line, so that other messages can follow.
+    void finish();
 
 private:
     std::string m_what;

@@ -6,6 +6,7 @@
 #include "cli/look_source.h"
 #include "cli/options.h"
 #include "cli/output.h"
+#include "cli/progress.h"
 #include "model/look_json.h"
 #include "model/palette.h"
 #include "render/still.h"
@@ -22,14 +23,8 @@ namespace {
 
 struct RenderOptions
 {
-    std::string look;
-    std::string previous;
-    PixelSize size{1920, 1080};
+    FrameOptions frame;
     std::string out;
-    double time = 0.0;
-    float reference = desktopReference;
-    float mix = 1.0F;
-    Edge edge = Edge::left;
     bool timing = false;
 };
 
@@ -42,9 +37,9 @@ void printTiming(double context, const StillTiming& still, double encode)
 
 void render(const RenderOptions& options)
 {
-    const Look look = readLook(options.look);
-    const Look previous = options.previous.empty() ? look : readLook(options.previous);
-    const std::string size = sizeText(options.size);
+    const Look look = readLook(options.frame.look);
+    const Look previous = options.frame.previous.empty() ? look : readLook(options.frame.previous);
+    const std::string size = sizeText(options.frame.size);
     const std::string out = options.out.empty() ? displayTitle(look) + ' ' + size + ".png" : options.out;
     refuseTerminal(out);
 
@@ -52,24 +47,20 @@ void render(const RenderOptions& options)
     Headless headless;
     const double context = watch.lap();
     StillTiming timing;
-    const std::optional<Picture> picture = renderStill(headless.encoder(),
-                                                       {.previous = previous,
-                                                        .current = look,
-                                                        .width = options.size.width,
-                                                        .height = options.size.height,
-                                                        .mix = options.mix,
-                                                        .time = options.time,
-                                                        .reference = options.reference,
-                                                        .edge = options.edge},
-                                                       &timing);
+    Progress progress("Rendering", 2);
+    const std::optional<Picture> picture =
+        renderStill(headless.encoder(), makeFrame(options.frame, previous, look), &timing);
     if (!picture)
         throw std::runtime_error("The " + size + " image could not be rendered. Try a smaller size.");
-    headless.warnOfPhoto(look);
-    headless.warnOfPhoto(previous);
+    progress.report(1);
     watch.lap();
     writePicture(*picture, encodeLook(look), out);
+    const double encode = watch.lap();
+    progress.finish();
+    headless.warnOfPhoto(look);
+    headless.warnOfPhoto(previous);
     if (options.timing)
-        printTiming(context, timing, watch.lap());
+        printTiming(context, timing, encode);
 }
 
 } // namespace
@@ -78,14 +69,10 @@ void addRenderCommand(CLI::App& app)
 {
     auto options = std::make_shared<RenderOptions>();
     CLI::App& command = *app.add_subcommand("render", "Draw a look into a PNG file");
-    addLookArgument(command, options->look);
-    command.add_option("--size", options->size, "Size in pixels [1920x1080]")->type_name("WxH");
+    addFrameOptions(command, options->frame);
+    addSizeOption(command, options->frame.size)->description("Size in pixels [1920x1080]");
     command.add_option("--out", options->out, "Where to write, - for standard output [TITLE WxH.png]")
         ->type_name("FILE");
-    addTimeOption(command, options->time);
-    addReferenceOption(command, options->reference);
-    addFadeOptions(command, options->previous, options->mix);
-    addEdgeOption(command, options->edge);
     command.add_flag("--timing", options->timing, "Print how many milliseconds each step took");
     command.callback([options] { render(*options); });
 }

@@ -154,7 +154,7 @@ void addSheetCommand(CLI::App& app)
     command.add_option("--out", options->out, "Where to write, - for standard output [KIND.png]")
         ->type_name("FILE");
     addTimeOption(command, options->time);
-    addReferenceOption(command, options->reference);
+    addReferenceOption(command, options->reference, "900");
     command.callback([options] { drawSheet(*options); });
 }
 
