@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/frame_pacing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tessel {
+
+namespace {
+
+/// The thumbnail may draw once a second and must not lose its motion; elsewhere such a gap is a pause.
+double longestStep(Source source)
+{
+    return source == Source::thumb ? 1.1 : 0.25;
+}
+
+double wrapped(double phase)
+{
+    const double rest = std::fmod(phase, phaseLimit);
+    return rest < 0 ? rest + phaseLimit : rest;
+}
+
+/// Floats, as the speed of a look is: 0.06F lies below 0.06.
+int framesPerSecondForSpeed(float speed)
+{
+    if (speed >= 0.6F)
+        return 30;
+    if (speed >= 0.2F)
+        return 20;
+    if (speed >= 0.06F)
+        return 15;
+    if (speed >= 0.02F)
+        return 10;
+    return 5;
+}
+
+constexpr int framesPerSample = 30;
+constexpr double smoothing = 0.5;
+
+/// A ceiling and the milliseconds beyond which the next one below or above it takes over. They leave a gap:
+/// a frame time at which a level is entered never is one at which it is left for where it came from.
+struct LoadLevel
+{
+    int framesPerSecond;
+    double fallsAbove;
+    double risesBelow;
+};
+
+constexpr double never = std::numeric_limits<double>::infinity();
+constexpr std::array<LoadLevel, 4> loadLevels{{
+    {.framesPerSecond = 30, .fallsAbove = 26, .risesBelow = -never},
+    {.framesPerSecond = 20, .fallsAbove = 40, .risesBelow = 16},
+    {.framesPerSecond = 15, .fallsAbove = 55, .risesBelow = 30},
+    {.framesPerSecond = 10, .fallsAbove = never, .risesBelow = 45},
+}};
+
+} // namespace
+
+void AnimationClocks::advance(Source source, double speed, double now)
+{
+    Clock& moved = clock(source);
+    const double step = std::clamp(now - moved.lastAdvance, 0.0, longestStep(source));
+    moved.lastAdvance = now;
+    const double phase = moved.phase + step * speed;
+    if (std::isfinite(phase))
+        moved.phase = wrapped(phase);
+}
+
+void AnimationClocks::setPhase(Source source, double phase)
+{
+    clock(source).phase = std::isfinite(phase) ? wrapped(phase) : 0.0;
+}
+
+float transitionMix(double age, MotionPreference preference)
+{
+    if (preference == MotionPreference::reduced)
+        return 1.0F;
+    return static_cast<float>(std::clamp(age / transitionDuration, 0.0, 1.0));
+}
+
+double clockSpeed(const EditorPace& pace)
+{
+    return pace.frozen ? 0.0F : pace.speed;
+}
+
+double clockSpeed(const DesktopPace& pace)
+{
+    return pace.animated ? pace.speed : 0.0F;
+}
+
+double clockSpeed(const ThumbPace& pace)
+{
+    return pace.preference == MotionPreference::reduced ? 0.0F : std::min(pace.speed, 0.2F);
+}
+
+int framesPerSecond(const EditorPace& pace)
+{
+    // A little longer than the cross-fade, so that its last frame is drawn without delay.
+    const bool changing = pace.transitionAge <= 1.2;
+    return !pace.frozen || changing ? 60 : 6;
+}
+
+int framesPerSecond(const DesktopPace& pace)
+{
+    const int ceiling = std::min(pace.ceiling, pace.cap.value_or(pace.ceiling));
+    const int wanted = framesPerSecondForSpeed(pace.speed);
+    const bool crossFading = pace.transitionAge < transitionDuration;
+    return std::min(crossFading ? std::max(wanted, 20) : wanted, ceiling);
+}
+
+int framesPerSecond(const ThumbPace& pace)
+{
+    return pace.state == ThumbState::inUse ? 12 : 1;
+}
+
+bool LoadGovernor::countFrame()
+{
+    if (--m_sampleCountdown >= 1)
+        return false;
+    m_sampleCountdown = framesPerSample;
+    return true;
+}
+
+void LoadGovernor::addSample(double milliseconds)
+{
+    if (!std::isfinite(milliseconds) || milliseconds < 0)
+        return;
+    m_gpuMilliseconds += (milliseconds - m_gpuMilliseconds) * smoothing;
+    const LoadLevel& level = loadLevels.at(m_level);
+    if (m_gpuMilliseconds > level.fallsAbove)
+        ++m_level;
+    else if (m_gpuMilliseconds < level.risesBelow)
+        --m_level;
+}
+
+int LoadGovernor::ceiling() const
+{
+    return loadLevels.at(m_level).framesPerSecond;
+}
+
+} // namespace tessel
