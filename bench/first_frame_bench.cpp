@@ -53,6 +53,7 @@ int main(int argc, char** argv)
         if (pattern != Pattern::flow) // drawn before the clock started
             std::printf("  %-10s %6.1f %6.1f\n", title(pattern).data(), cold[index], warm[index]);
     }
-    std::printf("  slowest    %6.1f %6.1f\n", *std::ranges::max_element(cold), *std::ranges::max_element(warm));
+    std::printf("  slowest    %6.1f %6.1f\n", *std::ranges::max_element(cold),
+                *std::ranges::max_element(warm));
     return 0;
 }

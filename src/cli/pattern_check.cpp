@@ -77,7 +77,7 @@ double mean(const std::vector<float>& values)
 /// The mean tone of each of the 16 x 9 blocks of a picture.
 std::vector<double> blocksOf(const Field& field)
 {
-    std::vector<double> sums(blockColumns * blockRows);
+    std::vector<double> sums(std::size_t{blockColumns} * blockRows);
     std::vector<int> counts(sums.size());
     auto tone = field.tones.begin();
     for (int y = 0; y < field.size.height; ++y) {

@@ -89,44 +89,13 @@ vec3 noiseGradient(vec2 p, vec4 turn)
 }
 
 /// The same without the gradient.
-float noise(vec2 p, vec4 turn)
-{
-    const float skew = 0.366025403784;
-    const float unskew = 0.211324865405;
-    vec2 corner = floor(p + (p.x + p.y) * skew);
-    vec2 d0 = p - corner + (corner.x + corner.y) * unskew;
-    vec2 step1 = d0.x > d0.y ? vec2(1.0, 0.0) : vec2(0.0, 1.0);
-    vec2 d1 = d0 - step1 + unskew;
-    vec2 d2 = d0 - 1.0 + 2.0 * unskew;
-    uint key = latticeKey(ivec2(corner));
-    vec3 w = max(0.5 - vec3(dot(d0, d0), dot(d1, d1), dot(d2, d2)), 0.0);
-    w *= w;
-    uint middle = d0.x > d0.y ? latticeStepX : latticeStepY;
-    vec3 slope = vec3(dot(latticeGradient(mixBits(key), turn), d0),
-                      dot(latticeGradient(mixBits(key + middle), turn), d1),
-                      dot(latticeGradient(mixBits(key + latticeStepX + latticeStepY), turn), d2));
-    return 99.2 * dot(w * w, slope);
-}
+float noise(vec2 p, vec4 turn) { return noiseGradient(p, turn).x; }
 
-/// Fractal noise of two, three or four octaves, about -1 to 1. The octaves are turned against each other.
+/// Fractal noise of two octaves, about -1 to 1. The octaves are turned against each other.
 const mat2 octaveTurn = mat2(1.6, 1.2, -1.2, 1.6);
-float fbm2(vec2 p, vec4 turn) { return (noise(p, turn) + 0.5 * noise(octaveTurn * p + 17.3, turn)) * (1.0 / 1.3); }
-float fbm3(vec2 p, vec4 turn)
+float fbm2(vec2 p, vec4 turn)
 {
-    float sum = noise(p, turn);
-    p = octaveTurn * p + 17.3;
-    sum += 0.5 * noise(p, turn);
-    p = octaveTurn * p + 17.3;
-    return (sum + 0.25 * noise(p, turn)) * (1.0 / 1.4);
-}
-float fbm4(vec2 p, vec4 turn)
-{
-    float sum = noise(p, turn);
-    for (float weight = 0.5; weight > 0.1; weight *= 0.5) {
-        p = octaveTurn * p + 17.3;
-        sum += weight * noise(p, turn);
-    }
-    return sum * (1.0 / 1.5);
+    return (noise(p, turn) + 0.5 * noise(octaveTurn * p + 17.3, turn)) * (1.0 / 1.3);
 }
 
 /// A point of a jittered lattice: the cell's own place in 0 to 1, wandering on a small circle.

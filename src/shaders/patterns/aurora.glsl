@@ -16,13 +16,17 @@ void prepare(inout vec4 k[8])
     float slope = (seedRandom(19) - 0.5) * 0.6 / shape.x;
     float x = shape.x * (-0.75 + (twoFolds ? 0.6 : 1.2) * seedRandom(1));
     float along = 40.0 * seedRandom(2);
+    vec2 back = overlap * (0.6 + 1.2 * vec2(seedRandom(14), seedRandom(16)));
+    // The second fold begins only where the first has ended, whatever the turns' drift.
+    float onward = max(shape.x * (twoFolds ? 0.5 + 0.6 * seedRandom(13) : 2.6), back.x + back.y + 0.2);
+    vec2 circle = loopCircle(0.08);
     for (int i = 0; i < 4; ++i) {
-        float drift = sin(loopAngle(0.07 + 0.017 * float(i)) + tau * seedRandom(3 + i));
+        float chance = seedRandom(3 + i);
+        float drift = dot(circle, 2.0 * vec2(chance, fract(64.0 * chance)) - 1.0);
         float nearness = (i & 1) == 0 ? -1.0 : 1.0;
         float edge = base + slope * x + nearness * (0.05 + 0.15 * seedRandom(8 + i)) + 0.04 * drift;
         k[i] = vec4(x + 0.07 * drift, edge, along, 0.0);
-        float onward = shape.x * (twoFolds ? 0.5 + 0.6 * seedRandom(13) : 2.6);
-        float stride = i == 1 ? onward : -overlap * (0.6 + 1.2 * seedRandom(14 + i));
+        float stride = i == 1 ? onward : (i == 0 ? -back.x : -back.y);
         x += stride;
         along += 1.3 * abs(stride);
     }
@@ -31,7 +35,7 @@ void prepare(inout vec4 k[8])
     k[1].w = 0.05 + 0.16 * seedRandom(28);
     k[2].w = (0.8 + 0.45 * seedRandom(29)) * pow(lookScale, -0.3);
     k[4] = spin(0.12);
-    k[5] = vec4(seedOffset(11), 0.6 * loopCircle(0.05));
+    k[5] = vec4(seedOffset(11), 0.6 * vec2(circle.y, -circle.x));
     float mirror = seedRandom(26) > 0.5 ? 1.0 : -1.0;
     k[6] = vec4(mirror * zoom, zoom / shape.y, shape.x * (seedRandom(22) - 0.5), 0.1 + 0.25 * seedRandom(23));
     k[7] = vec4(0.0, 0.05 + 0.045 * min(lookWarp, 2.0), seedRandom(25) + loopAngle(0.06) / tau,
@@ -83,11 +87,14 @@ float pattern(vec2 p, vec4 k[8])
     vec2 q = vec2((p.x - k[6].z) / lean + k[6].z, p.y);
     q.y += k[7].y * (wave(q.x * 0.41 + k[7].z) + 0.6 * wave(q.x * 0.93 - k[7].z));
     float soft = max(0.012, k[7].w);
-    float light = sheet(q, vec3(k[0].x - 7.0, k[0].w, k[0].z - 9.0), k[0].xyz, soft, k);
-    light += 0.6 * sheet(q, k[0].xyz, k[1].xyz, soft, k);
-    light += sheet(q, k[1].xyz, k[2].xyz, soft, k);
-    light += 0.6 * sheet(q, k[2].xyz, k[3].xyz, soft, k);
-    light += sheet(q, k[3].xyz, vec3(k[3].x + 7.0, k[3].w, k[3].z + 9.0), soft, k);
+    // The sheet between the folds, and the two of the nearer fold: the folds do not reach each other.
+    bool left = q.x < 0.5 * (k[0].x + k[3].x);
+    vec3 outer = left ? k[0].xyz : k[3].xyz;
+    vec3 inner = left ? k[1].xyz : k[2].xyz;
+    vec3 end = left ? vec3(k[0].x - 7.0, k[0].w, k[0].z - 9.0) : vec3(k[3].x + 7.0, k[3].w, k[3].z + 9.0);
+    float light = sheet(q, k[1].xyz, k[2].xyz, soft, k);
+    light += 0.6 * sheet(q, inner, outer, soft, k);
+    light += sheet(q, outer, end, soft, k);
     float far = p.y - k[6].w;
     far -= 0.2 * wave(p.x * 0.17 + 2.0 * k[7].z) + 0.09 * wave(p.x * 0.37 - k[7].z);
     // Too faint for rays of its own kind: two waves do.

@@ -20,10 +20,16 @@ void prepare(inout vec4 k[8])
     k[0] = vec4(source, axis);
     float spread = above ? max(atan(shape.x * 0.85, shape.y * 2.0), 0.28) : 0.42;
     spread *= 0.8 + 0.4 * seedRandom(5);
+    vec2 slow = loopCircle(0.065);
+    vec2 fast = loopCircle(0.13);
     for (int i = 0; i < 10; ++i) {
-        float place = (float(i) + 0.5 + 1.3 * (seedRandom(10 + i) - 0.5)) / 5.0 - 1.0;
-        float sway = sin(loopAngle(0.06 + 0.013 * float(i)) + tau * seedRandom(30 + i));
         float chance = seedRandom(50 + i);
+        float scatter = seedRandom(10 + i);
+        float place = (float(i) + 0.5 + 1.3 * (scatter - 0.5)) / 5.0 - 1.0;
+        // Each goes to and fro by a mixture of its own of two motions.
+        vec2 mixture = 2.0 * fract(64.0 * vec2(chance, scatter)) - 1.0;
+        vec2 motion = vec2(i % 3 == 0 ? slow.y : slow.x, (i & 1) == 0 ? fast.x : fast.y);
+        float sway = dot(mixture, motion);
         vec2 shaft = vec2(place + 0.05 * sway, 0.02 + 0.105 * chance * chance) * spread;
         if ((i & 1) == 0)
             k[2 + i / 2].xy = shaft;

@@ -12,18 +12,23 @@ void prepare(inout vec4 k[8])
     vec2 sheet = frameSize / min(frameSize.x, frameSize.y);
     vec2 middle = (vec2(seedRandom(41), seedRandom(42)) - 0.5) * 0.5;
     float angle = tau * seedRandom(0);
+    vec2 n = vec2(cos(angle), sin(angle));
+    vec2 circle = loopCircle(0.07);
     float wild = min(0.25 + 0.5 * lookWarp, 1.0);
     vec2 halfSheet = sheet;
     for (int i = 0; i < 5; ++i) {
-        vec2 n = vec2(cos(angle), sin(angle));
         float reach = dot(abs(n), halfSheet);
-        vec2 through = middle + 0.3 * reach * (seedRandom(i + 8) - 0.5) * n;
-        float sway = 0.03 * sin(loopAngle(0.05 + 0.013 * float(i)) + tau * seedRandom(i + 20));
+        float chance = seedRandom(i + 8);
+        vec2 through = middle + 0.3 * reach * (chance - 0.5) * n;
+        // Each sways in a time of its own within the same round.
+        float sway = 0.03 * dot(circle, 2.0 * fract(vec2(64.0, 1024.0) * chance) - 1.0);
         float tilt = (0.75 + 0.5 * seedRandom(i + 30)) * (seedRandom(i + 35) < 0.5 ? -1.0 : 1.0);
         k[i] = vec4(n, dot(through, n) + sway, tilt);
         middle -= 0.5 * reach * n;
         halfSheet *= mix(vec2(1.0), vec2(0.5), abs(n));
-        angle += 0.5 * pi + wild * 1.5 * (seedRandom(i + 1) - 0.5);
+        // A right angle and a little more or less; h is about the tangent of half of that.
+        float h = wild * 0.77 * (seedRandom(i + 1) - 0.5);
+        n = rotate(vec2(-n.y, n.x), vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h));
     }
     k[5] = spin(0.05);
     k[6] = vec4(seedOffset(21), 0.0, 0.0);

@@ -13,11 +13,17 @@ void prepare(inout vec4 k[8])
     float count = 6.0 + floor(2.99 * seedRandom(0));
     float uneven = min(0.02 + 0.05 * lookWarp, 0.2);
     float start = tau * seedRandom(1);
+    vec2 direction = vec2(cos(start), sin(start));
+    vec2 halfStep = vec2(cos(pi / count), sin(pi / count));
+    vec2 ahead = rotate(halfStep, halfStep);
     for (int i = 0; i < 8; ++i) {
-        float angle = start + tau / count * (float(i) + 1.5 * uneven * (seedRandom(i + 10) - 0.5));
+        // Aside by a small angle; h is about the tangent of its half.
+        float h = 1.5 * uneven * pi / count * (seedRandom(i + 10) - 0.5);
+        vec2 aside = vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h);
         float depth = 1.0 + uneven * (seedRandom(i + 20) - 0.5);
         // What is left of the eight has no slope, and crown() and pavilion() put it out of reach.
-        k[i].xy = float(i) < count ? depth * vec2(cos(angle), sin(angle)) : vec2(0.0);
+        k[i].xy = float(i) < count ? depth * rotate(direction, aside) : vec2(0.0);
+        direction = rotate(direction, ahead);
     }
     // The crystal lies off centre and is as oblong as the picture, only less so.
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
@@ -29,7 +35,7 @@ void prepare(inout vec4 k[8])
     // It rocks: the pavilion slides below the crown.
     k[3].zw = 0.06 * loopCircle(0.1);
     k[4].zw = vec2(tau * seedRandom(5) + loopAngle(0.1), 0.36 + 0.24 * seedRandom(6));
-    k[5].zw = vec2(cos(pi / count), sin(pi / count));
+    k[5].zw = halfStep;
     k[6].zw = vec2(0.018 * lookWarp * lookWarp, tau * seedRandom(7) + loopAngle(0.13));
     k[7].zw = vec2(0.5 + 0.35 * seedRandom(8), 2.4 + 1.4 * seedRandom(9));
 }

@@ -26,54 +26,70 @@ float fade(float x)
 /// A signal runs along it from the node of the lower number.
 vec2 filament(vec2 p, vec3 a, vec3 b, float width, float clock)
 {
-    uint pair = mixBits(floatBitsToUint(a.z + b.z));
-    float kin = unit(pair);
+    float kin = fract(91.7 * (a.z + b.z));
     vec2 d = b.xy - a.xy;
     float t = saturate(dot(p - a.xy, d) / max(dot(d, d), 1e-6));
-    float away = length(p - a.xy - d * t);
-    float ends = abs(2.0 * t - 1.0);
-    float thick = max(0.013 + 0.038 * ends * ends * ends * ends, width);
+    vec2 across = p - a.xy - d * t;
+    float away = dot(across, across);
+    float ends = 2.0 * t - 1.0;
+    ends *= ends;
+    float thick = max(0.013 + 0.038 * ends * ends, width);
     float known = smoothstep(0.38, 0.5, kin);
-    float core = fade(away * away / (thick * thick));
-    float near = max(1.0 - away / 0.125, 0.0);
+    float core = fade(away / (thick * thick));
+    float near = fade(away * 420.0);
     float signal = (a.z < b.z ? t : 1.0 - t) - 1.5 * fract(clock + 7.0 * kin) + 0.25;
-    return known * vec2(core, near * near) * (1.0 + 1.2 * fade(70.0 * signal * signal));
+    return known * vec2(core, near) * (1.0 + 1.2 * fade(70.0 * signal * signal));
 }
 
-/// A node of the lattice: its place, and a number of its own.
-vec3 node(ivec2 cell, vec4 turn)
+/// The node of the lattice's cell of this key, `offset` cells away: its place, and a number of its own.
+vec3 node(uint key, vec2 offset, vec4 turn)
 {
-    return vec3(vec2(cell) + latticePoint(cell, 0.72, turn), unit(mixBits(hashBits(cell) + 7u)));
+    uint bits = mixBits(key);
+    return vec3(offset + 0.5 + 0.36 * latticeGradient(bits, turn), unit(bits * latticeStepX));
+}
+
+/// Light of a node.
+float soma(vec2 p, vec3 node)
+{
+    vec2 offCenter = p - node.xy;
+    float d = dot(offCenter, offCenter);
+    float size = 0.05 + 0.06 * node.z;
+    return 1.6 * fade(d / (size * size)) + 0.28 * fade(d * 6.0) * (0.3 + node.z);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
     float density = k[3].z;
     vec2 q = rotate(p, k[3].xy) * density + k[2].xy;
-    vec2 bend = vec2(noise(q * 0.5 + k[2].zw, k[1]), noise(q * 0.5 - k[2].wz, k[1]));
+    // Bent along the contours of a noise, which neither gathers the nodes nor spreads them.
+    vec3 slow = noiseGradient(q * 0.5 + k[2].zw, k[1]);
+    vec2 bend = 0.2 * vec2(slow.z, -slow.y);
     q += 0.4 * lookWarp / (1.0 + 0.75 * lookWarp) * bend;
-    ivec2 cell = ivec2(floor(q));
-    vec2 origin = floor(q);
-    vec2 f = q - origin;
+    vec2 f = fract(q);
     float width = 0.9 * cellWidth() * density;
-    vec3 n[9];
-    float somas = 0.0;
-    for (int i = 0; i < 9; ++i) {
-        ivec2 offset = ivec2(i % 3 - 1, i / 3 - 1);
-        vec3 place = node(cell + offset, k[0]);
-        n[i] = vec3(place.xy - origin, place.z);
-        vec2 offCenter = f - n[i].xy;
-        float d = dot(offCenter, offCenter);
-        float size = 0.05 + 0.06 * place.z;
-        somas += 1.6 * fade(d / (size * size)) + 0.28 * fade(d * 6.0) * (0.3 + place.z);
-    }
+    // Once round the cell's own node: the four beside it, each with the corner that follows it.
+    uint key = latticeKey(ivec2(floor(q)));
+    vec3 own = node(key, vec2(0.0), k[0]);
+    vec2 side = vec2(1.0, 0.0);
+    uint toSide = latticeStepX;
+    uint toNext = latticeStepY;
+    vec3 last = node(key + toSide, side, k[0]);
+    float somas = soma(f, own);
     vec2 web = vec2(0.0);
-    for (int i = 0; i < 9; ++i)
-        if (i != 4)
-            web += filament(f, n[4], n[i], width, k[3].w);
-    web += filament(f, n[1], n[3], width, k[3].w) + filament(f, n[1], n[5], width, k[3].w);
-    web += filament(f, n[7], n[3], width, k[3].w) + filament(f, n[7], n[5], width, k[3].w);
-    float activity = 0.57 + 0.42 * (bend.x + bend.y);
+    for (int i = 0; i < 4; ++i) {
+        vec2 onward = vec2(-side.y, side.x);
+        vec3 corner = node(key + toSide + toNext, side + onward, k[0]);
+        vec3 next = node(key + toNext, onward, k[0]);
+        somas += soma(f, corner) + soma(f, next);
+        web += filament(f, own, corner, width, k[3].w) + filament(f, own, next, width, k[3].w);
+        web += filament(f, last, next, width, k[3].w);
+        side = onward;
+        last = next;
+        uint opposite = 0u - toSide;
+        toSide = toNext;
+        toNext = opposite;
+    }
+    float activity = 0.57 + 0.55 * slow.x;
     float fibres = 1.0 - abs(noise(q * 1.9 + k[2].wx + bend, k[0]));
     fibres *= fibres * fibres;
     float light = (web.x * 0.9 + 0.22 * web.y + somas) * max(activity, 0.17) + 0.16 * fibres * fibres;

@@ -42,7 +42,8 @@ float pattern(vec2 p, vec4 k[8])
     float fall = 1.0 / (1.0 + 0.22 * r * r);
     // The front of the beam is an edge, but a few degrees of it, so that it glides from cell to cell; behind
     // it the glow decays.
-    float front = smoothstep(0.0, max(0.09, 1.5 * width / r), since) * (1.0 - smoothstep(tau - 0.3, tau, since));
+    float front = smoothstep(0.0, max(0.09, 1.5 * width / r), since);
+    front *= 1.0 - smoothstep(tau - 0.3, tau, since);
     float glow = front * (0.9 * exp(-k[2].w * since) * max(echo, 0.2) + 0.4 * exp(-since * 7.0)) * fall;
 
     float ring = abs(mod(r + 0.5 * k[1].y, k[1].y) - 0.5 * k[1].y);
