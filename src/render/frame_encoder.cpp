@@ -13,6 +13,9 @@ namespace tessel {
 
 namespace {
 
+/// The side of the target that frames are prepared on.
+constexpr int smallSide = 64;
+
 constexpr TextureFormat rampFormat{GL_RGBA16F, GL_RGBA, GL_HALF_FLOAT};
 
 GlVertexArray makeVertexArray()
@@ -97,6 +100,8 @@ FrameEncoder::FrameEncoder(int longestScreen)
     , m_blueNoise(makeBlueNoise())
     , m_ramp(makeTexture(rampFormat, shaders::rampLength, 1))
     , m_rampTarget(makeFramebuffer(m_ramp))
+    , m_small(makeTexture(colorFormat, smallSide, smallSide))
+    , m_smallTarget(makeFramebuffer(m_small))
 
 {
 }
@@ -248,17 +253,24 @@ const CellTextures* FrameEncoder::encodeField(const Frame& frame)
     return cells;
 }
 
-void FrameEncoder::prepare(const Look& look, float cell)
+void FrameEncoder::prepare(const Frame& frame)
 {
-    if (look.dither == Dither::smooth)
-        m_programs.ramp();
-    if (cell <= 1.0F) {
-        m_programs.direct(look.pattern, look.dither);
-        return;
-    }
-    m_programs.field(look.pattern);
-    m_programs.inks(look.dither);
-    m_programs.composite(look.dither);
+    const auto longSide = static_cast<float>(std::max(frame.width, frame.height));
+    const float shrink = std::min(static_cast<float>(smallSide) / longSide, 1.0F);
+    const auto shrunk = [shrink](int side) {
+        return std::max(static_cast<int>(static_cast<float>(side) * shrink), 1);
+    };
+    // With the reference shrunk alike, the cells keep their size and with it the passes that they need.
+    encode({.previous = frame.previous,
+            .current = frame.current,
+            .width = shrunk(frame.width),
+            .height = shrunk(frame.height),
+            .mix = frame.mix,
+            .time = frame.time,
+            .reference = frame.reference * shrink,
+            .edge = frame.edge},
+           {m_smallTarget.name(), RowOrder::topFirst});
+    glFinish();
 }
 
 } // namespace tessel

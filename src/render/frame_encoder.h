@@ -73,8 +73,10 @@ public:
     /// first row on top. Returns where it is, nullptr if there is no room for it; valid until the next call.
     const CellTextures* encodeField(const Frame& frame);
 
-    /// Builds what a frame of this look needs, so that drawing it does not have to wait for the driver.
-    void prepare(const Look& look, float cell);
+    /// Draws the frame small and out of sight, so that whatever has to be built or loaded for it is there
+    /// when it is drawn for real: drivers compile a shader as late as at its first use. Waits until that is
+    /// done.
+    void prepare(const Frame& frame);
 
     [[nodiscard]] const PhotoCache& photos() const { return m_photos; }
 
@@ -110,6 +112,8 @@ private:
     GlTexture m_glyphs;
     GlTexture m_ramp;
     GlFramebuffer m_rampTarget;
+    GlTexture m_small;
+    GlFramebuffer m_smallTarget;
 };
 
 } // namespace tessel

@@ -22,11 +22,6 @@ bool drawable(int width, int height)
            height <= std::min(texture, viewport[1]);
 }
 
-void prepareLook(FrameEncoder& encoder, const Frame& frame, const Look& look)
-{
-    encoder.prepare(look, cellSize(look, frame.width, frame.height, frame.reference));
-}
-
 } // namespace
 
 std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame, StillTiming* timing)
@@ -42,9 +37,8 @@ std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame, St
 
     Stopwatch watch;
     StillTiming taken;
-    prepareLook(encoder, frame, frame.current);
-    if (frame.mix < 1.0F)
-        prepareLook(encoder, frame, frame.previous);
+    if (timing != nullptr)
+        encoder.prepare(frame);
     taken.shaders = watch.lap();
     encoder.encode(frame, {framebuffer.name(), RowOrder::topFirst});
     glFinish();

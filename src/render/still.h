@@ -12,7 +12,8 @@
 
 namespace tessel {
 
-/// Milliseconds that the steps of a still have taken.
+/// Milliseconds that the steps of a still have taken. To tell its shaders from its passes it is prepared
+/// first.
 struct StillTiming
 {
     double shaders = 0;

@@ -19,10 +19,12 @@ struct Counted;
 template<typename Result, typename... Arguments, Result (*&Function)(Arguments...)>
 struct Counted<Function>
 {
+    static inline long calls = 0;
     static inline Result (*original)(Arguments...) = nullptr;
     static Result call(Arguments... arguments)
     {
         ++graphicsObjects;
+        ++calls;
         return original(arguments...);
     }
     static void install()
@@ -109,6 +111,29 @@ TEST_F(SteadyState, AllocatesNothingAfterTheFirstFrames)
         EXPECT_EQ(allocations - before, 0) << title(dither);
         EXPECT_EQ(graphicsObjects - objectsBefore, 0) << title(dither);
     }
+}
+
+TEST_F(SteadyState, APreparedFrameBuildsNoShader)
+{
+    const long& shadersMade = Counted<epoxy_glCreateShader>::calls;
+    Look from;
+    from.pattern = Pattern::silk;
+    Look to;
+    to.pattern = Pattern::whorl;
+    for (const Dither dither : allDithers()) {
+        from.dither = to.dither = dither;
+        const Frame frame{.previous = from, .current = to, .width = 1280, .height = 720, .mix = 0.5F};
+        const auto picture = renderStill(encoder, frame);
+        FrameEncoder fresh;
+        fresh.prepare(frame);
+        const long before = shadersMade;
+        const auto prepared = renderStill(fresh, frame);
+        EXPECT_EQ(shadersMade, before) << title(dither);
+        EXPECT_TRUE(std::equal(picture->pixels.get(), picture->pixels.get() + picture->pixelCount(),
+                               prepared->pixels.get()))
+            << title(dither);
+    }
+    EXPECT_GT(shadersMade, 0) << "the count is of something";
 }
 
 TEST_F(SteadyState, TheCountNoticesAnAllocation)
