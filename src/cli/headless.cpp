@@ -3,9 +3,14 @@
 
 #include "cli/headless.h"
 
+#include "cli/options.h"
+
 #include <array>
 #include <iostream>
+#include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tessel::cli {
 
@@ -37,6 +42,15 @@ int& offscreenArguments()
 Headless::Headless() : m_application(offscreenArguments(), arguments.data())
 {
     qInstallMessageHandler(handlerBefore);
+}
+
+Picture Headless::draw(const Frame& frame, StillTiming* timing)
+{
+    std::optional<Picture> picture = renderStill(m_encoder, frame, timing);
+    if (!picture)
+        throw std::runtime_error("The " + sizeText({frame.width, frame.height}) +
+                                 " image could not be rendered. Try a smaller size.");
+    return std::move(*picture);
 }
 
 void Headless::warnOfPhoto(const Look& look) const

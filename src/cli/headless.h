@@ -6,6 +6,7 @@
 #include "model/look.h"
 #include "render/frame_encoder.h"
 #include "render/headless_context.h"
+#include "render/still.h"
 
 #include <QGuiApplication>
 
@@ -20,6 +21,10 @@ public:
     Headless();
 
     [[nodiscard]] FrameEncoder& encoder() { return m_encoder; }
+
+    /// Draws a frame.
+    /// \throws std::runtime_error for a size that the GPU cannot draw
+    [[nodiscard]] Picture draw(const Frame& frame, StillTiming* timing = nullptr);
 
     /// Says on standard error when the photo of a look that was drawn cannot be shown.
     void warnOfPhoto(const Look& look) const;

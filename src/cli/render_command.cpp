@@ -9,13 +9,11 @@
 #include "cli/progress.h"
 #include "model/look_json.h"
 #include "model/palette.h"
-#include "render/still.h"
 #include "render/stopwatch.h"
 
 #include <iomanip>
 #include <iostream>
 #include <memory>
-#include <stdexcept>
 
 namespace tessel::cli {
 
@@ -39,8 +37,8 @@ void render(const RenderOptions& options)
 {
     const Look look = readLook(options.frame.look);
     const Look previous = options.frame.previous.empty() ? look : readLook(options.frame.previous);
-    const std::string size = sizeText(options.frame.size);
-    const std::string out = options.out.empty() ? displayTitle(look) + ' ' + size + ".png" : options.out;
+    const std::string out =
+        options.out.empty() ? displayTitle(look) + ' ' + sizeText(options.frame.size) + ".png" : options.out;
     refuseTerminal(out);
 
     Stopwatch watch;
@@ -48,13 +46,10 @@ void render(const RenderOptions& options)
     const double context = watch.lap();
     StillTiming timing;
     Progress progress("Rendering", 2);
-    const std::optional<Picture> picture =
-        renderStill(headless.encoder(), makeFrame(options.frame, previous, look), &timing);
-    if (!picture)
-        throw std::runtime_error("The " + size + " image could not be rendered. Try a smaller size.");
+    const Picture picture = headless.draw(makeFrame(options.frame, previous, look), &timing);
     progress.report(1);
     watch.lap();
-    writePicture(*picture, encodeLook(look), out);
+    writePicture(picture, encodeLook(look), out);
     const double encode = watch.lap();
     progress.finish();
     headless.warnOfPhoto(look);

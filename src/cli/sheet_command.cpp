@@ -10,11 +10,8 @@
 #include "cli/progress.h"
 #include "model/palette.h"
 #include "model/shuffle.h"
-#include "render/still.h"
 
-#include <iostream>
 #include <memory>
-#include <stdexcept>
 #include <vector>
 
 namespace tessel::cli {
@@ -103,16 +100,13 @@ std::vector<SheetEntry> makeEntries(const SheetOptions& options)
 
 Tile drawTile(Headless& headless, const SheetEntry& entry, const SheetOptions& options)
 {
-    std::optional<Picture> picture = renderStill(headless.encoder(), {.previous = entry.look,
-                                                                      .current = entry.look,
-                                                                      .width = options.tile.width,
-                                                                      .height = options.tile.height,
-                                                                      .time = options.time,
-                                                                      .reference = options.reference});
-    if (!picture)
-        throw std::runtime_error("The " + sizeText(options.tile) +
-                                 " image could not be rendered. Try a smaller size.");
-    return {std::move(*picture), entry.label};
+    return {headless.draw({.previous = entry.look,
+                           .current = entry.look,
+                           .width = options.tile.width,
+                           .height = options.tile.height,
+                           .time = options.time,
+                           .reference = options.reference}),
+            entry.label};
 }
 
 void drawSheet(const SheetOptions& options)

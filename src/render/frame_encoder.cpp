@@ -102,7 +102,6 @@ FrameEncoder::FrameEncoder(int longestScreen)
     , m_rampTarget(makeFramebuffer(m_ramp))
     , m_small(makeTexture(colorFormat, smallSide, smallSide))
     , m_smallTarget(makeFramebuffer(m_small))
-
 {
 }
 

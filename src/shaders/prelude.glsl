@@ -22,7 +22,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define lookVignette uLook[9]
 #define lookInvert (uLook[10] > 0.5)
 #define lookSeed uLook[11]
-#define lookStopCount uLook[12]
+#define lookStopCount clamp(uLook[12], 2.0, 5.0)
 
 const float pi = 3.14159265358979;
 const float tau = 6.28318530717959;

@@ -10,7 +10,7 @@ out vec4 outColor;
 void main()
 {
     // The first and last texels hold the very ends, so that the sampler's edge texels are exact.
-    float tone = saturate((vPosition.x - 0.5) / (rampLength - 1.0)) * (clamp(lookStopCount, 2.0, 5.0) - 1.0);
+    float tone = saturate((vPosition.x - 0.5) / (rampLength - 1.0)) * (lookStopCount - 1.0);
     vec3 color = vInk[0];
     for (int i = 0; i < 4; ++i)
         color += (vInk[i + 1] - vInk[i]) * saturate(tone - float(i));

@@ -38,7 +38,7 @@ void prepareInks()
 #else
 void prepareInks()
 {
-    float count = clamp(lookStopCount, 2.0, 5.0);
+    float count = lookStopCount;
     float levels = max(floor(lookLevels + 0.5), 2.0);
     float inks = min(levels, count);
     vLevels = vec2(inks, inks / levels);

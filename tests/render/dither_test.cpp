@@ -140,9 +140,7 @@ TEST_F(Smooth, RunsFromTheFirstStopToTheLastWithoutASteppedTone)
 
 TEST_F(Smooth, BlendsStopsInOklab)
 {
-    QImage grey(8, 8, QImage::Format_Grayscale8);
-    grey.fill(128);
-    Look look = photoLook(grey);
+    Look look = greyLook(128);
     look.dither = Dither::smooth;
     look.custom = {0x0000FF, 0xFFFFFF};
     const Picture picture = draw(look, 64, 64);
@@ -157,9 +155,7 @@ using Tone = Graphics;
 
 TEST_F(Tone, ShiftsAlongTheRampWithoutAJump)
 {
-    QImage grey(8, 8, QImage::Format_Grayscale8);
-    grey.fill(163); // 0.64
-    Look look = photoLook(grey);
+    Look look = greyLook(163); // 0.64
     look.dither = Dither::posterize;
     look.custom = {0x000000, 0x010101, 0x020202, 0x030303, 0x040404};
     look.levels = 5;
@@ -175,9 +171,7 @@ TEST_F(Tone, ShiftsAlongTheRampWithoutAJump)
 
 TEST_F(Tone, InvertsAndStretchesAboutTheMiddle)
 {
-    QImage grey(8, 8, QImage::Format_Grayscale8);
-    grey.fill(166); // 0.65
-    Look look = photoLook(grey);
+    Look look = greyLook(166); // 0.65
     look.dither = Dither::posterize;
     look.custom = {0x000000, 0x010101, 0x020202, 0x030303, 0x040404};
     EXPECT_EQ(draw(look, 16, 16).pixels[0] & 0xFFU, 3U);
@@ -189,9 +183,7 @@ TEST_F(Tone, InvertsAndStretchesAboutTheMiddle)
 
 TEST_F(Tone, VignetteDarkensTheCornersOnly)
 {
-    QImage grey(8, 8, QImage::Format_Grayscale8);
-    grey.fill(200);
-    Look look = photoLook(grey);
+    Look look = greyLook(200);
     look.dither = Dither::smooth;
     look.custom = {0x000000, 0xFFFFFF};
     look.vignette = 1.0F;

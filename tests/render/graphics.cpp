@@ -56,6 +56,13 @@ Look Graphics::photoLook(const QImage& photo)
     return look;
 }
 
+Look Graphics::greyLook(uint grey)
+{
+    QImage photo(8, 8, QImage::Format_Grayscale8);
+    photo.fill(grey);
+    return photoLook(photo);
+}
+
 Look Graphics::rampLook()
 {
     QImage ramp(512, 288, QImage::Format_Grayscale8);

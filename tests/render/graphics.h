@@ -28,6 +28,9 @@ protected:
     /// A look that shows an 8-bit grey picture and nothing else: no grain, no vignette, plain contrast.
     Look photoLook(const QImage& photo);
 
+    /// A look that shows one grey, 0 to 255.
+    Look greyLook(uint grey);
+
     /// A look that shows a horizontal ramp from black to white.
     Look rampLook();
 
