@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QLockFile>
 #include <QSaveFile>
 #include <QSettings>
@@ -119,6 +120,8 @@ QByteArray lineFor(const std::string& key, const SettingValue& value)
         text = *flag ? "true" : "false";
     } else if (const auto* number = std::get_if<qint64>(&value)) {
         text = QByteArray::number(*number);
+    } else if (const auto* real = std::get_if<double>(&value)) {
+        text = QByteArray::number(*real, 'g', QLocale::FloatingPointShortest);
     } else {
         text = quoted(std::get<QByteArray>(value));
     }

@@ -17,7 +17,7 @@
 namespace tessel {
 
 /// What a setting can be set to; bytes hold JSON or other text in UTF-8.
-using SettingValue = std::variant<bool, qint64, QByteArray>;
+using SettingValue = std::variant<bool, qint64, double, QByteArray>;
 using SettingValues = std::map<std::string, SettingValue>;
 
 /// The settings that a file holds, and what is wrong with the file as a whole.

@@ -139,7 +139,9 @@ Store::Store(StoreEnvironment environment, QObject* parent)
 
 void Store::load()
 {
-    SettingsReader settings(readSettings(m_environment.settingsFile), m_problems);
+    StoredSettings stored = readSettings(m_environment.settingsFile);
+    m_kept = stored.values;
+    SettingsReader settings(std::move(stored), m_problems);
     settings.readJson("look", m_state.look, decodeLook);
     settings.readJson("desktop", m_state.desktop, decodeLook);
     settings.read("motion", m_state.motion);
@@ -294,6 +296,19 @@ void Store::endEditing()
     update(m_state.draftStops, {}, &Store::draftStopsChanged);
     update(m_state.draftStopsIndex, {}, &Store::draftStopsIndexChanged);
     update(m_state.stopsBeforeEdit, {}, &Store::stopsBeforeEditChanged);
+    finish();
+}
+
+QVariant Store::kept(const std::string& key) const
+{
+    const auto entry = m_kept.find(key);
+    return entry == m_kept.end() ? QVariant() : entry->second;
+}
+
+void Store::keep(const std::string& key, SettingValue value)
+{
+    m_kept[key] = std::visit([](const auto& held) { return QVariant::fromValue(held); }, value);
+    m_unsaved[key] = std::move(value);
     finish();
 }
 

@@ -173,6 +173,11 @@ public:
     /// Abandons the palette being edited, if there is one: the look has its colours of before again.
     Q_INVOKABLE void endEditing();
 
+    /// A value that another part of the application keeps among the settings; invalid if there is none.
+    [[nodiscard]] QVariant kept(const std::string& key) const;
+    /// Keeps such a value, saved at once. Its key is none of the properties'.
+    void keep(const std::string& key, SettingValue value);
+
     /// Saves what is not saved yet, as before the program ends.
     /// \return whether everything is saved
     bool saveNow();
@@ -263,6 +268,7 @@ private:
     StoreEnvironment m_environment;
     State m_state;
     std::vector<SettingProblem> m_problems;
+    std::map<std::string, QVariant> m_kept;
     SettingValues m_unsaved;
     bool m_failing = false;
     QTimer m_lookTimer;  ///< runs while the edited look is not saved

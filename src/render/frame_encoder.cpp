@@ -114,10 +114,10 @@ void FrameEncoder::bind(TextureUnit unit, GLuint texture, GLuint sampler)
 }
 
 void FrameEncoder::draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport,
-                        float extentX, float extentY, RowOrder rows)
+                        float extentX, float extentY, RowOrder rows, int firstRow)
 {
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    glViewport(0, 0, viewport.width, viewport.height);
+    glViewport(0, -firstRow, viewport.width, viewport.height);
     glUseProgram(program.object.name());
     glUniform1fv(program.frame, frameHeaderLength, frameHeader(pass.block).data());
     glUniform1fv(program.look, lookBlockLength, lookBlock(pass.block, pass.slot).data());
@@ -195,7 +195,7 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
     }
     setBlending(pass.slot == Slot::current ? frame.mix : 1.0F);
     draw(pass, program, target.framebuffer, size, static_cast<float>(frame.width) / cell,
-         static_cast<float>(frame.height) / cell, target.rows);
+         static_cast<float>(frame.height) / cell, target.rows, target.firstRow);
 }
 
 std::shared_ptr<const Photo> FrameEncoder::photoOf(const Look& look)
@@ -241,15 +241,46 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
     end();
 }
 
-const CellTextures* FrameEncoder::encodeField(const Frame& frame)
+const CellTextures* FrameEncoder::encodeGrid(const Frame& frame,
+                                             const CellTextures* (FrameEncoder::*drawGrid)(const Pass&,
+                                                                                           GridSize))
 {
     const std::shared_ptr<const Photo> photo = photoOf(frame.current);
     const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
     const GridSize grid = fieldSize(frame.width, frame.height, cellSize(block, Slot::current));
     begin();
-    const CellTextures* cells = drawField({block, Slot::current, frame.current, textureOf(photo)}, grid);
+    const CellTextures* cells =
+        (this->*drawGrid)({block, Slot::current, frame.current, textureOf(photo)}, grid);
     end();
     return cells;
+}
+
+const CellTextures* FrameEncoder::encodeField(const Frame& frame)
+{
+    return encodeGrid(frame, &FrameEncoder::drawField);
+}
+
+const CellTextures* FrameEncoder::encodeCells(const Frame& frame)
+{
+    return encodeGrid(frame, &FrameEncoder::drawCells);
+}
+
+bool FrameEncoder::isPrepared(const Look& look, const Frame& frame) const
+{
+    if (look.dither == Dither::ascii && !m_glyphs)
+        return false;
+    if (look.dither == Dither::smooth && !m_programs.hasRamp())
+        return false;
+    if (look.pattern == Pattern::image && look.imagePath && !m_photos.holds(*look.imagePath))
+        return false;
+    const float cell = cellSize(look, frame.width, frame.height, frame.reference);
+    return cell <= 1.0F ? m_programs.hasDirect(look.pattern, look.dither)
+                        : m_programs.hasCells(look.pattern, look.dither);
+}
+
+bool FrameEncoder::isPrepared(const Frame& frame) const
+{
+    return isPrepared(frame.current, frame) && (frame.mix >= 1.0F || isPrepared(frame.previous, frame));
 }
 
 void FrameEncoder::prepare(const Frame& frame)
@@ -268,7 +299,7 @@ void FrameEncoder::prepare(const Frame& frame)
             .time = frame.time,
             .reference = frame.reference * shrink,
             .edge = frame.edge},
-           {m_smallTarget.name(), RowOrder::topFirst});
+           {.framebuffer = m_smallTarget.name()});
     glFinish();
 }
 

@@ -25,6 +25,7 @@ struct Target
 {
     GLuint framebuffer = 0;
     RowOrder rows = RowOrder::topFirst;
+    int firstRow = 0; ///< the frame's row that is the target's first; the target may hold only a part
 };
 
 /// The textures one look is worked out in before it is enlarged to the target.
@@ -73,12 +74,20 @@ public:
     /// first row on top. Returns where it is, nullptr if there is no room for it; valid until the next call.
     const CellTextures* encodeField(const Frame& frame);
 
+    /// Draws only the cells of the frame's current look, whose dither must be one that gives each cell one
+    /// colour: they are in the lower texture, otherwise as encodeField() says.
+    const CellTextures* encodeCells(const Frame& frame);
+
+    /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
+    [[nodiscard]] bool isPrepared(const Frame& frame) const;
+
     /// Draws the frame small and out of sight, so that whatever has to be built or loaded for it is there
     /// when it is drawn for real: drivers compile a shader as late as at its first use. Waits until that is
     /// done.
     void prepare(const Frame& frame);
 
     [[nodiscard]] const PhotoCache& photos() const { return m_photos; }
+    [[nodiscard]] PhotoCache& photos() { return m_photos; }
 
 private:
     struct Pass
@@ -93,9 +102,13 @@ private:
     [[nodiscard]] GLuint textureOf(const std::shared_ptr<const Photo>& photo) const;
     void begin();
     void end();
+    [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
+    [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame,
+                                                 const CellTextures* (FrameEncoder::*drawGrid)(const Pass&,
+                                                                                               GridSize));
     const CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
-              float extentY, RowOrder rows);
+              float extentY, RowOrder rows, int firstRow = 0);
     const CellTextures* drawCells(const Pass& pass, GridSize grid);
     void drawRamp(const Pass& pass);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);

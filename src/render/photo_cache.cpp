@@ -40,23 +40,44 @@ PhotoCache::PhotoCache(int longestScreen) : m_longestSide(longestPhotoSide(longe
     m_photos.reserve(capacity);
 }
 
+std::vector<PhotoCache::Entry>::const_iterator PhotoCache::entry(const std::string& path) const
+{
+    return std::ranges::find(m_photos, path, &Entry::first);
+}
+
+template<typename MakeImage>
+std::shared_ptr<const Photo> PhotoCache::take(const std::string& path, MakeImage makeImage)
+{
+    try {
+        auto photo = std::make_shared<const Photo>(upload(makeImage()));
+        if (m_photos.size() == capacity)
+            m_photos.erase(m_photos.begin());
+        return m_photos.emplace_back(path, std::move(photo)).second;
+    } catch (const PhotoError& error) {
+        m_failed.emplace(path, error.what());
+        return nullptr;
+    }
+}
+
 std::shared_ptr<const Photo> PhotoCache::find(const std::optional<std::string>& path)
 {
     if (!path || m_failed.contains(*path))
         return nullptr;
-    const auto found = std::ranges::find(m_photos, *path,
-                                         [](const auto& entry) -> const std::string& { return entry.first; });
+    const auto found = entry(*path);
     if (found != m_photos.end())
         return found->second;
-    try {
-        auto photo = std::make_shared<const Photo>(upload(readPhoto(*path, m_longestSide)));
-        if (m_photos.size() == capacity)
-            m_photos.erase(m_photos.begin());
-        return m_photos.emplace_back(*path, std::move(photo)).second;
-    } catch (const PhotoError& error) {
-        m_failed.emplace(*path, error.what());
-        return nullptr;
-    }
+    return take(*path, [&] { return readPhoto(*path, m_longestSide); });
+}
+
+bool PhotoCache::holds(const std::string& path) const
+{
+    return m_failed.contains(path) || entry(path) != m_photos.end();
+}
+
+void PhotoCache::add(const std::string& path, const QImage& image)
+{
+    if (!holds(path))
+        take(path, [&]() -> const QImage& { return image; });
 }
 
 std::string PhotoCache::problem(const std::string& path) const

@@ -85,35 +85,60 @@ const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
     return m_programs.emplace(key, build(makeSource())).first->second;
 }
 
+ProgramLibrary::Key ProgramLibrary::inksKey(Dither dither)
+{
+    // The screen dithers differ only in how they choose between the inks, but for the characters.
+    const bool shared = shaders::kind(dither) == shaders::DitherKind::screen && dither != Dither::ascii;
+    return {Kind::inks, {}, shared ? Dither::halftone : dither};
+}
+
+ProgramLibrary::Key ProgramLibrary::compositeKey(Dither dither)
+{
+    const bool shared = shaders::kind(dither) != shaders::DitherKind::screen;
+    return {Kind::composite, {}, shared ? Dither::posterize : dither};
+}
+
 const Program& ProgramLibrary::field(Pattern pattern)
 {
-    return find({Kind::field, pattern, {}}, [&] { return shaders::field(pattern, m_dialect); });
+    return find(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
 }
 
 const Program& ProgramLibrary::inks(Dither dither)
 {
-    // The screen dithers differ only in how they choose between the inks, but for the characters.
-    const bool shared = shaders::kind(dither) == shaders::DitherKind::screen && dither != Dither::ascii;
-    const Dither representative = shared ? Dither::halftone : dither;
-    return find({Kind::inks, {}, representative}, [&] { return shaders::inks(representative, m_dialect); });
+    const Key key = inksKey(dither);
+    return find(key, [&] { return shaders::inks(key.dither, m_dialect); });
 }
 
 const Program& ProgramLibrary::ramp()
 {
-    return find({Kind::ramp, {}, {}}, [&] { return shaders::ramp(m_dialect); });
+    return find(rampKey(), [&] { return shaders::ramp(m_dialect); });
 }
 
 const Program& ProgramLibrary::composite(Dither dither)
 {
-    const bool shared = shaders::kind(dither) != shaders::DitherKind::screen;
-    const Dither representative = shared ? Dither::posterize : dither;
-    return find({Kind::composite, {}, representative},
-                [&] { return shaders::composite(representative, m_dialect); });
+    const Key key = compositeKey(dither);
+    return find(key, [&] { return shaders::composite(key.dither, m_dialect); });
 }
 
 const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)
 {
-    return find({Kind::direct, pattern, dither}, [&] { return shaders::direct(pattern, dither, m_dialect); });
+    return find(directKey(pattern, dither), [&] { return shaders::direct(pattern, dither, m_dialect); });
+}
+
+bool ProgramLibrary::hasDirect(Pattern pattern, Dither dither) const
+{
+    return m_programs.contains(directKey(pattern, dither));
+}
+
+bool ProgramLibrary::hasRamp() const
+{
+    return m_programs.contains(rampKey());
+}
+
+bool ProgramLibrary::hasCells(Pattern pattern, Dither dither) const
+{
+    return m_programs.contains(fieldKey(pattern)) && m_programs.contains(inksKey(dither)) &&
+           m_programs.contains(compositeKey(dither));
 }
 
 } // namespace tessel

@@ -47,6 +47,12 @@ public:
     const Program& composite(Dither dither);
     const Program& direct(Pattern pattern, Dither dither);
 
+    /// Whether the programs are built already: that of direct(), that of ramp(), and the three of a picture
+    /// made of cells.
+    [[nodiscard]] bool hasDirect(Pattern pattern, Dither dither) const;
+    [[nodiscard]] bool hasRamp() const;
+    [[nodiscard]] bool hasCells(Pattern pattern, Dither dither) const;
+
 private:
     enum class Kind : std::uint8_t
     {
@@ -63,6 +69,12 @@ private:
         Dither dither;
         auto operator<=>(const Key&) const = default;
     };
+
+    static Key fieldKey(Pattern pattern) { return {Kind::field, pattern, {}}; }
+    static Key inksKey(Dither dither);
+    static Key rampKey() { return {Kind::ramp, {}, {}}; }
+    static Key compositeKey(Dither dither);
+    static Key directKey(Pattern pattern, Dither dither) { return {Kind::direct, pattern, dither}; }
 
     template<typename MakeSource>
     const Program& find(Key key, MakeSource makeSource);

@@ -12,6 +12,9 @@ namespace tessel {
 
 namespace {
 
+/// The rows of the largest matrix that a dither looks up by pixel, and more for good measure.
+constexpr int matrixRows = 16;
+
 bool drawable(int width, int height)
 {
     std::array<GLint, 2> viewport{};
@@ -24,33 +27,68 @@ bool drawable(int width, int height)
 
 } // namespace
 
-std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame, StillTiming* timing)
+StillDrawing::StillDrawing(const Frame& frame, int sliceRows) : m_frame(frame)
 {
-    if (!drawable(frame.width, frame.height))
-        return std::nullopt;
-    const GlTexture texture = makeTexture(colorFormat, frame.width, frame.height);
-    if (!texture)
-        return std::nullopt;
-    const GlFramebuffer framebuffer = makeFramebuffer(texture);
-    if (!framebuffer)
-        return std::nullopt;
+    setSliceRows(sliceRows);
+}
 
+void StillDrawing::setSliceRows(int rows)
+{
+    // What a dither makes of a pixel depends on its row within the target, modulo its matrix.
+    m_sliceRows = std::max(rows + matrixRows - 1, matrixRows) / matrixRows * matrixRows;
+}
+
+/// Makes room for the picture and for a slice of the size that is wanted now.
+bool StillDrawing::begin()
+{
+    if (!m_picture) {
+        if (!drawable(m_frame.width, m_frame.height))
+            return false;
+        m_picture.emplace(m_frame.width, m_frame.height);
+    }
+    const int rows = std::min(m_sliceRows, m_frame.height);
+    if (rows == m_targetRows)
+        return true;
+    m_targetRows = rows;
+    m_framebuffer = {};
+    m_texture = makeTexture(colorFormat, m_frame.width, rows);
+    if (m_texture)
+        m_framebuffer = makeFramebuffer(m_texture);
+    return static_cast<bool>(m_framebuffer);
+}
+
+bool StillDrawing::advance(FrameEncoder& encoder, StillTiming* timing)
+{
+    if (!begin()) {
+        m_picture.reset();
+        return false;
+    }
     Stopwatch watch;
     StillTiming taken;
     if (timing != nullptr)
-        encoder.prepare(frame);
+        encoder.prepare(m_frame);
     taken.shaders = watch.lap();
-    encoder.encode(frame, {framebuffer.name(), RowOrder::topFirst});
+    encoder.encode(m_frame,
+                   {.framebuffer = m_framebuffer.name(), .rows = RowOrder::topFirst, .firstRow = m_done});
     glFinish();
     taken.passes = watch.lap();
-    Picture picture(frame.width, frame.height);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.name());
+    const int rows = std::min(m_targetRows, m_frame.height - m_done);
+    glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer.name());
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, frame.width, frame.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, picture.pixels.get());
+    glReadPixels(0, 0, m_frame.width, rows, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+                 m_picture->row(m_done).data());
     taken.readBack = watch.lap();
     if (timing != nullptr)
         *timing = taken;
-    return picture;
+    m_done += rows;
+    return m_done < m_frame.height;
+}
+
+std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame, StillTiming* timing)
+{
+    StillDrawing drawing(frame, frame.height);
+    drawing.advance(encoder, timing);
+    return drawing.take();
 }
 
 std::optional<Field> renderField(FrameEncoder& encoder, const Frame& frame)

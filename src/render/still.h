@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace tessel {
@@ -19,6 +20,38 @@ struct StillTiming
     double shaders = 0;
     double passes = 0;
     double readBack = 0;
+};
+
+/// A frame that is drawn without any window and read back, in slices, so that whoever draws it can do other
+/// things in between.
+class StillDrawing
+{
+public:
+    /// \param frame its looks must outlive the drawing
+    /// \param sliceRows rows of a slice, from the top; rounded up to whole dither matrices
+    StillDrawing(const Frame& frame, int sliceRows);
+
+    /// Draws the next slice.
+    /// \return whether there are more to draw; false once all is drawn, and when nothing can be, because the
+    /// size is not positive or more than the GPU can draw
+    bool advance(FrameEncoder& encoder, StillTiming* timing = nullptr);
+
+    /// The size of the slices to come.
+    void setSliceRows(int rows);
+
+    /// The picture, once; none if it could not be drawn.
+    [[nodiscard]] std::optional<Picture> take() { return std::exchange(m_picture, std::nullopt); }
+
+private:
+    bool begin();
+
+    Frame m_frame;
+    int m_sliceRows = 0;
+    int m_targetRows = 0;
+    int m_done = 0;
+    GlTexture m_texture;
+    GlFramebuffer m_framebuffer;
+    std::optional<Picture> m_picture;
 };
 
 /// Draws one frame without any window and reads it back. None if the size is not positive or more than the

@@ -420,6 +420,23 @@ TEST_F(StoreTest, SettingsAreSavedAtOnceAndToldOnce)
     EXPECT_TRUE(seen.back().startsWith("presets="));
 }
 
+TEST_F(StoreTest, KeepsTheSettingsOfOthers)
+{
+    const QByteArray json = R"(["/home/a b/wall-1.png","/tmp/\"ü,;.png"])";
+    {
+        auto store = makeStore();
+        EXPECT_FALSE(store->kept("desktopPhase").isValid());
+        store->keep("desktopPhase", 4711.0625e-3);
+        store->keep("latestPictures", json);
+        store->keep("onboarded", true);
+        EXPECT_EQ(store->kept("latestPictures").toByteArray(), json);
+    }
+    const auto store = makeStore();
+    EXPECT_EQ(store->kept("desktopPhase").toDouble(), 4711.0625e-3);
+    EXPECT_EQ(store->kept("latestPictures").toByteArray(), json);
+    EXPECT_TRUE(store->kept("onboarded").toBool());
+}
+
 TEST_F(StoreTest, RefusesWhatCouldNotBeLoadedAgain)
 {
     const auto store = makeStore();

@@ -125,7 +125,9 @@ TEST_F(SteadyState, APreparedFrameBuildsNoShader)
         const Frame frame{.previous = from, .current = to, .width = 1280, .height = 720, .mix = 0.5F};
         const auto picture = renderStill(encoder, frame);
         FrameEncoder fresh;
+        EXPECT_FALSE(fresh.isPrepared(frame)) << title(dither);
         fresh.prepare(frame);
+        EXPECT_TRUE(fresh.isPrepared(frame)) << title(dither);
         const long before = shadersMade;
         const auto prepared = renderStill(fresh, frame);
         EXPECT_EQ(shadersMade, before) << title(dither);

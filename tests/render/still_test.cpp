@@ -11,6 +11,15 @@ namespace {
 
 using Still = Graphics;
 
+/// How many pixels differ in two pictures of one size.
+std::size_t differing(const Picture& one, const Picture& other)
+{
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < one.pixelCount(); ++i)
+        count += one.pixels[i] != other.pixels[i] ? 1U : 0U;
+    return count;
+}
+
 TEST_F(Still, RefusesSizesTheGpuCannotDraw)
 {
     const Look look;
@@ -82,20 +91,39 @@ TEST_F(Still, IsTurnedOverForWindows)
         EXPECT_TRUE(std::ranges::equal(turned.row(149 - y), upright.row(y))) << y;
 }
 
+TEST_F(Still, SlicesGiveTheWholePicture)
+{
+    Look from = rampLook();
+    Look to;
+    to.pattern = Pattern::silk;
+    for (const Dither dither : allDithers()) {
+        from.dither = to.dither = dither;
+        const Frame frame{.previous = from, .current = to, .width = 333, .height = 250, .mix = 0.5F};
+        const auto whole = renderStill(encoder, frame);
+        StillDrawing drawing(frame, 20);
+        int slices = 1;
+        while (drawing.advance(encoder)) {
+            ++slices;
+            drawing.setSliceRows(20 * slices);
+        }
+        const auto sliced = drawing.take();
+        EXPECT_GT(slices, 2);
+        ASSERT_TRUE(whole && sliced);
+        // Where a character's pixel borders on another, rounding decides which of them is seen.
+        EXPECT_LE(differing(*whole, *sliced), dither == Dither::ascii ? whole->pixelCount() / 1000 : 0U)
+            << title(dither);
+        EXPECT_FALSE(drawing.take()) << "it is there once";
+    }
+}
+
 TEST_F(Still, ComesRoundWithTheClock)
 {
     const Look look;
     const Picture start = draw(look, 320, 180, 0.0);
     const Picture later = draw(look, 320, 180, 5.0);
     const Picture round = draw(look, 320, 180, 2000.0 * std::numbers::pi);
-    const auto differing = [&](const Picture& other) {
-        std::size_t count = 0;
-        for (std::size_t i = 0; i < start.pixelCount(); ++i)
-            count += start.pixels[i] != other.pixels[i] ? 1U : 0U;
-        return count;
-    };
-    EXPECT_GT(differing(later), start.pixelCount() / 20) << "it moves";
-    EXPECT_LT(differing(round), start.pixelCount() / 200) << "without a jump";
+    EXPECT_GT(differing(start, later), start.pixelCount() / 20) << "it moves";
+    EXPECT_LT(differing(start, round), start.pixelCount() / 200) << "without a jump";
 }
 
 TEST_F(Still, BatchesGiveOnePictureForEachLook)
