@@ -14,7 +14,7 @@ namespace tessel {
 namespace {
 
 /// The side of the target that frames are prepared on.
-constexpr int smallSide = 64;
+constexpr int smallSide = 16;
 
 constexpr TextureFormat rampFormat{GL_RGBA16F, GL_RGBA, GL_HALF_FLOAT};
 
@@ -285,21 +285,9 @@ bool FrameEncoder::isPrepared(const Frame& frame) const
 
 void FrameEncoder::prepare(const Frame& frame)
 {
-    const auto longSide = static_cast<float>(std::max(frame.width, frame.height));
-    const float shrink = std::min(static_cast<float>(smallSide) / longSide, 1.0F);
-    const auto shrunk = [shrink](int side) {
-        return std::max(static_cast<int>(static_cast<float>(side) * shrink), 1);
-    };
-    // With the reference shrunk alike, the cells keep their size and with it the passes that they need.
-    encode({.previous = frame.previous,
-            .current = frame.current,
-            .width = shrunk(frame.width),
-            .height = shrunk(frame.height),
-            .mix = frame.mix,
-            .time = frame.time,
-            .reference = frame.reference * shrink,
-            .edge = frame.edge},
-           {.framebuffer = m_smallTarget.name()});
+    // Only a corner of the picture has room, yet all else is as large as it will be: software renderers
+    // compile a shader anew for textures of other sizes.
+    encode(frame, {.framebuffer = m_smallTarget.name()});
     glFinish();
 }
 

@@ -81,7 +81,7 @@ public:
     /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
     [[nodiscard]] bool isPrepared(const Frame& frame) const;
 
-    /// Draws the frame small and out of sight, so that whatever has to be built or loaded for it is there
+    /// Draws a corner of the frame out of sight, so that whatever has to be built or loaded for it is there
     /// when it is drawn for real: drivers compile a shader as late as at its first use. Waits until that is
     /// done.
     void prepare(const Frame& frame);
@@ -103,9 +103,8 @@ private:
     void begin();
     void end();
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
-    [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame,
-                                                 const CellTextures* (FrameEncoder::*drawGrid)(const Pass&,
-                                                                                               GridSize));
+    [[nodiscard]] const CellTextures*
+    encodeGrid(const Frame& frame, const CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize));
     const CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
               float extentY, RowOrder rows, int firstRow = 0);

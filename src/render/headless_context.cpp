@@ -107,7 +107,7 @@ HeadlessContext::~HeadlessContext()
 {
     eglMakeCurrent(m_display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
     eglDestroyContext(m_display, m_context);
-    eglTerminate(m_display);
+    // The display stays: it is the whole process's, and others may be drawing with it on other threads.
 }
 
 } // namespace tessel
