@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QWindow>
+
+#include <memory>
+
+namespace tessel {
+
+/// The keyboard focus among the windows of all programs, for one that is in the background as a rule.
+class Focus
+{
+public:
+    virtual ~Focus() = default;
+
+    /// The window that has the focus, whosever it is; 0 for none.
+    [[nodiscard]] virtual WId current() = 0;
+
+    /// Asks for the focus for a window. One that is gone is left alone.
+    virtual void give(WId window) = 0;
+
+    /// Makes a window that is about to be shown appear on every workspace.
+    virtual void showEverywhere(WId window) = 0;
+};
+
+/// nullptr where the window system decides about these things alone.
+[[nodiscard]] std::unique_ptr<Focus> makeFocus();
+
+} // namespace tessel

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/running_instance.h"
+
+#include <QDBusConnectionInterface>
+#include <QDebug>
+#include <QDir>
+#include <QStandardPaths>
+
+#include <chrono>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+const auto busName = QStringLiteral("org.tesselbroth.TesselBroth");
+const auto objectPath = QStringLiteral("/org/tesselbroth/TesselBroth");
+const auto interfaceName = QStringLiteral("org.freedesktop.Application");
+
+/// One that hangs must not make us hang as well.
+constexpr std::chrono::milliseconds patience{2000};
+
+const QStringList& actions()
+{
+    static const QStringList names{QStringLiteral("new-wallpaper"), QStringLiteral("previous-wallpaper"),
+                                   QStringLiteral("toggle-motion"), QStringLiteral("open-editor"),
+                                   QStringLiteral("quit")};
+    return names;
+}
+
+void askToComeForward(const QDBusConnection& bus)
+{
+    auto question =
+        QDBusMessage::createMethodCall(busName, objectPath, interfaceName, QStringLiteral("Activate"));
+    question << QVariantMap();
+    question.setAutoStartService(false);
+    const auto answer = bus.call(question, QDBus::Block, static_cast<int>(patience.count()));
+    if (answer.type() == QDBusMessage::ErrorMessage)
+        qWarning().noquote() << "Tessel Broth already runs, but does not answer:" << answer.errorMessage();
+}
+
+/// Below the folder of this login if there is one, which empties itself.
+QString lockFolder()
+{
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QDir(runtime).exists())
+        return runtime;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Tessel Broth");
+}
+
+} // namespace
+
+ApplicationInterface::ApplicationInterface(QDBusConnection bus, RunningInstance* instance)
+    : QObject(instance)
+    , m_bus(std::move(bus))
+    , m_instance(instance)
+{
+}
+
+void ApplicationInterface::Activate(const QVariantMap& /*platformData*/)
+{
+    Q_EMIT m_instance->activated();
+}
+
+void ApplicationInterface::Open(const QStringList& /*uris*/, const QVariantMap& platformData)
+{
+    Activate(platformData);
+}
+
+void ApplicationInterface::ActivateAction(const QString& name, const QVariantList& /*parameter*/,
+                                          const QVariantMap& /*platformData*/, const QDBusMessage& message)
+{
+    if (actions().contains(name)) {
+        Q_EMIT m_instance->actionRequested(name);
+        return;
+    }
+    message.setDelayedReply(true);
+    m_bus.send(message.createErrorReply(QDBusError::InvalidArgs,
+                                        QStringLiteral("There is no action \"%1\". The actions are %2.")
+                                            .arg(name, actions().join(QStringLiteral(", ")))));
+}
+
+BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
+{
+    // Before the name is ours, since a call may come the moment that it is.
+    auto* interface = new ApplicationInterface(m_bus, this);
+    m_bus.registerObject(objectPath, interface, QDBusConnection::ExportAllSlots);
+    // Neither waits in a queue for the name, nor lets another take it.
+    m_isFirst = m_bus.registerService(busName);
+    if (m_isFirst)
+        return;
+    m_bus.unregisterObject(objectPath);
+    askToComeForward(m_bus);
+}
+
+BusInstance::~BusInstance()
+{
+    if (!m_isFirst)
+        return;
+    m_bus.unregisterService(busName);
+    m_bus.unregisterObject(objectPath);
+}
+
+LockFileInstance::LockFileInstance(const QString& folder)
+    : m_lock(folder + QLatin1Char('/') + busName + QStringLiteral(".lock"))
+{
+    // It is held for days: only the death of its holder makes it stale, never its age.
+    m_lock.setStaleLockTime(0);
+    QDir().mkpath(folder);
+    m_isFirst = m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError;
+}
+
+std::unique_ptr<RunningInstance> claimInstance()
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.isConnected())
+        return std::make_unique<BusInstance>(bus);
+    return std::make_unique<LockFileInstance>(lockFolder());
+}
+
+} // namespace tessel

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/running_instance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QLockFile>
+#include <QString>
+#include <QVariant>
+
+namespace tessel {
+
+/// The owner of the program's name on the session bus, or one that found it taken.
+class BusInstance : public RunningInstance
+{
+    Q_OBJECT
+
+public:
+    /// Waits for the bus, and for up to 2 s for the instance that already runs.
+    explicit BusInstance(QDBusConnection bus);
+    ~BusInstance() override;
+
+    [[nodiscard]] bool isFirst() const override { return m_isFirst; }
+
+private:
+    QDBusConnection m_bus;
+    bool m_isFirst = false;
+};
+
+/// The holder of a lock file, where there is no session bus: nobody can be asked to come forward.
+class LockFileInstance : public RunningInstance
+{
+    Q_OBJECT
+
+public:
+    /// \param folder made if it is missing; where no file can be written, everybody is first
+    explicit LockFileInstance(const QString& folder);
+
+    [[nodiscard]] bool isFirst() const override { return m_isFirst; }
+
+private:
+    QLockFile m_lock;
+    bool m_isFirst = false;
+};
+
+/// What the desktop calls on the running instance (Desktop Entry rules, "D-Bus Activation").
+class ApplicationInterface : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    ApplicationInterface(QDBusConnection bus, RunningInstance* instance);
+
+    Q_SLOT void Activate(const QVariantMap& platformData);
+    /// We open no files: the user has only started the program in another way.
+    Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData);
+    Q_SLOT void ActivateAction(const QString& name, const QVariantList& parameter,
+                               const QVariantMap& platformData, const QDBusMessage& message);
+
+private:
+    QDBusConnection m_bus;
+    RunningInstance* m_instance;
+};
+
+} // namespace tessel

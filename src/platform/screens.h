@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QRect>
+#include <QString>
+
+#include <vector>
+
+class QScreen;
+class QTimer;
+
+namespace tessel {
+
+/// One of the monitors.
+struct Screen
+{
+    QString name;     ///< of its output, such as "HDMI-1"
+    QRect frame;      ///< points
+    double scale = 1; ///< pixels per point
+
+    bool operator==(const Screen&) const = default;
+
+    /// Where it lies among the pixels of the whole desktop.
+    [[nodiscard]] QRect pixels() const
+    {
+        return {frame.topLeft(), (frame.size().toSizeF() * scale).toSize()};
+    }
+};
+
+/// The monitors of the desktop, in the system's order.
+class Screens : public QObject
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] virtual std::vector<Screen> list() const = 0;
+
+Q_SIGNALS:
+    /// Monitors came, went, moved or changed their size; once for a burst of such changes.
+    void changed();
+};
+
+/// The monitors that Qt sees.
+class QtScreens : public Screens
+{
+    Q_OBJECT
+
+public:
+    QtScreens();
+    [[nodiscard]] std::vector<Screen> list() const override;
+
+private:
+    void watch(const QScreen* screen);
+
+    QTimer* m_settling;             ///< runs through a burst of changes
+    bool m_hasPlaceholders = false; ///< whether Qt makes up a screen where there is no monitor
+};
+
+} // namespace tessel

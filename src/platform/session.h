@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace tessel {
+
+/// What the machine and the user's session are doing, as far as it matters to something that draws all day.
+struct SessionState
+{
+    bool asleep = false;     ///< about to be suspended, or not yet back
+    bool locked = false;     ///< behind a lock screen or screen saver
+    bool screensOff = false; ///< switched off to save power
+    bool onBattery = false;
+    bool reducedMotion = false; ///< the user asks for little motion
+
+    bool operator==(const SessionState&) const = default;
+
+    /// Whether nobody can see the desktop.
+    [[nodiscard]] bool unseen() const { return asleep || locked || screensOff; }
+};
+
+/// Tells what goes on around the program. What cannot be found out counts as not being so.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] const SessionState& state() const { return m_state; }
+
+    /// Whether something of ours moves on the screens. Only then is it looked whether they are switched off,
+    /// which X11 does not tell by itself.
+    virtual void setWatchingScreens(bool watching) = 0;
+
+Q_SIGNALS:
+    void changed();
+    /// The machine will sleep as soon as this returns.
+    void aboutToSleep();
+    void woke();
+    /// Somebody has set the clock, or it was moved while the machine slept.
+    void clockSet();
+
+protected:
+    /// For the adapters: emits `changed` if anything is different.
+    void setState(const SessionState& state);
+
+private:
+    SessionState m_state;
+};
+
+[[nodiscard]] std::unique_ptr<Session> makeSession();
+
+} // namespace tessel

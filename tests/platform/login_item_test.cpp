@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/login_item.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessel {
+namespace {
+
+using Status = LoginItem::Status;
+
+const auto entry = QStringLiteral("/autostart/org.tesselbroth.TesselBroth.desktop");
+
+void write(const QString& path, const QByteArray& content)
+{
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
+}
+
+class LoginItemTest : public testing::Test
+{
+protected:
+    LoginItemTest()
+    {
+        qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit());
+        qputenv("XDG_CONFIG_DIRS", m_system.path().toLocal8Bit());
+        write(m_program, "#!/bin/sh\n");
+        QFile::setPermissions(m_program, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    ~LoginItemTest() override
+    {
+        qunsetenv("XDG_CONFIG_HOME");
+        qunsetenv("XDG_CONFIG_DIRS");
+    }
+
+    QTemporaryDir m_home;
+    QTemporaryDir m_system;
+    QString m_own = m_home.path() + entry;
+    QString m_everybodys = m_system.path() + entry;
+    QString m_program = m_home.filePath(QStringLiteral("bin/tessel broth"));
+};
+
+TEST_F(LoginItemTest, IsSwitchedOnAndOff)
+{
+    AutostartEntry item(m_program);
+    EXPECT_EQ(item.status(), Status::off);
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(item.status(), Status::enabled);
+    EXPECT_THAT(read(m_own).toStdString(),
+                testing::HasSubstr("\nExec=\"" + m_program.toStdString() + "\"\n"));
+    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(item.status(), Status::off);
+    EXPECT_FALSE(QFile::exists(m_own));
+}
+
+TEST_F(LoginItemTest, WhatAnotherToolSwitchedOffStaysOff)
+{
+    for (const QByteArray line : {"Hidden=true", "X-GNOME-Autostart-enabled = false"}) {
+        const QByteArray text =
+            "# Comment\n[Desktop Entry]\nExec=tessel-broth\n" + line + "\n[Other]\nHidden=false\n";
+        write(m_own, text);
+        AutostartEntry item(m_program);
+        EXPECT_EQ(item.status(), Status::requiresApproval) << line.toStdString();
+        EXPECT_NE(item.registerItem(), std::nullopt);
+        EXPECT_EQ(item.unregisterItem(), std::nullopt);
+        EXPECT_EQ(item.status(), Status::requiresApproval);
+        EXPECT_EQ(read(m_own), text);
+    }
+}
+
+TEST_F(LoginItemTest, TheSystemsEntryCountsUntilTheUserHasOne)
+{
+    write(m_everybodys, "[Desktop Entry]\nExec=tessel-broth\n");
+    AutostartEntry item(m_program);
+    EXPECT_EQ(item.status(), Status::enabled);
+    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(item.status(), Status::off) << "switched off by us: no approval is needed";
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(item.status(), Status::enabled);
+    write(m_own, "[Desktop Entry]\nHidden=true\n");
+    EXPECT_EQ(item.status(), Status::requiresApproval);
+}
+
+TEST_F(LoginItemTest, AMovedProgramIsOffAndRegisteredAnew)
+{
+    AutostartEntry item(m_program);
+    ASSERT_EQ(item.registerItem(), std::nullopt);
+    const QString elsewhere = m_home.filePath(QStringLiteral("bin/elsewhere"));
+    ASSERT_TRUE(QFile::rename(m_program, elsewhere));
+    AutostartEntry moved(elsewhere);
+    EXPECT_EQ(moved.status(), Status::off);
+    EXPECT_EQ(moved.registerItem(), std::nullopt);
+    EXPECT_EQ(moved.status(), Status::enabled);
+}
+
+TEST_F(LoginItemTest, TellsWhyTheFileCannotBeWritten)
+{
+    write(m_home.filePath(QStringLiteral("autostart")), "a file where the folder should be");
+    AutostartEntry item(m_program);
+    const auto failure = item.registerItem();
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_THAT(failure->toStdString(), testing::HasSubstr(m_own.toStdString()));
+}
+
+TEST(ExecValueTest, FollowsBothLevelsOfQuoting)
+{
+    const std::vector<std::pair<const char*, const char*>> cases{
+        {"/usr/bin/tessel-broth", "/usr/bin/tessel-broth"},
+        {"/opt/50%/tb", "/opt/50%%/tb"},
+        {"/opt/my apps/tb", R"("/opt/my apps/tb")"},
+        {"/opt/$HOME/`x`/tb", R"("/opt/\\$HOME/\\`x\\`/tb")"},
+        {R"(/opt/say "hi"/tb)", R"("/opt/say \\"hi\\"/tb")"},
+        {R"(/opt/back\slash)", R"("/opt/back\\\\slash")"},
+        {"/opt/two\nlines", R"("/opt/two\nlines")"},
+    };
+    for (const auto& [path, expected] : cases)
+        EXPECT_EQ(execValue(QString::fromLatin1(path)).toStdString(), expected);
+}
+
+} // namespace
+} // namespace tessel

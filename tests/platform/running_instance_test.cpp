@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/running_instance.h"
+#include "platform/surroundings.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusPendingCall>
+#include <QDBusPendingReply>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+const auto name = QStringLiteral("org.tesselbroth.TesselBroth");
+
+class RunningInstanceTest : public testing::Test
+{
+protected:
+    /// Calls a method as the desktop does.
+    QDBusMessage call(const QString& method, const QVariantList& arguments)
+    {
+        auto message = QDBusMessage::createMethodCall(name, QStringLiteral("/org/tesselbroth/TesselBroth"),
+                                                      QStringLiteral("org.freedesktop.Application"), method);
+        message.setArguments(arguments);
+        const QDBusPendingCall answer = m_desktop.asyncCall(message);
+        EXPECT_TRUE(waitUntil([&] { return answer.isFinished(); }));
+        return answer.reply();
+    }
+
+    void note(const RunningInstance& instance)
+    {
+        QObject::connect(&instance, &RunningInstance::activated,
+                         [this] { m_heard.emplace_back("activated"); });
+        QObject::connect(&instance, &RunningInstance::actionRequested,
+                         [this](const QString& action) { m_heard.push_back(action.toStdString()); });
+    }
+
+    WithApplication<QCoreApplication> m_application;
+    PrivateBus m_bus;
+    QDBusConnection m_desktop = m_bus.connect();
+    std::vector<std::string> m_heard;
+};
+
+TEST_F(RunningInstanceTest, TheSecondAsksTheFirstToComeForward)
+{
+    std::optional<BusInstance> first(m_bus.connect());
+    note(*first);
+    ASSERT_TRUE(first->isFirst());
+    const QDBusConnection connection = m_bus.connect();
+    bool isFirst = true;
+    std::thread second([&] { isFirst = BusInstance(connection).isFirst(); });
+    EXPECT_TRUE(waitUntil([&] { return !m_heard.empty(); }));
+    second.join();
+    EXPECT_FALSE(isFirst);
+    EXPECT_THAT(m_heard, ElementsAre("activated"));
+
+    EXPECT_EQ(m_desktop.interface()
+                  ->call(QStringLiteral("RequestName"), name, 2U /* replace */ | 4U /* do not queue */)
+                  .arguments()
+                  .value(0)
+                  .toUInt(),
+              3U)
+        << "the name can be taken away";
+    first.reset();
+    EXPECT_TRUE(BusInstance(connection).isFirst());
+}
+
+TEST_F(RunningInstanceTest, OneThatHangsIsStillTheFirst)
+{
+    const BusInstance first(m_bus.connect());
+    // Whoever waits in this thread is not answered by it.
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(BusInstance(m_bus.connect()).isFirst());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 4s);
+}
+
+TEST_F(RunningInstanceTest, HearsWhatTheDesktopAsks)
+{
+    const BusInstance instance(m_bus.connect());
+    note(instance);
+    EXPECT_EQ(call(QStringLiteral("Activate"), {QVariantMap()}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(call(QStringLiteral("Open"), {QStringList(QStringLiteral("file:///a")), QVariantMap()}).type(),
+              QDBusMessage::ReplyMessage);
+    const auto ask = [&](const QString& action) {
+        return call(QStringLiteral("ActivateAction"), {action, QVariantList(), QVariantMap()});
+    };
+    for (const auto* known : {"new-wallpaper", "previous-wallpaper", "toggle-motion", "open-editor", "quit"})
+        EXPECT_EQ(ask(QLatin1String(known)).type(), QDBusMessage::ReplyMessage);
+    const QDBusMessage unknown = ask(QStringLiteral("explode"));
+    EXPECT_EQ(unknown.type(), QDBusMessage::ErrorMessage);
+    EXPECT_THAT(unknown.errorMessage().toStdString(), HasSubstr("\"explode\""));
+    EXPECT_THAT(unknown.errorMessage().toStdString(), HasSubstr("toggle-motion"));
+    EXPECT_THAT(m_heard, ElementsAre("activated", "activated", "new-wallpaper", "previous-wallpaper",
+                                     "toggle-motion", "open-editor", "quit"));
+}
+
+TEST(LockFileInstanceTest, OnlyALivingProcessHoldsTheLock)
+{
+    const QTemporaryDir home;
+    const QString folder = home.filePath(QStringLiteral("not there yet"));
+    const pid_t child = fork();
+    if (child == 0) {
+        const LockFileInstance dies(folder);
+        _exit(dies.isFirst() ? 0 : 1); // with no chance to give the lock back
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/org.tesselbroth.TesselBroth.lock")));
+
+    std::optional<LockFileInstance> first(folder);
+    EXPECT_TRUE(first->isFirst());
+    EXPECT_FALSE(LockFileInstance(folder).isFirst());
+    first.reset();
+    EXPECT_TRUE(LockFileInstance(folder).isFirst());
+}
+
+} // namespace
+} // namespace tessel

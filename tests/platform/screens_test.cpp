@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/screens.h"
+#include "platform/surroundings.h"
+
+#include <QGuiApplication>
+#include <QProcess>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+void xrandr(const QString& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xrandr"), arguments.split(QLatin1Char(' ')));
+    ASSERT_TRUE(process.waitForFinished());
+    ASSERT_EQ(process.exitCode(), 0);
+}
+
+class ScreensTest : public testing::Test
+{
+protected:
+    ScreensTest()
+    {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        m_application = std::make_unique<WithApplication<QGuiApplication>>();
+    }
+    ~ScreensTest() override { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+
+    VirtualDisplay m_display;
+    std::unique_ptr<WithApplication<QGuiApplication>> m_application;
+};
+
+TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
+{
+    const QtScreens screens;
+    int changes = 0;
+    QObject::connect(&screens, &Screens::changed, [&changes] { ++changes; });
+    const Screen whole{QStringLiteral("screen"), QRect(0, 0, 1280, 800), 1};
+    EXPECT_EQ(screens.list(), std::vector{whole});
+
+    xrandr(QStringLiteral("--fb 1280x800 --output screen --off"));
+    ASSERT_TRUE(waitUntil([&] { return changes > 0; }));
+    EXPECT_THAT(screens.list(), IsEmpty());
+
+    xrandr(QStringLiteral("--output screen --auto"));
+    ASSERT_TRUE(waitUntil([&] { return changes > 1; }));
+    EXPECT_EQ(screens.list(), std::vector{whole});
+
+    xrandr(QStringLiteral("--newmode small 24 800 820 840 860 600 602 604 620"));
+    xrandr(QStringLiteral("--addmode screen small"));
+    xrandr(QStringLiteral("--output screen --mode small"));
+    ASSERT_TRUE(waitUntil([&] { return changes > 2; }));
+    ASSERT_THAT(screens.list(), SizeIs(1));
+    EXPECT_EQ(screens.list().front().pixels(), QRect(0, 0, 800, 600));
+
+    settle(400ms);
+    EXPECT_EQ(changes, 3) << "one for each burst of changes";
+}
+
+} // namespace
+} // namespace tessel

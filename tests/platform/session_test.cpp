@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/fake_service.h"
+#include "platform/linux/session.h"
+#include "platform/surroundings.h"
+
+#include <QDBusObjectPath>
+#include <QDBusUnixFileDescriptor>
+#include <QDBusVariant>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fcntl.h>
+#include <memory>
+#include <optional>
+#include <unistd.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+const auto manager = QStringLiteral("org.freedesktop.login1.Manager");
+const auto managerPath = QStringLiteral("/org/freedesktop/login1");
+const auto sessionPath = QStringLiteral("/org/freedesktop/login1/session/_37");
+const auto sessionInterface = QStringLiteral("org.freedesktop.login1.Session");
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto settings = QStringLiteral("org.freedesktop.portal.Settings");
+const auto gnomeInterface = QStringLiteral("org.gnome.desktop.interface");
+
+/// A login manager with one session, that of the tests, and whoever holds up its sleep.
+class LoginManager : public FakeService
+{
+public:
+    explicit LoginManager(const QDBusConnection& bus)
+        : FakeService(bus, QStringLiteral("org.freedesktop.login1"))
+    {
+        answer(manager + QStringLiteral(".GetSession"), [](const QVariantList& arguments) -> QVariantList {
+            EXPECT_EQ(arguments, QVariantList{QStringLiteral("37")});
+            return {QVariant::fromValue(QDBusObjectPath(sessionPath))};
+        });
+        answer(manager + QStringLiteral(".Inhibit"), [this](const QVariantList& arguments) {
+            EXPECT_EQ(arguments.value(0), QStringLiteral("sleep"));
+            EXPECT_EQ(arguments.value(3), QStringLiteral("delay"));
+            return handOutLock();
+        });
+        setProperty(QStringLiteral("LockedHint"), false);
+    }
+    ~LoginManager() override { close(m_pipe[0]); }
+
+    void prepareForSleep(bool sleeps)
+    {
+        signal(managerPath, manager, QStringLiteral("PrepareForSleep"), {sleeps});
+    }
+
+    [[nodiscard]] int locksHandedOut() const { return m_locks; }
+
+    /// Whether the last lock is still open somewhere.
+    [[nodiscard]] bool isHeldUp() const
+    {
+        char byte = 0;
+        return read(m_pipe[0], &byte, 1) < 0;
+    }
+
+private:
+    QVariantList handOutLock()
+    {
+        ++m_locks;
+        if (m_pipe[0] >= 0)
+            close(m_pipe[0]);
+        EXPECT_EQ(pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
+        const QDBusUnixFileDescriptor lock(m_pipe[1]);
+        close(m_pipe[1]);
+        return {QVariant::fromValue(lock)};
+    }
+
+    int m_locks = 0;
+    std::array<int, 2> m_pipe{-1, -1};
+};
+
+class SessionTest : public testing::Test
+{
+protected:
+    SessionTest() { qputenv("XDG_SESSION_ID", "37"); }
+    ~SessionTest() override { qunsetenv("XDG_SESSION_ID"); }
+
+    LinuxSession& makeSession() { return m_session.emplace(m_bus.connect(), m_bus.connect()); }
+
+    /// Waits for what the session finds out about one thing.
+    void expectBecomes(bool SessionState::*field, bool value)
+    {
+        EXPECT_TRUE(waitUntil([&] { return m_session->state().*field == value; }));
+    }
+
+    WithApplication<QCoreApplication> m_application;
+    PrivateBus m_bus;
+    std::optional<LinuxSession> m_session;
+};
+
+TEST_F(SessionTest, HoldsUpSleepUntilItWasHeardOf)
+{
+    LoginManager login(m_bus.connect());
+    auto& session = makeSession();
+    std::vector<std::string> heard;
+    QObject::connect(&session, &Session::aboutToSleep, [&] {
+        settle(50ms);
+        heard.emplace_back(login.isHeldUp() ? "about to sleep, held up" : "about to sleep, too late");
+    });
+    QObject::connect(&session, &Session::changed,
+                     [&] { heard.emplace_back(session.state().asleep ? "asleep" : "not asleep"); });
+    QObject::connect(&session, &Session::woke, [&] { heard.emplace_back("woke"); });
+    ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
+    settle(50ms);
+
+    login.prepareForSleep(true);
+    EXPECT_TRUE(waitUntil([&] { return !login.isHeldUp(); }));
+    expectBecomes(&SessionState::asleep, true);
+    login.prepareForSleep(false);
+    expectBecomes(&SessionState::asleep, false);
+    EXPECT_TRUE(waitUntil([&] { return login.locksHandedOut() == 2 && login.isHeldUp(); }));
+    EXPECT_THAT(heard, ElementsAre("about to sleep, held up", "asleep", "not asleep", "woke"));
+}
+
+TEST_F(SessionTest, IsLockedWhileTheLockScreenOrAnySaverSaysSo)
+{
+    auto login = std::make_unique<LoginManager>(m_bus.connect());
+    login->setProperty(QStringLiteral("LockedHint"), true);
+    const auto savers = QStringLiteral("org.xfce.ScreenSaver");
+    FakeService saver(m_bus.connect(), savers);
+    saver.answer(savers + QStringLiteral(".GetActive"),
+                 [](const QVariantList&) { return QVariantList{false}; });
+    makeSession();
+    expectBecomes(&SessionState::locked, true);
+
+    const auto setSaver = [&](bool active) {
+        saver.signal(QStringLiteral("/"), savers, QStringLiteral("ActiveChanged"), {active});
+    };
+    setSaver(true);
+    settle(50ms);
+    login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), false);
+    settle(100ms);
+    EXPECT_TRUE(m_session->state().locked) << "behind the screen saver";
+    setSaver(false);
+    expectBecomes(&SessionState::locked, false);
+
+    login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), true);
+    expectBecomes(&SessionState::locked, true);
+    login.reset();
+    expectBecomes(&SessionState::locked, false);
+}
+
+TEST_F(SessionTest, AnotherSessionsLockIsNotOurs)
+{
+    LoginManager login(m_bus.connect());
+    makeSession();
+    ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
+    settle(50ms);
+    login.signal(QStringLiteral("/org/freedesktop/login1/session/_38"),
+                 QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
+                 {sessionInterface, QVariantMap{{QStringLiteral("LockedHint"), true}}, QStringList()});
+    settle(100ms);
+    EXPECT_FALSE(m_session->state().locked);
+}
+
+TEST_F(SessionTest, AServiceThatComesLateOrAgainIsPickedUp)
+{
+    makeSession();
+    settle(50ms);
+    const auto path = QStringLiteral("/org/freedesktop/UPower");
+    const auto name = QStringLiteral("org.freedesktop.UPower");
+    for (int round = 0; round < 2; ++round) {
+        FakeService power(m_bus.connect(), name);
+        power.setProperty(QStringLiteral("OnBattery"), true);
+        expectBecomes(&SessionState::onBattery, true);
+        power.changeProperty(path, name, QStringLiteral("OnBattery"), false);
+        expectBecomes(&SessionState::onBattery, false);
+        power.changeProperty(path, name, QStringLiteral("LidIsClosed"), true);
+        power.changeProperty(path, name, QStringLiteral("OnBattery"), true);
+        expectBecomes(&SessionState::onBattery, true);
+    }
+    expectBecomes(&SessionState::onBattery, false);
+}
+
+TEST_F(SessionTest, MotionIsReducedByThePortalsSettings)
+{
+    FakeService portal(m_bus.connect(), QStringLiteral("org.freedesktop.portal.Desktop"));
+    portal.answer(settings + QStringLiteral(".Read"), [](const QVariantList& arguments) -> QVariantList {
+        const QVariant value = arguments.value(0) == gnomeInterface ? QVariant(false) : QVariant(0U);
+        return {QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(value))))};
+    });
+    makeSession();
+    expectBecomes(&SessionState::reducedMotion, true);
+    const auto change = [&](const QString& space, const QString& key, const QVariant& value) {
+        portal.signal(portalPath, settings, QStringLiteral("SettingChanged"),
+                      {space, key, QVariant::fromValue(QDBusVariant(value))});
+    };
+    change(gnomeInterface, QStringLiteral("enable-animations"), true);
+    expectBecomes(&SessionState::reducedMotion, false);
+    change(gnomeInterface, QStringLiteral("cursor-blink"), false);
+    settle(50ms);
+    EXPECT_FALSE(m_session->state().reducedMotion);
+    change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"), 1U);
+    expectBecomes(&SessionState::reducedMotion, true);
+}
+
+void replaceFile(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    ASSERT_TRUE(file.commit());
+}
+
+TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    const QString file = home.filePath(QStringLiteral("kdeglobals"));
+    replaceFile(file, "[KDE]\nAnimationDurationFactor=0\n");
+    makeSession();
+    EXPECT_TRUE(m_session->state().reducedMotion);
+    replaceFile(file, "[KDE]\nAnimationDurationFactor=0.5\n");
+    expectBecomes(&SessionState::reducedMotion, false);
+    replaceFile(file, "[KDE]\nAnimationDurationFactor=0\n");
+    expectBecomes(&SessionState::reducedMotion, true);
+    replaceFile(file, "[KDE]\nwidgetStyle=Breeze\n");
+    expectBecomes(&SessionState::reducedMotion, false);
+    qunsetenv("XDG_CURRENT_DESKTOP");
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(SessionTest, StartsNothingByAsking)
+{
+    const QTemporaryDir home;
+    ASSERT_TRUE(QDir(home.path()).mkpath(QStringLiteral("dbus-1/services")));
+    const QString mark = home.filePath(QStringLiteral("started"));
+    for (const auto* name : {"org.freedesktop.ScreenSaver", "org.freedesktop.portal.Desktop",
+                             "org.freedesktop.UPower", "org.freedesktop.login1"}) {
+        replaceFile(home.filePath(QStringLiteral("dbus-1/services/%1.service").arg(QLatin1String(name))),
+                    QByteArray("[D-BUS Service]\nName=") + name + "\nExec=/bin/touch " + mark.toLocal8Bit() +
+                        '\n');
+    }
+    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+    PrivateBus bus;
+    qunsetenv("XDG_DATA_HOME");
+    const LinuxSession session(bus.connect(), bus.connect());
+    settle(300ms);
+    EXPECT_FALSE(QFile::exists(mark));
+    // What would have started: the way to notice it works.
+    bus.connect().send(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.UPower"),
+                                                      QStringLiteral("/"), QStringLiteral("a.b"),
+                                                      QStringLiteral("C")));
+    EXPECT_TRUE(waitUntil([&] { return QFile::exists(mark); }));
+}
+
+TEST_F(SessionTest, WithoutAnyBusNothingIsSo)
+{
+    const QDBusConnection nowhere(QStringLiteral("nowhere"));
+    LinuxSession session(nowhere, nowhere);
+    session.setWatchingScreens(true);
+    settle(50ms);
+    EXPECT_EQ(session.state(), SessionState());
+}
+
+} // namespace
+} // namespace tessel
