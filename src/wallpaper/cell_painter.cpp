@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/cell_painter.h"
+
+#include "shaders/shaders.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+constexpr std::uint32_t colorBits = 0xFFFFFF;
+
+float cellOf(const Frame& frame)
+{
+    return cellSize(frame.current, frame.width, frame.height, frame.reference);
+}
+
+std::size_t cellCount(GridSize grid)
+{
+    return static_cast<std::size_t>(grid.width) * static_cast<std::size_t>(grid.height);
+}
+
+} // namespace
+
+bool CellPainter::canPaint(const Frame& frame)
+{
+    return frame.mix >= 1.0F && shaders::kind(frame.current.dither) == shaders::DitherKind::cell &&
+           cellOf(frame) > 1.0F;
+}
+
+bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, DesktopWindow& window)
+{
+    const int cell = static_cast<int>(cellOf(frame));
+    const GridSize grid = fieldSize(frame.width, frame.height, static_cast<float>(cell));
+    if (grid != m_grid || cell != m_cell) {
+        m_grid = grid;
+        m_cell = cell;
+        m_valid = false;
+        m_shown.resize(cellCount(grid));
+        m_next.resize(cellCount(grid));
+        // Together there are never more runs than cells.
+        m_runs.reserve(cellCount(grid));
+        m_rectangles.reserve(cellCount(grid));
+    }
+    if (!readCells(encoder, frame))
+        return false;
+    findRuns(frame, cell);
+    std::swap(m_shown, m_next);
+    m_valid = true;
+    if (m_runs.empty())
+        return false;
+    fillRuns(window);
+    return true;
+}
+
+bool CellPainter::readCells(FrameEncoder& encoder, const Frame& frame)
+{
+    const CellTextures* cells = encoder.encodeCells(frame);
+    if (cells == nullptr)
+        return false;
+    glBindFramebuffer(GL_FRAMEBUFFER, cells->lowerTarget.name());
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, m_next.data());
+    return true;
+}
+
+/// Neighbours within a row that change to the same colour become one rectangle.
+void CellPainter::findRuns(const Frame& frame, int cell)
+{
+    m_runs.clear();
+    std::size_t at = 0;
+    for (int row = 0; row < m_grid.height; ++row) {
+        const int top = row * cell;
+        const auto height = static_cast<std::uint16_t>(std::min(cell, frame.height - top));
+        std::size_t lastChanged = m_next.size();
+        for (int column = 0; column < m_grid.width; ++column, ++at) {
+            const std::uint32_t color = m_next[at] & colorBits;
+            if (m_valid && color == (m_shown[at] & colorBits))
+                continue;
+            const int left = column * cell;
+            const auto width = static_cast<std::uint16_t>(std::min(cell, frame.width - left));
+            if (column > 0 && lastChanged + 1 == at && m_runs.back().color == color) {
+                PixelRect& run = m_runs.back().rectangle;
+                run.width = static_cast<std::uint16_t>(run.width + width);
+            } else {
+                m_runs.push_back(
+                    {color,
+                     {static_cast<std::int16_t>(left), static_cast<std::int16_t>(top), width, height}});
+            }
+            lastChanged = at;
+        }
+    }
+}
+
+void CellPainter::fillRuns(DesktopWindow& window)
+{
+    std::ranges::sort(m_runs, {}, &Run::color);
+    for (auto run = m_runs.cbegin(); run != m_runs.cend();) {
+        const std::uint32_t color = run->color;
+        m_rectangles.clear();
+        for (; run != m_runs.cend() && run->color == color; ++run)
+            m_rectangles.push_back(run->rectangle);
+        window.fill(color, m_rectangles);
+    }
+    window.flush();
+}
+
+} // namespace tessel

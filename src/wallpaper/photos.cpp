@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/photos.h"
+
+#include "render/photo.h"
+#include "render/png_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUuid>
+
+namespace tessel {
+
+namespace {
+
+constexpr qint64 chunk = qint64{1} << 20;
+
+/// Large enough for any picture to be recognised, small enough to be quick.
+constexpr int trialSide = 256;
+
+[[nodiscard]] FileError failure(const QString& text)
+{
+    return {FileError::Code::unknown, text.toStdString()};
+}
+
+void requirePicture(const QString& file)
+{
+    try {
+        static_cast<void>(readPhoto(file.toStdString(), trialSide));
+    } catch (const PhotoError& error) {
+        throw failure(
+            QStringLiteral("\"%1\" cannot be used: %2. Choose a picture file, such as a JPEG or PNG.")
+                .arg(file, QString::fromUtf8(error.what())));
+    }
+}
+
+void requireFolder(const QString& folder)
+{
+    if (!QDir().mkpath(folder))
+        throw failure(QStringLiteral("The folder \"%1\" cannot be made. It must be possible to write there.")
+                          .arg(folder));
+    if (!QFileInfo(folder).isWritable())
+        throw FileError(FileError::Code::noPermission,
+                        QStringLiteral("The folder \"%1\" cannot be written to.").arg(folder).toStdString());
+}
+
+/// The suffix as far as it is an ordinary one, with its dot.
+QString ordinarySuffix(const QString& file)
+{
+    static const QRegularExpression ordinary(QStringLiteral("^[A-Za-z0-9]{1,8}$"));
+    const QString suffix = QFileInfo(file).suffix();
+    return ordinary.match(suffix).hasMatch() ? QLatin1Char('.') + suffix : QString();
+}
+
+void copyBytes(QFile& from, QSaveFile& to)
+{
+    while (!from.atEnd()) {
+        const QByteArray bytes = from.read(chunk);
+        if (bytes.isEmpty())
+            throw failure(
+                QStringLiteral("\"%1\" cannot be read: %2").arg(from.fileName(), from.errorString()));
+        if (to.write(bytes) != bytes.size())
+            throw failure(
+                QStringLiteral("\"%1\" cannot be written: %2").arg(to.fileName(), to.errorString()));
+    }
+}
+
+/// Whether a file has a name that copyPhoto() gives.
+bool isCopy(const QFileInfo& file)
+{
+    return !QUuid::fromString(file.completeBaseName()).isNull();
+}
+
+} // namespace
+
+QString defaultPhotoFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Tessel Broth/Photos");
+}
+
+QString copyPhoto(const QString& file, const QString& folder)
+{
+    requirePicture(file);
+    requireFolder(folder);
+    QFile original(file);
+    if (!original.open(QIODevice::ReadOnly))
+        throw failure(QStringLiteral("\"%1\" cannot be read: %2").arg(file, original.errorString()));
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + ordinarySuffix(file);
+    QSaveFile copy(QDir(folder).filePath(name));
+    // Not buffered: commit() pays no heed to a buffer that it could not write.
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw failure(
+            QStringLiteral("\"%1\" cannot be written: %2").arg(copy.fileName(), copy.errorString()));
+    copyBytes(original, copy);
+    if (!copy.commit())
+        throw failure(
+            QStringLiteral("\"%1\" cannot be written: %2").arg(copy.fileName(), copy.errorString()));
+    return copy.fileName();
+}
+
+std::optional<std::set<QString>> photosInUse(const Store& store)
+{
+    if (!store.problems().empty())
+        return std::nullopt;
+    std::set<QString> photos;
+    const auto add = [&](const Look& look) {
+        if (look.imagePath)
+            photos.insert(QFileInfo(QString::fromStdString(*look.imagePath)).fileName());
+    };
+    add(store.look());
+    add(store.previous());
+    for (const std::optional<Look>& look : {store.desktop(), store.desktopPrevious()}) {
+        if (look)
+            add(*look);
+    }
+    for (const Look& look : store.history())
+        add(look);
+    for (const Look& look : store.desktopHistory())
+        add(look);
+    for (const Preset& preset : store.presets())
+        add(preset.look);
+    return photos;
+}
+
+void removePhotos(const QString& folder, const std::set<QString>& inUse, const QDateTime& madeBefore)
+{
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+        if (isCopy(file) && !inUse.contains(file.fileName()) && file.lastModified() < madeBefore)
+            QFile::remove(file.filePath());
+    }
+}
+
+} // namespace tessel

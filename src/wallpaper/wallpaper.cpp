@@ -1,0 +1,354 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/wallpaper.h"
+
+#include "model/look_json.h"
+#include "render/png_file.h"
+#include "wallpaper/wallpaper_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+constexpr auto phaseKey = "desktopPhase";
+constexpr auto picturesKey = "latestPictures";
+
+FrameEncoder makeEncoder(const WallpaperEnvironment& environment)
+{
+    environment.makeCurrent();
+    int longest = 0;
+    for (const Screen& screen : environment.screens.list()) {
+        const QSize size = screen.pixels().size();
+        longest = std::max({longest, size.width(), size.height()});
+    }
+    return FrameEncoder(longest);
+}
+
+QStringList filesOf(const std::vector<DesktopPicture>& pictures)
+{
+    QStringList files;
+    for (const DesktopPicture& picture : pictures)
+        files.append(picture.file);
+    return files;
+}
+
+QByteArray encodePaths(const QStringList& paths)
+{
+    return QJsonDocument(QJsonArray::fromStringList(paths)).toJson(QJsonDocument::Compact);
+}
+
+QStringList decodePaths(const QByteArray& json)
+{
+    QStringList paths;
+    for (const QJsonValue value : QJsonDocument::fromJson(json).array())
+        paths.append(value.toString());
+    return paths;
+}
+
+/// Whether a file is a still of this look for this screen.
+bool shows(const DesktopPicture& picture, const std::string& json)
+{
+    if (QImageReader(picture.file).size() != picture.screen.pixels().size())
+        return false;
+    try {
+        return readLookText(picture.file.toStdString()) == json;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+QString defaultWallpaperFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Tessel Broth/Wallpapers");
+}
+
+Wallpaper::Wallpaper(WallpaperEnvironment environment)
+    : m_environment(std::move(environment))
+    , m_encoder(makeEncoder(m_environment))
+    , m_scene(m_environment.store, m_environment.session, m_encoder, m_environment.makeCurrent)
+    , m_stills(m_encoder, m_environment.makeCurrent, m_environment.folder)
+{
+    m_hideWork.setSingleShot(true);
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(m_environment.delays.settling);
+    connect(&m_hideWork, &QTimer::timeout, this, &Wallpaper::makeStill);
+    connect(&m_settling, &QTimer::timeout, this, &Wallpaper::takeDown);
+    connect(&m_scene, &DesktopScene::changed, this, &Wallpaper::play);
+    connect(&m_stills, &StillMaker::written, this, &Wallpaper::stillWritten);
+    connect(&m_stills, &StillMaker::failed, this, &Wallpaper::stillFailed);
+    connect(&m_environment.screens, &Screens::changed, this, &Wallpaper::screensChanged);
+    connect(&m_environment.occlusion, &Occlusion::changed, this, &Wallpaper::refreshPauses);
+    connect(&m_environment.session, &Session::changed, this, &Wallpaper::refreshPauses);
+    connect(&m_environment.session, &Session::aboutToSleep, this, &Wallpaper::keepPhase);
+    connect(&m_environment.session, &Session::woke, this, &Wallpaper::wake);
+    if (m_environment.pictures != nullptr)
+        connect(m_environment.pictures, &DesktopPictures::finished, this, &Wallpaper::picturesSet);
+}
+
+Wallpaper::~Wallpaper()
+{
+    m_environment.makeCurrent();
+}
+
+void Wallpaper::start()
+{
+    restorePhase();
+    if (!m_environment.store.desktop())
+        return;
+    m_scene.settle();
+    if (m_environment.store.appliedMotion())
+        startAnimation();
+    showLatest();
+}
+
+void Wallpaper::apply(ContinueFromEditor continuing)
+{
+    restorePhase();
+    if (continuing == ContinueFromEditor::yes && m_environment.store.desktop())
+        clocks().setPhase(Source::desktop, clocks().phase(Source::editor));
+    keepPhase();
+    m_stills.cancel();
+    startAnimation();
+    m_hideWork.start(m_environment.store.appliedMotion() ? m_environment.delays.animated
+                                                         : m_environment.delays.still);
+}
+
+void Wallpaper::stop()
+{
+    m_hideWork.stop();
+    m_stills.cancel();
+    keepPhase();
+    takeDown();
+}
+
+void Wallpaper::savePng(const Look& look, QSize size, const QString& file,
+                        std::function<void(std::optional<QString> failure)> done)
+{
+    m_stills.save({look, clocks().phase(Source::desktop), m_environment.store.edge()}, size, file,
+                  std::move(done));
+}
+
+/// Once: later the clock itself knows better.
+void Wallpaper::restorePhase()
+{
+    if (std::exchange(m_phaseRestored, true))
+        return;
+    clocks().setPhase(Source::desktop, m_environment.store.kept(phaseKey).toDouble());
+}
+
+void Wallpaper::keepPhase()
+{
+    m_environment.store.keep(phaseKey, clocks().phase(Source::desktop));
+}
+
+std::vector<QSize> Wallpaper::sizes() const
+{
+    std::vector<QSize> result;
+    for (const auto& view : m_views)
+        result.push_back(view->screen().pixels().size());
+    return result;
+}
+
+/// One window for each screen; none is touched as long as the screens are the same.
+void Wallpaper::followScreens()
+{
+    const std::vector<Screen> screens = m_environment.screens.list();
+    if (std::ranges::equal(m_views, screens, {}, [](const auto& view) { return view->screen(); }))
+        return;
+    m_environment.makeCurrent();
+    m_views.clear();
+    for (const Screen& screen : screens) {
+        if (std::unique_ptr<DesktopWindow> window = m_environment.makeWindow(screen))
+            m_views.push_back(std::make_unique<PassthroughView>(screen, std::move(window), m_scene, m_encoder,
+                                                                m_environment.rasterizer));
+    }
+}
+
+void Wallpaper::startAnimation()
+{
+    followScreens();
+    m_settling.stop();
+    m_windows = Windows::playing;
+    m_scene.follow(sizes());
+}
+
+/// The windows come up only now: until a new look can be drawn, the desktop's own picture is better.
+void Wallpaper::play()
+{
+    if (m_windows != Windows::playing)
+        return;
+    for (const auto& view : m_views) {
+        view->setHolding(false);
+        view->window().show();
+    }
+    refreshPauses();
+}
+
+void Wallpaper::takeDown()
+{
+    m_settling.stop();
+    m_windows = Windows::down;
+    refreshPauses();
+    for (const auto& view : m_views)
+        view->window().hide();
+}
+
+void Wallpaper::screensChanged()
+{
+    if (!m_environment.store.desktop())
+        return;
+    if (m_windows != Windows::down)
+        startAnimation();
+    if (m_pendingStatic || m_environment.screens.list() != m_pictured)
+        m_hideWork.start(m_environment.delays.still);
+}
+
+void Wallpaper::wake()
+{
+    for (const auto& view : m_views)
+        view->restart();
+    if (m_environment.store.desktop())
+        showLatest();
+}
+
+void Wallpaper::refreshPauses()
+{
+    const bool seen = m_windows == Windows::playing && !m_environment.session.state().unseen();
+    for (const auto& view : m_views)
+        view->setPaused(!seen || m_environment.occlusion.isCovered(view->screen().pixels()));
+    m_environment.session.setWatchingScreens(m_windows == Windows::playing);
+}
+
+void Wallpaper::makeStill()
+{
+    const std::vector<Screen> screens = m_environment.screens.list();
+    m_pendingStatic = screens.empty();
+    if (m_pendingStatic || !m_environment.store.desktop())
+        return;
+    m_pictured = screens;
+    m_stills.request(
+        {*m_environment.store.desktop(), clocks().phase(Source::desktop), m_environment.store.edge()},
+        screens);
+}
+
+void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
+{
+    m_written = pictures;
+    const QStringList files = filesOf(pictures);
+    if (m_environment.pictures != nullptr) {
+        ++m_settingCalls;
+        m_environment.pictures->set(pictures);
+    } else if (!m_environment.store.appliedMotion()) {
+        hold(pictures);
+    }
+    m_environment.store.keep(picturesKey, encodePaths(files));
+    m_stills.run<bool>(
+        [folder = m_environment.folder, screens = static_cast<int>(pictures.size()), files] {
+            pruneStills(folder, screens, files);
+            return true;
+        },
+        [](bool) {});
+}
+
+void Wallpaper::picturesSet(const QStringList& failures)
+{
+    // A later call has still to be answered: then its answer counts.
+    if (--m_settingCalls > 0)
+        return;
+    if (!failures.isEmpty())
+        Q_EMIT stillFailed(failures.join(QLatin1Char('\n')));
+    // Something newer is on its way, or the animation is to stay.
+    if (m_hideWork.isActive() || m_environment.store.appliedMotion() || m_windows != Windows::playing)
+        return;
+    if (failures.isEmpty())
+        m_settling.start();
+    else
+        hold(m_written);
+}
+
+/// Lets our own windows show the still, once they have been given it.
+void Wallpaper::hold(const std::vector<DesktopPicture>& pictures)
+{
+    std::vector<std::pair<QString, std::function<void(const QImage&)>>> backdrops;
+    for (const auto& view : m_views) {
+        const auto found = std::ranges::find(pictures, view->screen(), &DesktopPicture::screen);
+        if (found != pictures.end())
+            backdrops.emplace_back(found->file, view->window().backdropSetter());
+    }
+    m_stills.run<bool>(
+        [backdrops = std::move(backdrops)] {
+            for (const auto& [file, setBackdrop] : backdrops)
+                setBackdrop(QImage(file).convertToFormat(QImage::Format_RGB32));
+            return true;
+        },
+        [this](bool) { holdNow(); });
+}
+
+void Wallpaper::holdNow()
+{
+    if (m_hideWork.isActive() || m_environment.store.appliedMotion())
+        return;
+    m_windows = Windows::holding;
+    refreshPauses();
+    for (const auto& view : m_views) {
+        view->setHolding(true);
+        view->window().show();
+    }
+}
+
+/// The pictures that were set last, as far as there are screens and files for them.
+std::vector<DesktopPicture> Wallpaper::latestPictures() const
+{
+    const QStringList files = decodePaths(m_environment.store.kept(picturesKey).toByteArray());
+    std::vector<DesktopPicture> pictures;
+    for (const Screen& screen : m_environment.screens.list()) {
+        const auto index = static_cast<qsizetype>(pictures.size());
+        pictures.push_back({screen, files.value(index)});
+    }
+    return pictures;
+}
+
+/// Sees to it that the desktop shows the pictures made last; where they are missing, or of another look
+/// because the program was ended too early, they are made anew.
+void Wallpaper::showLatest()
+{
+    const std::vector<DesktopPicture> pictures = latestPictures();
+    m_stills.run<bool>(
+        [pictures, json = encodeLook(*m_environment.store.desktop())] {
+            return std::ranges::all_of(pictures,
+                                       [&](const DesktopPicture& picture) { return shows(picture, json); });
+        },
+        [this, pictures](bool complete) {
+            if (m_hideWork.isActive() || !m_environment.store.desktop())
+                return;
+            if (!complete) {
+                startAnimation();
+                m_hideWork.start(m_environment.delays.still);
+                return;
+            }
+            m_pictured = m_environment.screens.list();
+            if (m_environment.pictures != nullptr) {
+                ++m_settingCalls;
+                m_environment.pictures->restore(pictures);
+            } else if (!m_environment.store.appliedMotion()) {
+                followScreens();
+                hold(pictures);
+            }
+        });
+}
+
+} // namespace tessel

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/wallpaper_folder.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+constexpr int generationsKept = 4;
+
+/// The files without a time in their name, which nobody here has made, come last.
+qint64 timeOf(const QString& name)
+{
+    return name.section(QLatin1Char('-'), 1, 1).toLongLong();
+}
+
+} // namespace
+
+QString stillFileName(qint64 milliseconds, int index)
+{
+    return QString::asprintf("wall-%014lld-%d.png", milliseconds, index);
+}
+
+void pruneStills(const QString& folder, int screens, const QStringList& inUse)
+{
+    QDir directory(folder);
+    QStringList names = directory.entryList({QStringLiteral("wall-*")}, QDir::Files);
+    std::ranges::stable_sort(names, std::ranges::greater(), timeOf);
+    const qsizetype kept = qsizetype{std::max(screens, 1)} * generationsKept;
+    for (const QString& name : names.mid(std::min(kept, names.size()))) {
+        if (!inUse.contains(directory.filePath(name)))
+            directory.remove(name);
+    }
+}
+
+} // namespace tessel

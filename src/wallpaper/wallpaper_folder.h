@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+namespace tessel {
+
+/// The name of the still of screen `index`: "wall-", milliseconds since 1970 in fourteen digits, and the
+/// index. All screens of one still share its time.
+[[nodiscard]] QString stillFileName(qint64 milliseconds, int index);
+
+/// Removes the oldest stills of a folder: those beyond four for each of `screens` screens, but none of the
+/// paths in `inUse`. What cannot be removed stays.
+void pruneStills(const QString& folder, int screens, const QStringList& inUse);
+
+} // namespace tessel

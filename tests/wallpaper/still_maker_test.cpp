@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/look_json.h"
+#include "render/graphics.h"
+#include "render/png_file.h"
+#include "wallpaper/still_maker.h"
+#include "wallpaper/surroundings.h"
+#include "wallpaper/wallpaper_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <gmock/gmock.h>
+
+namespace tessel {
+namespace {
+
+using testing::HasSubstr;
+
+class StillMakerTest : public Graphics
+{
+protected:
+    StillMakerTest()
+    {
+        QObject::connect(&maker, &StillMaker::written, &maker,
+                         [this](const auto& pictures) { written.push_back(pictures); });
+        QObject::connect(&maker, &StillMaker::failed, &maker,
+                         [this](const QString& message) { failures.push_back(message); });
+    }
+
+    QTemporaryDir home;
+    QString folder = home.filePath(QStringLiteral("a/Wallpapers"));
+    StillMaker maker{encoder, [] {}, folder};
+    std::vector<std::vector<DesktopPicture>> written;
+    std::vector<QString> failures;
+    const std::vector<Screen> screens{{QStringLiteral("ONE"), QRect(0, 0, 320, 180), 1.0},
+                                      {QStringLiteral("TWO"), QRect(320, 0, 100, 80), 1.5}};
+};
+
+TEST_F(StillMakerTest, MakesAFileForEveryScreen)
+{
+    Look look;
+    look.seed = 77;
+    maker.request({look, 3.0, Edge::left}, screens);
+    ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
+    ASSERT_EQ(written[0].size(), 2U);
+    const QString stamp = QFileInfo(written[0][0].file).fileName().section(QLatin1Char('-'), 1, 1);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const DesktopPicture& picture = written[0][i];
+        EXPECT_EQ(picture.file.toStdString(),
+                  (folder + QStringLiteral("/wall-%1-%2.png")).arg(stamp).arg(i).toStdString());
+        EXPECT_EQ(picture.screen, screens[i]);
+        EXPECT_EQ(QImage(picture.file).size(), screens[i].pixels().size());
+        EXPECT_EQ(readLookText(picture.file.toStdString()), encodeLook(look));
+    }
+    const Picture drawn = draw(look, 320, 180, 3.0);
+    const QImage read = QImage(written[0][0].file).convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < 180; ++y) {
+        for (int x = 0; x < 320; ++x)
+            ASSERT_EQ(colorOf(read.pixel(x, y)), colorOf(drawn.row(y)[static_cast<std::size_t>(x)]))
+                << x << ", " << y;
+    }
+}
+
+TEST_F(StillMakerTest, TellsOnlyOfTheLatestRequest)
+{
+    Look look;
+    for (int seed = 0; seed < 5; ++seed) {
+        look.seed = static_cast<float>(seed);
+        maker.request({look}, screens);
+        letPass(seed * 4);
+    }
+    ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
+    letPass(200);
+    ASSERT_EQ(written.size(), 1U);
+    EXPECT_EQ(readLookText(written[0][0].file.toStdString()), encodeLook(look));
+
+    maker.request({look}, screens);
+    maker.cancel();
+    letPass(200);
+    EXPECT_EQ(written.size(), 1U);
+}
+
+TEST_F(StillMakerTest, AFolderThatCannotBeWrittenIsNamed)
+{
+    QFile obstacle(home.filePath(QStringLiteral("a")));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    maker.request({}, screens);
+    ASSERT_TRUE(waitUntil([&] { return !failures.empty(); }));
+    letPass(100);
+    ASSERT_EQ(failures.size(), 1U) << "once for all screens";
+    EXPECT_THAT(failures[0].toStdString(), HasSubstr("Wallpapers/wall-"));
+    EXPECT_TRUE(written.empty());
+}
+
+TEST_F(StillMakerTest, SavesPicturesOfAnySize)
+{
+    std::vector<std::optional<QString>> answers;
+    const auto note = [&](const std::optional<QString>& failure) { answers.push_back(failure); };
+    const QString file = home.filePath(QStringLiteral("one.png"));
+    maker.save({}, {640, 360}, file, note);
+    maker.request({}, screens);
+    maker.cancel();
+    ASSERT_TRUE(waitUntil([&] { return answers.size() == 1; })) << "not given up with the stills";
+    EXPECT_EQ(answers[0], std::nullopt);
+    EXPECT_EQ(QImage(file).size(), QSize(640, 360));
+
+    maker.save({}, {1000000, 100}, file, note);
+    maker.save({}, {64, 64}, home.filePath(QStringLiteral("none/one.png")), note);
+    ASSERT_TRUE(waitUntil([&] { return answers.size() == 3; }));
+    EXPECT_EQ(answers[1].value_or(QString()).toStdString(),
+              "The 1000000x100 image could not be rendered. Try a smaller size.");
+    EXPECT_THAT(answers[2].value_or(QString()).toStdString(), HasSubstr("none"));
+    EXPECT_EQ(QImage(file).size(), QSize(640, 360)) << "the old file stays";
+}
+
+TEST_F(StillMakerTest, LeavesTheEventLoopItsTurns)
+{
+    int turns = 0;
+    QTimer heart;
+    QObject::connect(&heart, &QTimer::timeout, &heart, [&] { ++turns; });
+    heart.start(0);
+    maker.request({}, {{QStringLiteral("LARGE"), QRect(0, 0, 2560, 2880), 2.0}});
+    ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
+    EXPECT_GE(turns, 4);
+}
+
+TEST(WallpaperFolderTest, NamesStillsByTheirTime)
+{
+    EXPECT_EQ(stillFileName(1731686400000, 0).toStdString(), "wall-01731686400000-0.png");
+    EXPECT_EQ(stillFileName(7, 12).toStdString(), "wall-00000000000007-12.png");
+}
+
+TEST(WallpaperFolderTest, KeepsFourStillsForEachScreenAndThoseInUse)
+{
+    QTemporaryDir folder;
+    const auto touch = [&](const QString& name) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    };
+    for (int time = 0; time < 9; ++time) {
+        for (int screen = 0; screen < 3; ++screen)
+            touch(stillFileName(1731686400000 + time, screen));
+    }
+    touch(QStringLiteral("wall-notes.txt"));
+    touch(QStringLiteral("holiday.png"));
+    const QString inUse = folder.filePath(stillFileName(1731686400000, 1));
+    pruneStills(folder.path(), 3, {inUse});
+
+    const QStringList left = QDir(folder.path()).entryList(QDir::Files);
+    EXPECT_EQ(left.size(), 12 + 1 + 1) << left.join(QLatin1Char(' ')).toStdString();
+    EXPECT_TRUE(QFile::exists(inUse));
+    EXPECT_TRUE(left.contains(QStringLiteral("holiday.png"))) << "not ours";
+    EXPECT_FALSE(left.contains(stillFileName(1731686400004, 0)));
+    EXPECT_TRUE(left.contains(stillFileName(1731686400005, 0)));
+    pruneStills(folder.path(), 0, {});
+    EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("wall-*")}).size(), 4) << "as for one screen";
+}
+
+} // namespace
+} // namespace tessel

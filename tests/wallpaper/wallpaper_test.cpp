@@ -1,0 +1,342 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/look_json.h"
+#include "render/graphics.h"
+#include "render/png_file.h"
+#include "wallpaper/surroundings.h"
+#include "wallpaper/wallpaper.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <gmock/gmock.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+constexpr auto left = QRect(0, 0, 320, 180);
+constexpr auto right = QRect(320, 0, 200, 100);
+
+class WallpaperTest : public Graphics
+{
+protected:
+    WallpaperTest() { restart(); }
+
+    /// Ends the program and starts it again, up to the applier's being told to.
+    void restart()
+    {
+        wallpaper.reset();
+        store.reset();
+        store = std::make_unique<Store>(
+            StoreEnvironment{.settingsFile = home.filePath(QStringLiteral("a.conf"))});
+        wallpaper = std::make_unique<Wallpaper>(
+            WallpaperEnvironment{.store = *store,
+                                 .screens = screens,
+                                 .session = session,
+                                 .occlusion = occlusion,
+                                 .pictures = hasPictures ? &pictures : nullptr,
+                                 .makeWindow = [this](const Screen& screen) { return makeWindow(screen); },
+                                 .makeCurrent = [] {},
+                                 .rasterizer = Rasterizer::software,
+                                 .folder = home.filePath(QStringLiteral("Wallpapers")),
+                                 .delays = {.animated = 400ms, .still = 150ms, .settling = 10ms}});
+        QObject::connect(store.get(), &Store::applied, wallpaper.get(), &Wallpaper::apply);
+        QObject::connect(wallpaper.get(), &Wallpaper::stillFailed, wallpaper.get(),
+                         [this](const QString& message) { failures.append(message); });
+    }
+
+    std::unique_ptr<DesktopWindow> makeWindow(const Screen& screen)
+    {
+        const auto record = std::make_shared<WindowRecord>();
+        record->screen = screen;
+        windows.push_back(record);
+        return std::make_unique<MemoryWindow>(record);
+    }
+
+    static Look lookWithSeed(int seed)
+    {
+        Look look;
+        look.seed = static_cast<float>(seed);
+        return look;
+    }
+
+    void apply(int seed, bool motion)
+    {
+        store->applyToDesktop(lookWithSeed(seed), RecordHistory::yes, motion, ContinueFromEditor::no);
+    }
+
+    /// The seeds of the looks in the pictures that the desktop shows.
+    std::vector<float> shownSeeds()
+    {
+        std::vector<float> seeds;
+        for (const DesktopPicture& picture : pictures.shown)
+            seeds.push_back(decodeLook(readLookText(picture.file.toStdString()).value_or("")).seed);
+        return seeds;
+    }
+
+    int visibleWindows()
+    {
+        return static_cast<int>(
+            std::ranges::count_if(windows, [](const auto& window) { return window->visible; }));
+    }
+
+    /// How many frames the last window draws in a while.
+    int framesIn(int milliseconds)
+    {
+        const int before = windows.back()->frames;
+        letPass(milliseconds);
+        return windows.back()->frames - before;
+    }
+
+    QTemporaryDir home;
+    FakeScreens screens;
+    FakeSession session;
+    FakeOcclusion occlusion;
+    FakePictures pictures;
+    bool hasPictures = true;
+    std::vector<std::shared_ptr<WindowRecord>> windows;
+    QStringList failures;
+    std::unique_ptr<Store> store;
+    std::unique_ptr<Wallpaper> wallpaper;
+};
+
+TEST_F(WallpaperTest, ANewStartTouchesNothing)
+{
+    wallpaper->start();
+    letPass(100);
+    EXPECT_TRUE(windows.empty());
+    EXPECT_EQ(pictures.sets + pictures.restores, 0);
+    EXPECT_FALSE(QDir(home.filePath(QStringLiteral("Wallpapers"))).exists());
+}
+
+TEST_F(WallpaperTest, AStillIsShownLiveAndThenBecomesThePicture)
+{
+    wallpaper->start();
+    apply(1, false);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
+    EXPECT_TRUE(session.isWatching);
+    EXPECT_EQ(pictures.sets, 0) << "the cross-fade comes first";
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
+    EXPECT_THAT(shownSeeds(), ElementsAre(1));
+    EXPECT_FALSE(session.isWatching);
+    const QByteArray kept = store->kept("latestPictures").toByteArray();
+    EXPECT_EQ(QJsonDocument::fromJson(kept).array().at(0).toString(), pictures.shown[0].file);
+    EXPECT_EQ(framesIn(300), 0);
+}
+
+TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
+{
+    wallpaper->start();
+    apply(2, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    EXPECT_THAT(shownSeeds(), ElementsAre(2));
+    letPass(100);
+    EXPECT_EQ(visibleWindows(), 1);
+    EXPECT_GT(framesIn(500), 4);
+    store->applyToDesktop(*store->desktop(), RecordHistory::no, false, ContinueFromEditor::no);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
+    EXPECT_EQ(pictures.sets, 2);
+}
+
+TEST_F(WallpaperTest, ABurstOfLooksMakesOneStillOfTheLast)
+{
+    wallpaper->start();
+    for (int seed = 0; seed < 10; ++seed) {
+        apply(seed, false);
+        letPass(30);
+    }
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets > 0 && visibleWindows() == 0; }));
+    letPass(300);
+    EXPECT_EQ(pictures.sets, 1);
+    EXPECT_THAT(shownSeeds(), ElementsAre(9));
+    EXPECT_EQ(QDir(home.filePath(QStringLiteral("Wallpapers"))).entryList(QDir::Files).size(), 1);
+}
+
+TEST_F(WallpaperTest, FollowsTheScreens)
+{
+    wallpaper->start();
+    apply(3, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    const std::vector<Screen> one = screens.list();
+    screens.set(one);
+    EXPECT_EQ(windows.size(), 1U) << "the same screens keep their windows";
+
+    const std::vector<Screen> two{one[0], {QStringLiteral("TWO"), right, 1.0}};
+    screens.set(two);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2; }));
+    ASSERT_EQ(windows.size(), 3U);
+    EXPECT_FALSE(windows[0]->alive);
+    EXPECT_EQ(visibleWindows(), 2);
+    EXPECT_THAT(shownSeeds(), ElementsAre(3, 3));
+
+    screens.set({});
+    EXPECT_EQ(visibleWindows(), 0);
+    apply(4, true);
+    letPass(600);
+    EXPECT_EQ(pictures.sets, 2) << "nothing to show it on";
+    screens.set(one);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3; }));
+    EXPECT_THAT(shownSeeds(), ElementsAre(4));
+    EXPECT_EQ(visibleWindows(), 1);
+}
+
+TEST_F(WallpaperTest, DoesNothingThatNobodySees)
+{
+    wallpaper->start();
+    apply(5, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    occlusion.cover(left);
+    EXPECT_EQ(framesIn(300), 0);
+    occlusion.cover({});
+    EXPECT_GT(framesIn(300), 2);
+    for (const SessionState& unseen :
+         {SessionState{.asleep = true}, SessionState{.locked = true}, SessionState{.screensOff = true}}) {
+        session.become(unseen);
+        EXPECT_EQ(framesIn(200), 0);
+        session.become({});
+        EXPECT_GT(framesIn(200), 1);
+    }
+    Look resting = lookWithSeed(5);
+    resting.speed = 0;
+    store->applyToDesktop(resting, RecordHistory::no, true, ContinueFromEditor::no);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1 && framesIn(200) == 0; })) << "nothing can move";
+}
+
+TEST_F(WallpaperTest, OnlyTheCoveredScreenRests)
+{
+    screens.set({{QStringLiteral("ONE"), left, 1.0}, {QStringLiteral("TWO"), right, 1.0}});
+    wallpaper->start();
+    apply(5, true);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 2 && pictures.sets == 1; }));
+    occlusion.cover(left);
+    const int before = windows[0]->frames;
+    EXPECT_GT(framesIn(300), 2) << "the other one";
+    EXPECT_EQ(windows[0]->frames, before);
+}
+
+TEST_F(WallpaperTest, AnUnknownDesktopKeepsOurWindows)
+{
+    hasPictures = false;
+    restart();
+    wallpaper->start();
+    apply(6, false);
+    ASSERT_TRUE(waitUntil([&] { return windows.size() == 1 && !windows[0]->holds({}); }));
+    const Picture still = draw(lookWithSeed(6), 320, 180, wallpaper->clocks().phase(Source::desktop));
+    const QImage expected(reinterpret_cast<const uchar*>(still.pixels.get()), 320, 180, QImage::Format_RGB32);
+    EXPECT_TRUE(windows[0]->holds(expected));
+    letPass(100);
+    EXPECT_EQ(visibleWindows(), 1);
+    EXPECT_EQ(framesIn(300), 0);
+
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
+    EXPECT_TRUE(windows.back()->holds(expected)) << "from the file";
+}
+
+TEST_F(WallpaperTest, ADesktopThatRefusesIsReportedAndOurWindowsStay)
+{
+    pictures.failures = {QStringLiteral("ONE did not take it")};
+    wallpaper->start();
+    apply(7, false);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty() && !windows[0]->holds({}); }));
+    letPass(100);
+    EXPECT_EQ(failures, QStringList{QStringLiteral("ONE did not take it")});
+    EXPECT_EQ(visibleWindows(), 1);
+}
+
+TEST_F(WallpaperTest, AFullDiskCostsNothing)
+{
+    ASSERT_TRUE(QFile(home.filePath(QStringLiteral("Wallpapers"))).open(QIODevice::WriteOnly));
+    wallpaper->start();
+    apply(8, false);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
+    EXPECT_EQ(pictures.sets, 0);
+    EXPECT_EQ(visibleWindows(), 1) << "the look is shown all the same";
+    EXPECT_FALSE(store->kept("latestPictures").isValid());
+}
+
+TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)
+{
+    wallpaper->start();
+    apply(9, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
+    const QString file = pictures.shown[0].file;
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return pictures.restores == 1; }));
+    letPass(300);
+    EXPECT_EQ(pictures.shown[0].file, file);
+    EXPECT_EQ(pictures.sets, 1);
+    EXPECT_EQ(visibleWindows(), 0);
+
+    QFile::remove(file);
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2; })) << "made anew";
+    EXPECT_THAT(shownSeeds(), ElementsAre(9));
+
+    // Killed before the still of a newer look was made.
+    apply(10, false);
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3; }));
+    EXPECT_THAT(shownSeeds(), ElementsAre(10));
+}
+
+TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
+{
+    wallpaper->start();
+    wallpaper->clocks().setPhase(Source::editor, 123.5);
+    store->applyToDesktop(lookWithSeed(1), RecordHistory::yes, true, ContinueFromEditor::yes);
+    EXPECT_NEAR(wallpaper->clocks().phase(Source::desktop), 123.5, 0.2);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
+    letPass(300);
+    wallpaper->stop();
+    EXPECT_EQ(visibleWindows(), 0);
+    const double phase = wallpaper->clocks().phase(Source::desktop);
+    EXPECT_GT(phase, 123.55);
+    restart();
+    wallpaper->start();
+    EXPECT_NEAR(wallpaper->clocks().phase(Source::desktop), phase, 0.2);
+    letPass(50);
+    apply(2, true);
+    EXPECT_GE(wallpaper->clocks().phase(Source::desktop), phase) << "restored once only";
+}
+
+TEST_F(WallpaperTest, ALookThatHasToBeBuiltLetsTheOldOneMoveOn)
+{
+    wallpaper->start();
+    apply(1, true);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
+    letPass(1300);
+    Look fresh = lookWithSeed(1);
+    fresh.pattern = Pattern::fold;
+    fresh.dither = Dither::halftone;
+    const long painted = windows.back()->paintedPixels;
+    store->applyToDesktop(fresh, RecordHistory::yes, true, ContinueFromEditor::no);
+    EXPECT_EQ(framesIn(0), 0) << "nobody waits for it";
+    // What is drawn through OpenGL is the new look: a cross-fade that starts with the old one alone.
+    const QImage before = windows.back()->image;
+    ASSERT_TRUE(waitUntil(
+        [&] { return windows.back()->paintedPixels == painted || windows.back()->image != before; }));
+    letPass(1300);
+    const Picture end = draw(fresh, 320, 180, wallpaper->clocks().phase(Source::desktop));
+    int same = 0;
+    for (int y = 0; y < 180; ++y) {
+        for (int x = 0; x < 320; ++x)
+            same +=
+                colorOf(windows.back()->image.pixel(x, y)) == colorOf(end.row(y)[static_cast<std::size_t>(x)])
+                    ? 1
+                    : 0;
+    }
+    EXPECT_GT(same, 320 * 180 * 9 / 10);
+}
+
+} // namespace
+} // namespace tessel
