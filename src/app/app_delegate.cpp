@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/app_delegate.h"
+
+#include "app/commands.h"
+#include "app/status_menu.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QSessionManager>
+
+#include <array>
+#include <cstdio>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+/// The signals of what the menu shows. The edited look is not among them, which a slider changes all the
+/// time.
+constexpr std::array menuSignals{&Store::desktopChanged,        &Store::desktopHistoryChanged,
+                                 &Store::appliedMotionChanged,  &Store::presetsChanged,
+                                 &Store::shuffleMinutesChanged, &Store::edgeChanged,
+                                 &Store::handleHiddenChanged};
+
+Alert problemAlert(const std::vector<SettingProblem>& problems)
+{
+    QString lines;
+    for (const SettingProblem& problem : problems) {
+        const QString key = problem.key.isEmpty() ? QString() : problem.key + QStringLiteral(": ");
+        lines += key + problem.message + QStringLiteral("\n\n");
+    }
+    return {QStringLiteral("Some settings could not be read"),
+            lines + QStringLiteral("They stay in the file \"%1\" as they are until you change them here.")
+                        .arg(defaultSettingsFile())};
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(const AppParts& parts)
+    : m_parts(parts)
+    , m_dialogs(makeFocus())
+    , m_shuffleTimer(parts.store, parts.session)
+    , m_panelMenu([this] { return menuRows(); })
+    , m_popupMenu([this] { return menuRows(); })
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::start()
+{
+    m_parts.wallpaper.start();
+    connectStore();
+    connectSystem();
+    m_shuffleTimer.start();
+    installMenu();
+    greet();
+}
+
+void AppDelegate::quit()
+{
+    leave();
+    QCoreApplication::exit();
+}
+
+void AppDelegate::connectStore()
+{
+    Store& store = m_parts.store;
+    connect(&store, &Store::applied, &m_parts.wallpaper, &Wallpaper::apply);
+    for (const auto signal : menuSignals)
+        connect(&store, signal, &m_panelMenu, &MenuView::refreshLater);
+    connect(&store, &Store::refused, this, [this](const QString& message) {
+        tell(QStringLiteral("Tessel Broth could not use that"), message);
+    });
+    connect(&store, &Store::savingFailed, this, [this](const QString& message) {
+        tell(QStringLiteral("Your settings cannot be saved"),
+             message + QStringLiteral(" Tessel Broth keeps trying."));
+    });
+    connect(&m_parts.wallpaper, &Wallpaper::stillFailed, this, [this](const QString& message) {
+        tell(QStringLiteral("The desktop picture stays as it was"), message);
+    });
+}
+
+void AppDelegate::connectSystem()
+{
+    connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::popUpMenu);
+    connect(&m_parts.instance, &RunningInstance::actionRequested, this, &AppDelegate::perform);
+    connect(&m_dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
+    m_quitSignals = watchQuitSignals();
+    connect(m_quitSignals.get(), &QuitSignals::received, this, &AppDelegate::quit);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
+    // Whether the program starts with the session is the user's choice, made elsewhere.
+    connect(qApp, &QGuiApplication::saveStateRequest, this,
+            [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
+    connect(qApp, &QGuiApplication::commitDataRequest, this,
+            [this](QSessionManager& /*session*/) { static_cast<void>(m_parts.store.saveNow()); });
+}
+
+void AppDelegate::installMenu()
+{
+    m_tray = std::make_unique<TrayIcon>(m_panelMenu.menu(), watchTrayHost());
+    connect(m_tray.get(), &TrayIcon::clicked, this, &AppDelegate::popUpMenu);
+    // A panel may need other titles for the same.
+    connect(m_tray.get(), &TrayIcon::shown, &m_panelMenu, &MenuView::refreshLater);
+    m_panelMenu.refresh();
+}
+
+void AppDelegate::greet()
+{
+    if (!m_parts.store.problems().empty())
+        m_dialogs.alert(problemAlert(m_parts.store.problems()));
+    if (m_parts.store.desktop())
+        return;
+    const QString where = TrayIcon::hasPanel()
+                              ? QStringLiteral("Click the bowl in your panel")
+                              : QStringLiteral("Start Tessel Broth once more to see its menu");
+    tell(QStringLiteral("Tessel Broth is ready"),
+         where + QStringLiteral(" and choose New Wallpaper for your first one."));
+}
+
+void AppDelegate::popUpMenu()
+{
+    QMenu& menu = m_popupMenu.menu();
+    menu.popup(QCursor::pos());
+    menu.raise();
+    menu.activateWindow();
+}
+
+/// Does what was asked for by name; names that mean nothing here are left alone.
+void AppDelegate::perform(const QString& action)
+{
+    Store& store = m_parts.store;
+    if (action == QStringLiteral("new-wallpaper"))
+        store.shuffle();
+    else if (action == QStringLiteral("previous-wallpaper"))
+        store.previousWallpaper();
+    else if (action == QStringLiteral("toggle-motion"))
+        setDesktopMotion(store, !store.appliedMotion());
+    else if (action == QStringLiteral("open-editor"))
+        popUpMenu();
+    else if (action == QStringLiteral("quit"))
+        quit();
+}
+
+void AppDelegate::leave()
+{
+    if (std::exchange(m_hasLeft, true))
+        return;
+    m_dialogs.closeAll();
+    if (!m_parts.store.saveNow())
+        std::fputs("Tessel Broth: the last changes could not be saved.\n", stderr);
+    m_parts.wallpaper.stop();
+    m_tray.reset();
+}
+
+/// Says something that needs no answer.
+void AppDelegate::tell(const QString& title, const QString& text)
+{
+    m_parts.notifications.show(title, text, [this, title, text] { m_dialogs.alert({title, text}); });
+}
+
+std::vector<MenuRow> AppDelegate::menuRows()
+{
+    const StatusCommands commands{
+        [this] { saveAsPreset(m_parts.store, m_dialogs); },
+        [this](bool on) {
+            setLaunchAtLogin(m_parts.login, m_dialogs, on, [this](bool) { m_panelMenu.refreshLater(); });
+        },
+        [this] { checkForUpdates(m_dialogs); },
+        [this](const QString& address) { openWebPage(address, m_dialogs); },
+        [this] { quit(); },
+    };
+    return statusMenuRows(m_parts.store, m_parts.login.status(), commands);
+}
+
+} // namespace tessel

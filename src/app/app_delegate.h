@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "app/dialogs.h"
+#include "app/menu_view.h"
+#include "app/shuffle_timer.h"
+#include "app/tray_icon.h"
+#include "model/store.h"
+#include "platform/login_item.h"
+#include "platform/notifications.h"
+#include "platform/quit_signals.h"
+#include "platform/running_instance.h"
+#include "platform/session.h"
+#include "wallpaper/wallpaper.h"
+
+#include <memory>
+#include <string_view>
+
+namespace tessel {
+
+/// What the application consists of; all of it must outlive the delegate.
+struct AppParts
+{
+    RunningInstance& instance;
+    Store& store;
+    Wallpaper& wallpaper;
+    Session& session;
+    LoginItem& login;
+    Notifications& notifications;
+};
+
+/// Runs the application: brings its parts together at the start, puts its menu into the panel, hears what is
+/// asked of it, and leaves everything in order at the end.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AppDelegate(const AppParts& parts);
+    ~AppDelegate() override;
+
+    /// Shows the wallpaper and the menu; to be called once.
+    void start();
+
+    /// Saves everything, takes the windows down and ends the event loop.
+    void quit();
+
+private:
+    void connectStore();
+    void connectSystem();
+    void installMenu();
+    void greet();
+    void popUpMenu();
+    void perform(const QString& action);
+    void leave();
+    void tell(const QString& title, const QString& text);
+    [[nodiscard]] std::vector<MenuRow> menuRows();
+
+    AppParts m_parts;
+    Dialogs m_dialogs;
+    ShuffleTimer m_shuffleTimer;
+    MenuView m_panelMenu;
+    MenuView m_popupMenu; ///< the same where a panel does not show it
+    std::unique_ptr<QuitSignals> m_quitSignals;
+    std::unique_ptr<TrayIcon> m_tray;
+    bool m_hasLeft = false;
+};
+
+} // namespace tessel

@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/commands.h"
+
+#include "model/palette.h"
+#include "platform/software_centre.h"
+#include "render/png_file.h"
+#include "wallpaper/photos.h"
+
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QPointer>
+#include <QPromise>
+#include <QStandardPaths>
+#include <QThreadPool>
+#include <QUrl>
+#include <QUuid>
+
+#include <chrono>
+#include <memory>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+const QString componentName = QStringLiteral("org.tesselbroth.TesselBroth");
+
+/// How long a photo that nobody uses any more is kept: a look can be outside of the store too, in a PNG file
+/// for example.
+constexpr std::chrono::days photoKeeping{60};
+
+void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()>& done)
+{
+    const Alert alert{
+        QStringLiteral("Allow Tessel Broth in Login Items"),
+        QStringLiteral("Your system needs your OK before Tessel Broth can open at login. You can "
+                       "allow it in the system settings, among the programs that start at login."),
+        QStringLiteral("Open Login Items"), QStringLiteral("Not Now")};
+    dialogs.alert(alert, [&login, done](bool open) {
+        if (open)
+            login.openSettings();
+        done();
+    });
+}
+
+/// A photo's copy, or why there is none.
+struct PhotoCopy
+{
+    QString path;
+    std::optional<QString> failure;
+};
+
+PhotoCopy tryCopy(const QString& file, const QString& folder)
+{
+    try {
+        return {copyPhoto(file, folder), std::nullopt};
+    } catch (const FileError& error) {
+        return {{}, QString::fromUtf8(error.what())};
+    }
+}
+
+void showPhoto(Store& store, const QString& path)
+{
+    Look look = store.look();
+    look.pattern = Pattern::image;
+    look.imagePath = path.toStdString();
+    store.changeLook(look);
+}
+
+void removeOldPhotos(const Store& store, const QString& folder)
+{
+    const auto inUse = photosInUse(store);
+    if (!inUse)
+        return;
+    const QDateTime limit = QDateTime::currentDateTimeUtc().addDays(-photoKeeping.count());
+    QThreadPool::globalInstance()->start([folder, inUse, limit] { removePhotos(folder, *inUse, limit); });
+}
+
+/// The system's own file dialog has to be asked for from within a sandbox, where no other sees the user's
+/// files. Everywhere else ours comes to the front for certain.
+bool isSandboxed()
+{
+    return QFileInfo::exists(QStringLiteral("/.flatpak-info"));
+}
+
+std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
+{
+    auto dialog = std::make_unique<QFileDialog>();
+    dialog->setOption(QFileDialog::DontUseNativeDialog, !isSandboxed());
+    dialog->setWindowTitle(QStringLiteral("Save PNG"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setNameFilter(QStringLiteral("PNG pictures (*.png)"));
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    dialog->selectFile(name);
+    return dialog;
+}
+
+void alertOfPng(Dialogs& dialogs, const QString& reason)
+{
+    dialogs.alert({QStringLiteral("Could not save that PNG"), reason});
+}
+
+void saveChosen(Dialogs& dialogs, const Look& look, QSize size, QString file, const SavePicture& save)
+{
+    if (QFileInfo(file).suffix().compare(QStringLiteral("png"), Qt::CaseInsensitive) != 0) {
+        file += QStringLiteral(".png");
+        // Nobody has been asked whether this one may be replaced.
+        if (QFileInfo::exists(file)) {
+            alertOfPng(dialogs, QStringLiteral("There is \"%1\" already. Choose another name.").arg(file));
+            return;
+        }
+    }
+    save(look, size, file, [guard = QPointer(&dialogs)](const std::optional<QString>& failure) {
+        if (guard && failure)
+            alertOfPng(*guard, *failure);
+    });
+}
+
+} // namespace
+
+void setLaunchAtLogin(LoginItem& login, Dialogs& dialogs, bool on, const std::function<void(bool)>& done)
+{
+    const std::optional<QString> failure = on ? login.registerItem() : login.unregisterItem();
+    const bool needsApproval = on && login.status() == LoginItem::Status::requiresApproval;
+    const auto finish = [&login, on, done] { done((login.status() == LoginItem::Status::enabled) == on); };
+    if (needsApproval) {
+        showApproval(login, dialogs, finish);
+        return;
+    }
+    if (!failure) {
+        finish();
+        return;
+    }
+    const QString message = on ? QStringLiteral("Could not turn on Launch at Login")
+                               : QStringLiteral("Could not turn off Launch at Login");
+    dialogs.alert({message, *failure}, [finish](bool) { finish(); });
+}
+
+void saveAsPreset(Store& store, Dialogs& dialogs)
+{
+    if (!store.desktop())
+        return;
+    const QString initial = QString::fromStdString(displayTitle(*store.desktop()));
+    // What was on the desktop when the question came up, not what a fresh bowl may have put there since.
+    const auto add = [&store, look = *store.desktop(),
+                      motion = store.appliedMotion()](const std::optional<QString>& name) {
+        if (!name)
+            return;
+        std::vector<Preset> presets = store.presets();
+        presets.push_back({QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper().toStdString(),
+                           name->toStdString(), look, motion});
+        store.setPresets(std::move(presets));
+    };
+    dialogs.askPresetName(QStringLiteral("Save as preset"), initial, add);
+}
+
+void checkForUpdates(Dialogs& dialogs)
+{
+    openSoftwareCentre(componentName, &dialogs, [&dialogs](bool isTaken) {
+        if (isTaken)
+            return;
+        dialogs.alert(
+            {QStringLiteral("Updates come with your system"),
+             QStringLiteral("The software centre or package manager of your system keeps Tessel Broth "
+                            "up to date. Look for updates there.")});
+    });
+}
+
+void openWebPage(const QString& address, Dialogs& dialogs)
+{
+    if (!QDesktopServices::openUrl(QUrl(address)))
+        dialogs.alert({QStringLiteral("Could not open the web page"),
+                       QStringLiteral("No browser has taken it. The address is %1").arg(address)});
+}
+
+void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& save)
+{
+    std::unique_ptr<QFileDialog> dialog = makeSaveDialog(pngName(look, size));
+    const auto ended = [&dialogs, shown = dialog.get(), look, size, save] {
+        if (shown->result() == QDialog::Accepted && !shown->selectedFiles().isEmpty())
+            saveChosen(dialogs, look, size, shown->selectedFiles().constFirst(), save);
+    };
+    // If it is open already, that one is what the user sees.
+    static_cast<void>(dialogs.present(QStringLiteral("Save PNG"), std::move(dialog), ended));
+}
+
+QString pngName(const Look& look, QSize size)
+{
+    const std::string_view pattern = title(look.pattern);
+    return QStringLiteral("Tessel Broth %1 %2x%3.png")
+        .arg(QString::fromUtf8(pattern.data(), static_cast<qsizetype>(pattern.size())))
+        .arg(size.width())
+        .arg(size.height());
+}
+
+void usePhoto(Store& store, Dialogs& dialogs, const QString& file, const QString& folder)
+{
+    auto* watcher = new QFutureWatcher<PhotoCopy>(&dialogs);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, &dialogs, [&store, &dialogs, watcher, folder] {
+        watcher->deleteLater();
+        const PhotoCopy copy = watcher->result();
+        if (copy.failure) {
+            dialogs.alert({QStringLiteral("Could not use that photo"), *copy.failure});
+            return;
+        }
+        showPhoto(store, copy.path);
+        removeOldPhotos(store, folder);
+    });
+    const auto promise = std::make_shared<QPromise<PhotoCopy>>();
+    promise->start();
+    watcher->setFuture(promise->future());
+    QThreadPool::globalInstance()->start([promise, file, folder] {
+        promise->addResult(tryCopy(file, folder));
+        promise->finish();
+    });
+}
+
+} // namespace tessel

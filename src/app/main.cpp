@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/app_delegate.h"
+#include "app/status_icon.h"
+#include "platform/gl_context.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+namespace tessel {
+namespace {
+
+constexpr int usageError = 2;
+
+void setNames()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Tessel Broth"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessel Broth"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.tesselbroth.TesselBroth"));
+}
+
+void print(std::FILE* stream, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+/// Answers arguments, for which no display is needed.
+int answerArguments(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Makes wallpapers, and keeps a bowl in the panel from which to choose them.\n"
+                       "Start it again to open its menu."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Shows this help."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Shows the version."));
+    parser.addOptions({help, version});
+    const bool isUnderstood = parser.parse(QCoreApplication::arguments());
+    if (isUnderstood && parser.isSet(help)) {
+        print(stdout, parser.helpText());
+        return EXIT_SUCCESS;
+    }
+    if (isUnderstood && parser.isSet(version)) {
+        print(stdout, QStringLiteral("Tessel Broth %1\n").arg(QCoreApplication::applicationVersion()));
+        return EXIT_SUCCESS;
+    }
+    const QString problem = isUnderstood
+                                ? QStringLiteral("Nothing but --help and --version is expected, not \"%1\".")
+                                      .arg(parser.positionalArguments().value(0))
+                                : parser.errorText();
+    print(stderr, QStringLiteral("tessel-broth: %1 See tessel-broth --help.\n").arg(problem));
+    return usageError;
+}
+
+/// Qt ends the program in its own way where it finds no display: with a core dump.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+{
+    if (type != QtFatalMsg) {
+        print(stderr, message + QLatin1Char('\n'));
+        return;
+    }
+    print(stderr, QStringLiteral("tessel-broth: There is no desktop to draw on. Start Tessel Broth within a "
+                                 "graphical session, where DISPLAY or WAYLAND_DISPLAY is set.\n"));
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// The context to draw with; none after telling the user that there cannot be one.
+std::optional<GlContext> makeContext(QApplication& application)
+{
+    try {
+        return std::optional<GlContext>(std::in_place);
+    } catch (const GlContextError& error) {
+        Dialogs dialogs(makeFocus());
+        QObject::connect(&dialogs, &Dialogs::quitRequested, &application, &QCoreApplication::quit);
+        dialogs.alert({QStringLiteral("Tessel Broth cannot draw here"), QString::fromUtf8(error.what())},
+                      [](bool) { QCoreApplication::quit(); });
+        QApplication::exec();
+        return std::nullopt;
+    }
+}
+
+int runApplication(QApplication& application)
+{
+    const std::unique_ptr<RunningInstance> instance = claimInstance();
+    if (!instance->isFirst())
+        return EXIT_SUCCESS;
+    std::optional<GlContext> context = makeContext(application);
+    if (!context)
+        return EXIT_FAILURE;
+    Store store;
+    QtScreens screens;
+    const std::unique_ptr<Session> session = makeSession();
+    const std::unique_ptr<Occlusion> occlusion = makeOcclusion();
+    const std::unique_ptr<DesktopPictures> pictures = makeDesktopPictures();
+    Wallpaper wallpaper(
+        {.store = store,
+         .screens = screens,
+         .session = *session,
+         .occlusion = *occlusion,
+         .pictures = pictures.get(),
+         .makeWindow = [&](const Screen& screen) { return makeDesktopWindow(screen, *context); },
+         .makeCurrent = [&] { context->makeCurrent(); },
+         .rasterizer = context->isSoftware() ? Rasterizer::software : Rasterizer::gpu});
+    const std::unique_ptr<LoginItem> login = makeLoginItem();
+    const std::unique_ptr<Notifications> notifications = makeNotifications();
+    AppDelegate delegate({*instance, store, wallpaper, *session, *login, *notifications});
+    delegate.start();
+    return QApplication::exec();
+}
+
+int run(int argc, char** argv)
+{
+    setNames();
+    if (argc > 1)
+        return answerArguments(argc, argv);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
+    QApplication application(argc, argv);
+    qInstallMessageHandler(usual);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(statusIcon(PanelTone::light));
+    return runApplication(application);
+}
+
+} // namespace
+} // namespace tessel
+
+int main(int argc, char** argv)
+{
+    return tessel::run(argc, argv);
+}

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/status_menu.h"
+
+#include "model/palette.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+/// The most characters, as people count them, of a name in a menu; with what stands for the middle.
+constexpr qsizetype longestName = 48;
+
+MenuRow separator(const QString& id)
+{
+    return {id, {}};
+}
+
+MenuRow row(const QString& id, const QString& title, std::function<void()> run)
+{
+    MenuRow made{id, title};
+    made.run = std::move(run);
+    return made;
+}
+
+MenuRow checkedRow(const QString& id, const QString& title, bool checked, std::function<void()> run)
+{
+    MenuRow made = row(id, title, std::move(run));
+    made.checked = checked;
+    return made;
+}
+
+MenuRow submenu(const QString& id, const QString& title, std::vector<MenuRow> children)
+{
+    MenuRow made{id, title};
+    made.children = std::move(children);
+    return made;
+}
+
+MenuRow withShortcut(MenuRow made, Qt::Key key)
+{
+    made.shortcut = QKeySequence(Qt::CTRL | key);
+    return made;
+}
+
+/// Whether a character would break the line, or turn the direction of the rows around it.
+bool disturbs(QChar character)
+{
+    const char16_t code = character.unicode();
+    return character.category() == QChar::Other_Control || code == u'\u2028' || code == u'\u2029' ||
+           (code >= u'\u202A' && code <= u'\u202E') || (code >= u'\u2066' && code <= u'\u2069');
+}
+
+/// Keeps the beginning and the end, never a part of a character.
+QString elidedInMiddle(const QString& text)
+{
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    std::vector<qsizetype> ends;
+    while (characters.toNextBoundary() >= 0)
+        ends.push_back(characters.position());
+    const auto count = static_cast<qsizetype>(ends.size());
+    if (count <= longestName)
+        return text;
+    const qsizetype head = ends[longestName / 2 - 1];
+    const qsizetype tail = ends[static_cast<std::size_t>(count - longestName / 2)];
+    return text.left(head) + QChar(u'\u2026') + text.mid(tail);
+}
+
+MenuRow motionRow(Store& store, const QString& id, const QString& title, bool motion)
+{
+    const bool hasLook = store.desktop().has_value();
+    MenuRow made = checkedRow(id, title, hasLook && store.appliedMotion() == motion,
+                              [&store, motion] { setDesktopMotion(store, motion); });
+    made.enabled = hasLook;
+    return made;
+}
+
+MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint64 minutes)
+{
+    return checkedRow(id, title, store.shuffleMinutes() == minutes,
+                      [&store, minutes] { store.setShuffleMinutes(minutes); });
+}
+
+MenuRow edgeRow(Store& store, const QString& id, Edge edge)
+{
+    const QString name = QString::fromUtf8(title(edge).data(), static_cast<qsizetype>(title(edge).size()));
+    return checkedRow(id, name, !store.handleHidden() && store.edge() == edge, [&store, edge] {
+        store.setEdge(edge);
+        store.setHandleHidden(false);
+    });
+}
+
+std::vector<MenuRow> intervalRows(Store& store)
+{
+    return {intervalRow(store, QStringLiteral("hourly"), QStringLiteral("Every Hour"), 60),
+            intervalRow(store, QStringLiteral("daily"), QStringLiteral("Every Day"), 1440),
+            intervalRow(store, QStringLiteral("never"), QStringLiteral("Never"), 0)};
+}
+
+std::vector<MenuRow> handleRows(Store& store)
+{
+    return {edgeRow(store, QStringLiteral("left"), Edge::left),
+            edgeRow(store, QStringLiteral("right"), Edge::right),
+            checkedRow(QStringLiteral("hidden"), QStringLiteral("Hidden"), store.handleHidden(),
+                       [&store] { store.setHandleHidden(true); })};
+}
+
+std::vector<MenuRow> creditRows(const StatusCommands& commands)
+{
+    const auto page = [&](const QString& id, const QString& title, const QString& address) {
+        return row(id, title, [open = commands.openWebPage, address] { open(address); });
+    };
+    return {page(QStringLiteral("web-page"), QStringLiteral("Web Page"),
+                 QStringLiteral("https://tesselbroth.org")),
+            page(QStringLiteral("source-code"), QStringLiteral("Source Code"),
+                 QStringLiteral("https://tesselbroth.org/source"))};
+}
+
+MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)
+{
+    const bool on = login == LoginItem::Status::enabled;
+    return checkedRow(QStringLiteral("launch-at-login"), QStringLiteral("Launch at Login"), on,
+                      [set = commands.setLaunchAtLogin, on] { set(!on); });
+}
+
+MenuRow previousRow(Store& store)
+{
+    MenuRow made = row(QStringLiteral("previous-wallpaper"), QStringLiteral("Previous Wallpaper"),
+                       [&store] { store.previousWallpaper(); });
+    made.enabled = !store.desktopHistory().empty();
+    return withShortcut(std::move(made), Qt::Key_P);
+}
+
+} // namespace
+
+std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const StatusCommands& commands)
+{
+    return {
+        withShortcut(row(QStringLiteral("new-wallpaper"), QStringLiteral("New Wallpaper"),
+                         [&store] { store.shuffle(); }),
+                     Qt::Key_N),
+        previousRow(store),
+        separator(QStringLiteral("before-motion")),
+        motionRow(store, QStringLiteral("still"), QStringLiteral("Still Wallpaper"), false),
+        motionRow(store, QStringLiteral("animated"), QStringLiteral("Animated Wallpaper"), true),
+        submenu(QStringLiteral("presets"), QStringLiteral("Presets"),
+                presetRows(store, commands.saveAsPreset)),
+        separator(QStringLiteral("before-settings")),
+        submenu(QStringLiteral("fresh-bowl"), QStringLiteral("Fresh Bowl"), intervalRows(store)),
+        submenu(QStringLiteral("handle"), QStringLiteral("Handle Position"), handleRows(store)),
+        launchRow(login, commands),
+        separator(QStringLiteral("before-about")),
+        row(QStringLiteral("updates"), QStringLiteral("Check for Updates..."), commands.checkForUpdates),
+        submenu(QStringLiteral("credit"), QStringLiteral("Made by the Tessel Broth developers"),
+                creditRows(commands)),
+        withShortcut(row(QStringLiteral("quit"), QStringLiteral("Quit Tessel Broth"), commands.quit),
+                     Qt::Key_Q),
+    };
+}
+
+std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset)
+{
+    std::vector<MenuRow> rows;
+    for (const Preset& preset : store.presets()) {
+        const bool isShown = store.desktop() == preset.look && store.appliedMotion() == preset.motion;
+        rows.push_back(
+            checkedRow(QString::fromStdString(preset.id), menuTitle(preset), isShown, [&store, preset] {
+                store.applyToDesktop(preset.look, RecordHistory::yes, preset.motion, ContinueFromEditor::no);
+            }));
+    }
+    if (!rows.empty())
+        rows.push_back(separator(QStringLiteral("before-save")));
+    MenuRow save = row(QStringLiteral("save-as-preset"), QStringLiteral("Save as Preset..."), saveAsPreset);
+    save.enabled = store.desktop().has_value();
+    rows.push_back(std::move(save));
+    return rows;
+}
+
+void setDesktopMotion(Store& store, bool motion)
+{
+    if (store.desktop())
+        store.applyToDesktop(*store.desktop(), RecordHistory::no, motion, ContinueFromEditor::no);
+}
+
+QString menuTitle(const Preset& preset)
+{
+    QString name = QString::fromStdString(preset.name);
+    std::replace_if(name.begin(), name.end(), disturbs, QChar(QChar::Space));
+    name = name.simplified();
+    return elidedInMiddle(name.isEmpty() ? QString::fromStdString(displayTitle(preset.look)) : name);
+}
+
+} // namespace tessel

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "app/menu_row.h"
+#include "model/store.h"
+#include "platform/login_item.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tessel {
+
+/// What the menu starts beyond changes of the store.
+struct StatusCommands
+{
+    std::function<void()> saveAsPreset;
+    std::function<void(bool on)> setLaunchAtLogin;
+    std::function<void()> checkForUpdates;
+    std::function<void(const QString& address)> openWebPage;
+    std::function<void()> quit;
+};
+
+/// The rows of the status menu for the present state. They change the store when run.
+[[nodiscard]] std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login,
+                                                  const StatusCommands& commands);
+
+/// The presets, to be put on the desktop, and "Save as Preset...".
+[[nodiscard]] std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset);
+
+/// Shows the desktop's look still or animated from now on; nothing while there is no look on the desktop.
+void setDesktopMotion(Store& store, bool motion);
+
+/// A preset's name as a menu can show it: on one line, a long one with its middle left out, and the look's
+/// title in place of one without anything to see.
+[[nodiscard]] QString menuTitle(const Preset& preset);
+
+} // namespace tessel

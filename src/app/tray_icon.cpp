@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/tray_icon.h"
+
+#include "app/status_icon.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace tessel {
+
+TrayIcon::TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host) : m_menu(menu), m_host(std::move(host))
+{
+    // An icon that was made while no panel listened on the bus is not offered to one later.
+    connect(m_host.get(), &TrayHost::appeared, this, [this] {
+        if (!m_hasPanel)
+            renew();
+    });
+    qGuiApp->installEventFilter(this);
+    renew();
+}
+
+void TrayIcon::renew()
+{
+    m_hasPanel = hasPanel();
+    m_icon = std::make_unique<QSystemTrayIcon>();
+    drawIcon();
+    m_icon->setToolTip(QStringLiteral("Tessel Broth"));
+    m_icon->setContextMenu(&m_menu);
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    Q_EMIT clicked();
+            });
+    m_icon->show();
+    Q_EMIT shown();
+}
+
+void TrayIcon::drawIcon()
+{
+    const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    m_icon->setIcon(statusIcon(panelTone(desktop, QGuiApplication::palette().color(QPalette::Window))));
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+        drawIcon();
+    return false;
+}
+
+} // namespace tessel

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/tray_host.h"
+
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+#include <memory>
+
+namespace tessel {
+
+/// The bowl in the panel. Where there is no panel yet, it appears with the panel.
+class TrayIcon : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \param menu must outlive the icon
+    TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host);
+
+    [[nodiscard]] static bool hasPanel() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+
+Q_SIGNALS:
+    /// The icon was clicked where its menu does not come up by itself.
+    void clicked();
+    /// The menu has been handed to a panel.
+    void shown();
+
+private:
+    void renew();
+    void drawIcon();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    QMenu& m_menu;
+    std::unique_ptr<TrayHost> m_host;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    bool m_hasPanel = false; ///< when the icon was made
+};
+
+} // namespace tessel

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/menu_view.h"
+
+#include <QAction>
+#include <QPointer>
+#include <QTest>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessel {
+namespace {
+
+using testing::ElementsAre;
+
+MenuRow row(const char* title)
+{
+    return {QString::fromUtf8(title), QString::fromUtf8(title)};
+}
+
+MenuRow submenu(const char* title, std::vector<MenuRow> children)
+{
+    MenuRow made = row(title);
+    made.children = std::move(children);
+    return made;
+}
+
+std::vector<std::string> texts(const QMenu& menu)
+{
+    std::vector<std::string> list;
+    for (const QAction* action : menu.actions())
+        list.push_back(action->isSeparator() ? "-" : action->text().toStdString());
+    return list;
+}
+
+class MenuViewTest : public testing::Test
+{
+protected:
+    void change(std::vector<MenuRow> rows)
+    {
+        m_rows = std::move(rows);
+        m_view.refresh();
+    }
+
+    std::vector<MenuRow> m_rows{row("a"), {QStringLiteral("line"), {}}, submenu("b", {row("x"), row("y")})};
+    MenuView m_view{[this] { return m_rows; }};
+    QMenu& m_menu = m_view.menu();
+};
+
+TEST_F(MenuViewTest, IsFilledFromTheBeginning)
+{
+    EXPECT_THAT(texts(m_menu), ElementsAre("a", "-", "b"));
+    EXPECT_THAT(texts(*m_menu.actions().at(2)->menu()), ElementsAre("x", "y"));
+}
+
+TEST_F(MenuViewTest, ChangesActionsInPlace)
+{
+    const QList<QAction*> before = m_menu.actions();
+    const QList<QAction*> childrenBefore = before.at(2)->menu()->actions();
+    MenuRow renamed = row("a");
+    renamed.title = QStringLiteral("A & B");
+    renamed.enabled = false;
+    renamed.checked = true;
+    MenuRow checked = row("y");
+    checked.checked = true;
+    change({renamed, m_rows[1], submenu("b", {row("x"), checked})});
+    EXPECT_EQ(m_menu.actions(), before);
+    EXPECT_EQ(before.at(2)->menu()->actions(), childrenBefore);
+    EXPECT_EQ(before.at(0)->text(), QStringLiteral("A && B"));
+    EXPECT_FALSE(before.at(0)->isEnabled());
+    EXPECT_TRUE(before.at(0)->isChecked());
+    EXPECT_TRUE(childrenBefore.at(1)->isChecked());
+}
+
+TEST_F(MenuViewTest, RebuildsOnlyWhatCameAndWent)
+{
+    change({row("a"), row("b"), row("c"), row("d")});
+    const QList<QAction*> before = m_menu.actions();
+    const QPointer<QAction> gone = before.at(1);
+    change({row("new"), row("a"), row("c"), row("d"), row("last")});
+    EXPECT_THAT(texts(m_menu), ElementsAre("new", "a", "c", "d", "last"));
+    const QList<QAction*> after = m_menu.actions();
+    EXPECT_EQ(after.at(1), before.at(0));
+    EXPECT_EQ(after.at(2), before.at(2));
+    EXPECT_EQ(after.at(3), before.at(3));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone, nullptr);
+}
+
+TEST_F(MenuViewTest, KeepsRowsOfTheSameIdApart)
+{
+    change({row("a"), row("a"), row("a")});
+    change({row("a"), row("a")});
+    EXPECT_THAT(texts(m_menu), ElementsAre("a", "a"));
+}
+
+TEST_F(MenuViewTest, TakesACheckmarkBackThatTheStateDoesNotHave)
+{
+    MenuRow checked = row("a");
+    checked.checked = true;
+    int runs = 0;
+    checked.run = [&] { ++runs; };
+    change({checked});
+    QAction* action = m_menu.actions().constFirst();
+    action->trigger();
+    EXPECT_FALSE(action->isChecked());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return action->isChecked(); }, 1000));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(MenuViewTest, RunsWhatTheRowSaysNow)
+{
+    std::string ran;
+    MenuRow first = row("a");
+    first.run = [&] { ran = "old"; };
+    change({first});
+    first.run = [&] { ran = "new"; };
+    change({first});
+    m_menu.actions().constFirst()->trigger();
+    EXPECT_EQ(ran, "new");
+}
+
+TEST_F(MenuViewTest, SurvivesARowThatRemovesItself)
+{
+    MenuRow once = row("once");
+    once.run = [this] { change({row("a")}); };
+    change({row("a"), once});
+    m_menu.actions().at(1)->trigger();
+    EXPECT_THAT(texts(m_menu), ElementsAre("a"));
+}
+
+TEST_F(MenuViewTest, IsBroughtUpToDateBeforeItOpens)
+{
+    m_rows = {row("fresh")};
+    Q_EMIT m_menu.aboutToShow();
+    EXPECT_THAT(texts(m_menu), ElementsAre("fresh"));
+}
+
+TEST(ActionText, EscapesWhatTheDrawerWouldTakeForAMnemonic)
+{
+    const auto text = [](const char* title, MenuDrawer drawer) {
+        return actionText(QString::fromUtf8(title), drawer).toStdString();
+    };
+    EXPECT_EQ(text("a_b & c", MenuDrawer::ourselves), "a_b && c");
+    EXPECT_EQ(text("a_b", MenuDrawer::panel), "a\u02CDb");
+    EXPECT_EQ(text("a & b & c", MenuDrawer::panel), "a && b & c");
+    EXPECT_EQ(text("a &", MenuDrawer::panel), "a &");
+}
+
+} // namespace
+} // namespace tessel

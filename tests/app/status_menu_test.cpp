@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/status_menu.h"
+#include "app/test_store.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tessel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Preset presetNamed(const std::string& name)
+{
+    return {"6F9619FF-8B86-D011-B42D-00C04FC964FF", name, lookWithSeed(3), true};
+}
+
+const MenuRow& find(const std::vector<MenuRow>& rows, const char* title)
+{
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const MenuRow& row) { return row.title == QLatin1String(title); });
+    if (found == rows.end())
+        throw std::out_of_range(title);
+    return *found;
+}
+
+std::vector<std::string> titles(const std::vector<MenuRow>& rows)
+{
+    std::vector<std::string> list;
+    list.reserve(rows.size());
+    for (const MenuRow& row : rows)
+        list.push_back(row.isSeparator() ? "-" : row.title.toStdString());
+    return list;
+}
+
+std::vector<std::string> checkedTitles(const std::vector<MenuRow>& rows)
+{
+    std::vector<std::string> list;
+    for (const MenuRow& row : rows) {
+        if (row.checked.value_or(false))
+            list.push_back(row.title.toStdString());
+    }
+    return list;
+}
+
+class StatusMenu : public testing::Test
+{
+protected:
+    std::vector<MenuRow> rows(LoginItem::Status login = LoginItem::Status::off)
+    {
+        return statusMenuRows(*m_store, login, m_commands);
+    }
+
+    std::vector<MenuRow> children(const char* title) { return find(rows(), title).children; }
+
+    void showOnDesktop(const Look& look, bool motion)
+    {
+        m_store->applyToDesktop(look, RecordHistory::yes, motion, ContinueFromEditor::no);
+    }
+
+    TestStore m_store;
+    std::vector<std::string> m_asked;
+    StatusCommands m_commands{
+        [this] { m_asked.emplace_back("save"); },
+        [this](bool on) { m_asked.emplace_back(on ? "login on" : "login off"); },
+        [this] { m_asked.emplace_back("updates"); },
+        [this](const QString& address) { m_asked.push_back(address.toStdString()); },
+        [this] { m_asked.emplace_back("quit"); },
+    };
+};
+
+TEST_F(StatusMenu, ListsItsRowsInOrder)
+{
+    EXPECT_THAT(titles(rows()), ElementsAre("New Wallpaper", "Previous Wallpaper", "-", "Still Wallpaper",
+                                            "Animated Wallpaper", "Presets", "-", "Fresh Bowl",
+                                            "Handle Position", "Launch at Login", "-", "Check for Updates...",
+                                            "Made by the Tessel Broth developers", "Quit Tessel Broth"));
+    EXPECT_EQ(find(rows(), "New Wallpaper").shortcut, QKeySequence(QStringLiteral("Ctrl+N")));
+    EXPECT_EQ(find(rows(), "Previous Wallpaper").shortcut, QKeySequence(QStringLiteral("Ctrl+P")));
+    EXPECT_EQ(find(rows(), "Quit Tessel Broth").shortcut, QKeySequence(QStringLiteral("Ctrl+Q")));
+}
+
+TEST_F(StatusMenu, OffersNothingOfADesktopWithoutALook)
+{
+    EXPECT_FALSE(find(rows(), "Previous Wallpaper").enabled);
+    EXPECT_FALSE(find(rows(), "Still Wallpaper").enabled);
+    EXPECT_FALSE(find(rows(), "Animated Wallpaper").enabled);
+    EXPECT_THAT(checkedTitles(rows()), IsEmpty());
+    EXPECT_THAT(titles(children("Presets")), ElementsAre("Save as Preset..."));
+    EXPECT_FALSE(find(children("Presets"), "Save as Preset...").enabled);
+    find(rows(), "Animated Wallpaper").run();
+    EXPECT_FALSE(m_store->desktop());
+}
+
+TEST_F(StatusMenu, ServesAndGoesBack)
+{
+    find(rows(), "New Wallpaper").run();
+    ASSERT_TRUE(m_store->desktop());
+    const Look first = *m_store->desktop();
+    EXPECT_FALSE(find(rows(), "Previous Wallpaper").enabled);
+    find(rows(), "New Wallpaper").run();
+    EXPECT_NE(*m_store->desktop(), first);
+    ASSERT_TRUE(find(rows(), "Previous Wallpaper").enabled);
+    find(rows(), "Previous Wallpaper").run();
+    EXPECT_EQ(*m_store->desktop(), first);
+    EXPECT_FALSE(find(rows(), "Previous Wallpaper").enabled);
+}
+
+TEST_F(StatusMenu, SwitchesMotionOfTheDesktopWithoutHistory)
+{
+    showOnDesktop(lookWithSeed(1), false);
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Still Wallpaper"));
+    find(rows(), "Animated Wallpaper").run();
+    EXPECT_TRUE(m_store->appliedMotion());
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Animated Wallpaper"));
+    find(rows(), "Still Wallpaper").run();
+    EXPECT_FALSE(m_store->appliedMotion());
+    EXPECT_THAT(m_store->desktopHistory(), IsEmpty());
+    EXPECT_EQ(*m_store->desktop(), lookWithSeed(1));
+}
+
+TEST_F(StatusMenu, AppliesPresetsWithTheirMotionAndHistory)
+{
+    m_store->setPresets({presetNamed("Miso"), presetNamed("Dashi")});
+    showOnDesktop(lookWithSeed(1), false);
+    EXPECT_THAT(titles(children("Presets")), ElementsAre("Miso", "Dashi", "-", "Save as Preset..."));
+    EXPECT_THAT(checkedTitles(children("Presets")), IsEmpty());
+    find(children("Presets"), "Dashi").run();
+    EXPECT_EQ(*m_store->desktop(), lookWithSeed(3));
+    EXPECT_TRUE(m_store->appliedMotion());
+    EXPECT_THAT(m_store->desktopHistory(), ElementsAre(lookWithSeed(1)));
+    // Both are what is on the desktop, until it stands still.
+    EXPECT_THAT(checkedTitles(children("Presets")), ElementsAre("Miso", "Dashi"));
+    find(rows(), "Still Wallpaper").run();
+    EXPECT_THAT(checkedTitles(children("Presets")), IsEmpty());
+    find(children("Presets"), "Save as Preset...").run();
+    EXPECT_THAT(m_asked, ElementsAre("save"));
+}
+
+TEST_F(StatusMenu, ChecksTheInterval)
+{
+    EXPECT_THAT(checkedTitles(children("Fresh Bowl")), ElementsAre("Never"));
+    find(children("Fresh Bowl"), "Every Hour").run();
+    EXPECT_EQ(m_store->shuffleMinutes(), 60);
+    EXPECT_THAT(checkedTitles(children("Fresh Bowl")), ElementsAre("Every Hour"));
+    find(children("Fresh Bowl"), "Every Day").run();
+    EXPECT_EQ(m_store->shuffleMinutes(), 1440);
+    m_store->setShuffleMinutes(7);
+    EXPECT_THAT(checkedTitles(children("Fresh Bowl")), IsEmpty());
+    find(children("Fresh Bowl"), "Never").run();
+    EXPECT_EQ(m_store->shuffleMinutes(), 0);
+}
+
+TEST_F(StatusMenu, ChecksNoSideWhileTheHandleIsHidden)
+{
+    EXPECT_THAT(checkedTitles(children("Handle Position")), ElementsAre("Left"));
+    find(children("Handle Position"), "Hidden").run();
+    EXPECT_THAT(checkedTitles(children("Handle Position")), ElementsAre("Hidden"));
+    find(children("Handle Position"), "Right").run();
+    EXPECT_THAT(checkedTitles(children("Handle Position")), ElementsAre("Right"));
+    m_store.reopen();
+    EXPECT_EQ(m_store->edge(), Edge::right);
+    EXPECT_FALSE(m_store->handleHidden());
+}
+
+TEST_F(StatusMenu, AsksForTheOppositeOfTheTrueLoginStatus)
+{
+    for (const auto status : {LoginItem::Status::off, LoginItem::Status::requiresApproval}) {
+        EXPECT_EQ(find(rows(status), "Launch at Login").checked, false);
+        find(rows(status), "Launch at Login").run();
+    }
+    EXPECT_EQ(find(rows(LoginItem::Status::enabled), "Launch at Login").checked, true);
+    find(rows(LoginItem::Status::enabled), "Launch at Login").run();
+    EXPECT_THAT(m_asked, ElementsAre("login on", "login on", "login off"));
+}
+
+TEST_F(StatusMenu, StartsTheRest)
+{
+    find(rows(), "Check for Updates...").run();
+    for (const MenuRow& page : children("Made by the Tessel Broth developers"))
+        page.run();
+    find(rows(), "Quit Tessel Broth").run();
+    EXPECT_THAT(m_asked,
+                ElementsAre("updates", "https://tesselbroth.org", "https://tesselbroth.org/source", "quit"));
+}
+
+TEST_F(StatusMenu, ShowsAnyNameOnOneLine)
+{
+    const auto shown = [](const std::string& name) { return menuTitle(presetNamed(name)).toStdString(); };
+    EXPECT_EQ(shown("Salt & Pepper"), "Salt & Pepper");
+    EXPECT_EQ(shown("two\nlines\tand\x01 more"), "two lines and more");
+    EXPECT_EQ(shown(""), "Flow Ember");
+    EXPECT_EQ(shown(" \n "), "Flow Ember");
+    // Would turn the rest of the menu round.
+    EXPECT_EQ(shown("a\u202Eb"), "a b");
+}
+
+TEST_F(StatusMenu, LeavesTheMiddleOfLongNamesOut)
+{
+    const auto shown = [](const QString& name) { return menuTitle(presetNamed(name.toStdString())); };
+    const QString exact = QString(48, QLatin1Char('m'));
+    EXPECT_EQ(shown(exact), exact);
+    const QString name = QStringLiteral("begin") + QString(5000, QLatin1Char('-')) + QStringLiteral("end");
+    EXPECT_EQ(shown(name).size(), 48);
+    EXPECT_TRUE(shown(name).startsWith(QStringLiteral("begin-")));
+    EXPECT_TRUE(shown(name).endsWith(QStringLiteral("-end")));
+    // Never between the two halves of a character: a hand with its skin tone is made of four.
+    const QString hand = QStringLiteral("\U0001F44B\U0001F3FD");
+    EXPECT_EQ(shown(hand.repeated(60)), hand.repeated(24) + QChar(u'\u2026') + hand.repeated(23));
+}
+
+} // namespace
+} // namespace tessel
