@@ -270,11 +270,21 @@ void Store::previousWallpaper()
     finish(ContinueFromEditor::no);
 }
 
+const Look& Store::upcoming()
+{
+    if (!m_upcoming) {
+        m_upcoming = randomLook(m_environment.random, std::nullopt);
+    }
+    return *m_upcoming;
+}
+
 void Store::shuffle()
 {
     const bool hasDesktopPhoto = m_state.desktop && m_state.desktop->imagePath;
     const Look& keeper = hasDesktopPhoto ? *m_state.desktop : m_state.look;
-    const Look fresh = randomLook(m_environment.random, keeper.imagePath);
+    Look fresh = upcoming();
+    fresh.imagePath = keeper.imagePath;
+    m_upcoming.reset();
     fadeToNew(fresh);
     putOnDesktop(fresh, RecordHistory::yes, m_state.desktop ? m_state.appliedMotion : m_state.motion);
     finish(ContinueFromEditor::no);

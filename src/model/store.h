@@ -166,6 +166,9 @@ public:
     /// Brings the newest look of the desktop's history back, to the desktop and to the editor.
     Q_INVOKABLE void previousWallpaper();
 
+    /// The look that the next shuffle() will bring, but for its photo: for those who want to be ready for it.
+    [[nodiscard]] const Look& upcoming();
+
     /// Makes a random look that keeps the photo, and puts it on the desktop and in the editor. The desktop
     /// stays still or animated as it is.
     Q_INVOKABLE void shuffle();
@@ -267,6 +270,7 @@ private:
 
     StoreEnvironment m_environment;
     State m_state;
+    std::optional<Look> m_upcoming; ///< once somebody has asked
     std::vector<SettingProblem> m_problems;
     std::map<std::string, QVariant> m_kept;
     SettingValues m_unsaved;

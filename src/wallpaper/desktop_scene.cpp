@@ -35,44 +35,56 @@ void DesktopScene::settle()
     m_isEmpty = false;
 }
 
-void DesktopScene::follow(std::vector<QSize> sizes)
+void DesktopScene::follow(const std::vector<QSize>& sizes)
 {
     const Look look = wanted();
     const CrossFade fade{m_isEmpty ? look : m_current, look};
-    if (isPrepared(fade, sizes)) {
+    m_isFollowing = !isPrepared(fade, sizes);
+    if (!m_isFollowing) {
         show(look, m_store.desktopTransitionStart());
         return;
     }
-    const int photoSide = m_encoder.photos().longestSide();
-    m_preparer.prepare(fade, sizes, photoSide, [this, fade, sizes](const std::vector<PreparedPhoto>& photos) {
+    prepare(fade, sizes, [this, look] {
+        if (look == wanted())
+            show(look, mediaTime());
+    });
+}
+
+void DesktopScene::anticipate(const Look& look, const std::vector<QSize>& sizes)
+{
+    const CrossFade fade{m_current, look};
+    if (!m_isFollowing && !isPrepared(fade, sizes))
+        prepare(fade, sizes, [] {});
+}
+
+/// In three steps: on another thread what takes long, and then here, with time for a frame in between, what
+/// that has left in the driver's cache.
+void DesktopScene::prepare(const CrossFade& fade, const std::vector<QSize>& sizes, std::function<void()> done)
+{
+    const auto buildHere = [this, fade, sizes,
+                            done = std::move(done)](const std::vector<PreparedPhoto>& photos) {
         m_makeCurrent();
         for (const PreparedPhoto& photo : photos)
             m_encoder.photos().add(photo.path, photo.image);
         build({fade.current, fade.current}, sizes);
-        // The old look moves on in between.
-        QTimer::singleShot(0, this, [this, fade, sizes] { finish(fade, sizes); });
-    });
+        QTimer::singleShot(0, this, [this, fade, sizes, done] {
+            build(fade, sizes);
+            done();
+        });
+    };
+    m_preparer.prepare(fade, sizes, m_encoder.photos().longestSide(), buildHere);
 }
 
-/// Builds what the preparer has left in the driver's cache.
 void DesktopScene::build(const CrossFade& fade, const std::vector<QSize>& sizes)
 {
-    if (fade.current != wanted())
-        return;
     m_makeCurrent();
     for (const QSize size : sizes)
         m_encoder.prepare(frameInside(fade, size));
 }
 
-void DesktopScene::finish(const CrossFade& fade, const std::vector<QSize>& sizes)
-{
-    build(fade, sizes);
-    if (fade.current == wanted())
-        show(fade.current, mediaTime());
-}
-
 void DesktopScene::show(const Look& look, double since)
 {
+    m_isFollowing = false;
     if (m_isEmpty || look != m_current) {
         m_previous = m_isEmpty ? look : m_current;
         m_current = look;

@@ -31,7 +31,10 @@ public:
 
     /// Shows what the store has on the desktop now, on screens of these pixel sizes: cross-faded to as soon
     /// as it can be drawn, which `changed` tells.
-    void follow(std::vector<QSize> sizes);
+    void follow(const std::vector<QSize>& sizes);
+
+    /// Makes ready for a look that may come next, so that follow() will not have to wait for it.
+    void anticipate(const Look& look, const std::vector<QSize>& sizes);
 
     /// Moves the animation on to `now`, in seconds of media time.
     void advance(double now);
@@ -52,8 +55,8 @@ private:
     [[nodiscard]] const Look& wanted() const;
     [[nodiscard]] DesktopPace pace(double now) const;
     [[nodiscard]] bool isPrepared(const CrossFade& fade, const std::vector<QSize>& sizes) const;
+    void prepare(const CrossFade& fade, const std::vector<QSize>& sizes, std::function<void()> done);
     void build(const CrossFade& fade, const std::vector<QSize>& sizes);
-    void finish(const CrossFade& fade, const std::vector<QSize>& sizes);
     void show(const Look& look, double since);
 
     const Store& m_store;
@@ -66,6 +69,7 @@ private:
     Look m_current;
     double m_since = -2 * transitionDuration; ///< media time at which the cross-fade began
     bool m_isEmpty = true;                    ///< nothing has been shown yet
+    bool m_isFollowing = false;               ///< a look is being made ready to be shown
 };
 
 } // namespace tessel

@@ -59,7 +59,7 @@ QStringList decodePaths(const QByteArray& json)
 /// Whether a file is a still of this look for this screen.
 bool shows(const DesktopPicture& picture, const std::string& json)
 {
-    if (QImageReader(picture.file).size() != picture.screen.pixels().size())
+    if (picture.file.isEmpty() || QImageReader(picture.file).size() != picture.screen.pixels().size())
         return false;
     try {
         return readLookText(picture.file.toStdString()) == json;
@@ -158,8 +158,8 @@ void Wallpaper::keepPhase()
 std::vector<QSize> Wallpaper::sizes() const
 {
     std::vector<QSize> result;
-    for (const auto& view : m_views)
-        result.push_back(view->screen().pixels().size());
+    for (const Screen& screen : m_environment.screens.list())
+        result.push_back(screen.pixels().size());
     return result;
 }
 
@@ -256,6 +256,7 @@ void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
         hold(pictures);
     }
     m_environment.store.keep(picturesKey, encodePaths(files));
+    m_scene.anticipate(m_environment.store.upcoming(), sizes());
     m_stills.run<bool>(
         [folder = m_environment.folder, screens = static_cast<int>(pictures.size()), files] {
             pruneStills(folder, screens, files);
@@ -341,6 +342,7 @@ void Wallpaper::showLatest()
                 return;
             }
             m_pictured = m_environment.screens.list();
+            m_scene.anticipate(m_environment.store.upcoming(), sizes());
             if (m_environment.pictures != nullptr) {
                 ++m_settingCalls;
                 m_environment.pictures->restore(pictures);

@@ -599,6 +599,21 @@ TEST_F(StoreTest, ShufflesEditorAndDesktop)
     EXPECT_EQ(store->history().size(), 40);
 }
 
+TEST_F(StoreTest, TheUpcomingLookIsTheOneThatComes)
+{
+    const auto store = makeStore();
+    const Look first = store->upcoming();
+    EXPECT_EQ(store->upcoming(), first);
+    Look photo;
+    photo.imagePath = "/photo.png";
+    store->setLook(photo);
+    store->shuffle();
+    Look expected = first;
+    expected.imagePath = "/photo.png";
+    EXPECT_EQ(store->desktop(), expected);
+    EXPECT_NE(store->upcoming(), first) << "a new one each time";
+}
+
 TEST_F(StoreTest, EndingTheEditingAbandonsThePalette)
 {
     const auto store = makeStore();
