@@ -167,6 +167,19 @@ void FrameEncoder::drawRamp(const Pass& pass)
     bind(TextureUnit::ramp, m_ramp.name());
 }
 
+/// Draws no more cells than a part of the picture needs, and those around it that it may look at.
+void FrameEncoder::restrictTo(const Target& target, GridSize grid, float cell)
+{
+    if (!target.height)
+        return;
+    static constexpr int margin = 2;
+    const auto rowOf = [cell](int row) { return static_cast<int>(static_cast<float>(row) / cell); };
+    const int first = std::max(rowOf(target.firstRow) - margin, 0);
+    const int last = rowOf(target.firstRow + *target.height) + margin;
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(0, first, grid.width, last - first + 1);
+}
+
 void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Target& target)
 {
     const float cell = cellSize(pass.block, pass.slot);
@@ -182,7 +195,9 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
     bind(TextureUnit::glyphs, m_glyphs ? m_glyphs.name() : m_placeholder.name());
     if (!direct) {
         const GridSize grid = fieldSize(frame.width, frame.height, cell);
+        restrictTo(target, grid, cell);
         const CellTextures* cells = drawCells(pass, grid);
+        glDisable(GL_SCISSOR_TEST);
         bind(TextureUnit::lower, cells != nullptr ? cells->lower.name() : m_placeholder.name(),
              smooth ? m_linear.name() : 0);
         bind(TextureUnit::upper, cells != nullptr ? cells->upper.name() : m_placeholder.name());
@@ -287,7 +302,7 @@ void FrameEncoder::prepare(const Frame& frame)
 {
     // Only a corner of the picture has room, yet all else is as large as it will be: software renderers
     // compile a shader anew for textures of other sizes.
-    encode(frame, {.framebuffer = m_smallTarget.name()});
+    encode(frame, {.framebuffer = m_smallTarget.name(), .height = smallSide});
     glFinish();
 }
 

@@ -9,6 +9,7 @@
 #include "render/uniforms.h"
 
 #include <map>
+#include <optional>
 
 namespace tessel {
 
@@ -25,7 +26,8 @@ struct Target
 {
     GLuint framebuffer = 0;
     RowOrder rows = RowOrder::topFirst;
-    int firstRow = 0; ///< the frame's row that is the target's first; the target may hold only a part
+    int firstRow = 0;               ///< the frame's row that is the target's first
+    std::optional<int> height = {}; ///< rows of the target, where it holds only a part of the frame
 };
 
 /// The textures one look is worked out in before it is enlarged to the target.
@@ -111,6 +113,7 @@ private:
     const CellTextures* drawCells(const Pass& pass, GridSize grid);
     void drawRamp(const Pass& pass);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
+    static void restrictTo(const Target& target, GridSize grid, float cell);
     void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);
 
     ProgramLibrary m_programs;

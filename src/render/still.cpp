@@ -69,7 +69,7 @@ bool StillDrawing::advance(FrameEncoder& encoder, StillTiming* timing)
         encoder.prepare(m_frame);
     taken.shaders = watch.lap();
     encoder.encode(m_frame,
-                   {.framebuffer = m_framebuffer.name(), .rows = RowOrder::topFirst, .firstRow = m_done});
+                   {.framebuffer = m_framebuffer.name(), .firstRow = m_done, .height = m_targetRows});
     glFinish();
     taken.passes = watch.lap();
     const int rows = std::min(m_targetRows, m_frame.height - m_done);
