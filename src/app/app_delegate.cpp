@@ -152,8 +152,9 @@ void AppDelegate::leave()
     m_dialogs.closeAll();
     if (!m_parts.store.saveNow())
         std::fputs("Tessel Broth: the last changes could not be saved.\n", stderr);
-    m_parts.wallpaper.stop();
     m_tray.reset();
+    // This may take a moment.
+    m_parts.wallpaper.stop();
 }
 
 /// Says something that needs no answer.

@@ -190,9 +190,7 @@ void Dialogs::addShortcuts(QDialog& dialog)
 void Dialogs::show(QDialog& dialog)
 {
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
-    const WId window = dialog.winId();
-    if (m_focus)
-        m_focus->showEverywhere(window);
+    dialog.winId(); // makes the window, whose events are wanted
     dialog.installEventFilter(this);
     dialog.windowHandle()->installEventFilter(this);
     dialog.show();
@@ -215,12 +213,15 @@ void Dialogs::handBackFocus(const Open& open)
 bool Dialogs::eventFilter(QObject* watched, QEvent* event)
 {
     auto* window = qobject_cast<QWindow*>(watched);
-    // It can get the focus as soon as it is to be seen.
+    // It can get the focus as soon as it is to be seen. Asked before, some window managers put it on the last
+    // workspace instead of all.
     if (event->type() == QEvent::Expose && window != nullptr && window->isExposed()) {
         window->removeEventFilter(this);
         window->requestActivate();
-        if (m_focus)
+        if (m_focus) {
+            m_focus->showEverywhere(window->winId());
             m_focus->give(window->winId());
+        }
     }
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         noteActivation(watched, event->type() == QEvent::WindowActivate);

@@ -21,7 +21,7 @@ public:
     /// Asks for the focus for a window. One that is gone is left alone.
     virtual void give(WId window) = 0;
 
-    /// Makes a window that is about to be shown appear on every workspace.
+    /// Makes a window that is shown appear on every workspace.
     virtual void showEverywhere(WId window) = 0;
 };
 

@@ -7,6 +7,8 @@
 #include "render/headless_context.h"
 #include "render/photo.h"
 
+#include <malloc.h>
+
 namespace tessel {
 
 namespace {
@@ -71,6 +73,8 @@ void LookPreparer::prepare(const CrossFade& fade, std::vector<QSize> sizes, int 
     m_thread.clear();
     m_thread.start([this, fade, sizes = std::move(sizes), longestPhotoSide, done = std::move(done)] {
         drawOnce(fade, sizes);
+        // Compilers leave much memory behind that nobody will need soon.
+        malloc_trim(0);
         QMetaObject::invokeMethod(
             this, [done, photos = photosOf(fade, longestPhotoSide)] { done(photos); }, Qt::QueuedConnection);
     });

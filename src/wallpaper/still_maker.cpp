@@ -188,8 +188,10 @@ void StillMaker::finish(const std::shared_ptr<Request>& request, const std::opti
         Q_EMIT failed(*failure);
         return;
     }
-    if (++request->written == request->pictures.size())
-        Q_EMIT written(request->pictures);
+    if (++request->written < request->pictures.size())
+        return;
+    m_latest.reset();
+    Q_EMIT written(request->pictures);
 }
 
 } // namespace tessel

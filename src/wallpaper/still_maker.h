@@ -45,6 +45,9 @@ public:
     /// Gives up the request that is under way.
     void cancel();
 
+    /// Whether a request is under way.
+    [[nodiscard]] bool isBusy() const { return m_latest != nullptr; }
+
     /// Draws a picture of any size and writes it.
     /// \param done called on this thread, with the reason if it did not work
     void save(const StillRecipe& recipe, QSize size, const QString& file,

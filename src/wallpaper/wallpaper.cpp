@@ -7,7 +7,9 @@
 #include "render/png_file.h"
 #include "wallpaper/wallpaper_folder.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
@@ -129,10 +131,27 @@ void Wallpaper::apply(ContinueFromEditor continuing)
 
 void Wallpaper::stop()
 {
+    finishStill();
     m_hideWork.stop();
     m_stills.cancel();
     keepPhase();
     takeDown();
+}
+
+/// Without our windows the desktop would show the picture of an earlier look.
+void Wallpaper::finishStill()
+{
+    if (m_environment.pictures == nullptr)
+        return;
+    if (m_hideWork.isActive()) {
+        m_hideWork.stop();
+        makeStill();
+    }
+    const QDeadlineTimer limit(m_environment.delays.leaving);
+    QTimer::singleShot(m_environment.delays.leaving, this, [] {});
+    QEventLoop loop;
+    while ((m_stills.isBusy() || m_settingCalls > 0) && !limit.hasExpired())
+        loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void Wallpaper::savePng(const Look& look, QSize size, const QString& file,

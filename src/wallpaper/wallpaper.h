@@ -25,7 +25,9 @@ struct StillDelays
 {
     std::chrono::milliseconds animated{8000};
     std::chrono::milliseconds still{1800};
-    std::chrono::milliseconds settling{700}; ///< from a picture's being set until the desktop shows it
+    /// From a picture's being set until the desktop shows it: some fade to it for more than a second.
+    std::chrono::milliseconds settling{2000};
+    std::chrono::milliseconds leaving{3000}; ///< the longest that a still holds up the program's end
 };
 
 /// What the applier works with; everything named by reference must outlive it.
@@ -59,7 +61,8 @@ public:
     /// of the animation.
     void apply(ContinueFromEditor continuing);
 
-    /// Takes the windows down and remembers where the animation was, as the program ends.
+    /// Takes the windows down and remembers where the animation was, as the program ends. A still that is
+    /// not made yet is waited for, within the delay for leaving.
     void stop();
 
     /// Draws a look at a size in pixels and writes it as a PNG file, without holding up anything else.
@@ -97,6 +100,7 @@ private:
     void refreshPauses();
 
     void makeStill();
+    void finishStill();
     void stillWritten(const std::vector<DesktopPicture>& pictures);
     void picturesSet(const QStringList& failures);
     void hold(const std::vector<DesktopPicture>& pictures);

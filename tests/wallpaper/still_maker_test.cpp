@@ -69,7 +69,7 @@ TEST_F(StillMakerTest, TellsOnlyOfTheLatestRequest)
     for (int seed = 0; seed < 5; ++seed) {
         look.seed = static_cast<float>(seed);
         maker.request({look}, screens);
-        letPass(seed * 4);
+        letPass(seed);
     }
     ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
     letPass(200);

@@ -44,7 +44,7 @@ protected:
                                  .makeCurrent = [] {},
                                  .rasterizer = Rasterizer::software,
                                  .folder = home.filePath(QStringLiteral("Wallpapers")),
-                                 .delays = {.animated = 400ms, .still = 150ms, .settling = 10ms}});
+                                 .delays = {.animated = 400ms, .still = 150ms, .settling = 10ms, .leaving = 1s}});
         QObject::connect(store.get(), &Store::applied, wallpaper.get(), &Wallpaper::apply);
         QObject::connect(wallpaper.get(), &Wallpaper::stillFailed, wallpaper.get(),
                          [this](const QString& message) { failures.append(message); });
@@ -285,6 +285,31 @@ TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)
     wallpaper->start();
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(10));
+}
+
+TEST_F(WallpaperTest, LeavesThePictureOfWhatWasShown)
+{
+    wallpaper->start();
+    apply(11, true);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
+    wallpaper->stop();
+    EXPECT_EQ(pictures.sets, 1) << "long before its time";
+    EXPECT_THAT(shownSeeds(), ElementsAre(11));
+    EXPECT_EQ(visibleWindows(), 0);
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return pictures.restores == 1; })) << "it is known as the latest";
+
+    wallpaper->stop();
+    EXPECT_EQ(pictures.sets, 1) << "nothing was to be made";
+
+    QElapsedTimer time;
+    time.start();
+    pictures.answers = false;
+    apply(12, true);
+    wallpaper->stop();
+    EXPECT_EQ(pictures.sets, 2);
+    EXPECT_LT(time.elapsed(), 5000) << "a desktop that hangs is not waited for";
 }
 
 TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)

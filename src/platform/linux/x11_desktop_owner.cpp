@@ -5,6 +5,8 @@
 
 #include "platform/linux/x11_connection.h"
 
+#include <QRect>
+
 #include <algorithm>
 #include <string_view>
 #include <unistd.h>
@@ -28,11 +30,10 @@ std::vector<xcb_window_t> windows(X11Connection& connection)
 }
 
 /// Those that want to lie below all others. All are asked at once: there can be hundreds.
-std::vector<xcb_window_t> desktopWindows(X11Connection& connection)
+std::vector<xcb_window_t> desktopWindows(X11Connection& connection, const std::vector<xcb_window_t>& all)
 {
     const xcb_atom_t property = connection.atom("_NET_WM_WINDOW_TYPE");
     const xcb_atom_t desktop = connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP");
-    const std::vector<xcb_window_t> all = windows(connection);
     std::vector<xcb_get_property_cookie_t> cookies;
     cookies.reserve(all.size());
     for (const xcb_window_t window : all)
@@ -68,6 +69,17 @@ bool isBackground(X11Connection& connection, xcb_window_t window)
            geometry->height * 4 >= root->height;
 }
 
+bool contains(X11Connection& connection, xcb_window_t window, QPoint pixel)
+{
+    const XcbPointer<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(connection.get(), xcb_get_geometry(connection.get(), window), nullptr));
+    const XcbPointer<xcb_translate_coordinates_reply_t> origin(xcb_translate_coordinates_reply(
+        connection.get(), xcb_translate_coordinates(connection.get(), window, connection.root(), 0, 0),
+        nullptr));
+    return geometry != nullptr && origin != nullptr &&
+           QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height).contains(pixel);
+}
+
 std::string className(X11Connection& connection, xcb_window_t window)
 {
     const auto cookie =
@@ -88,11 +100,28 @@ std::string className(X11Connection& connection, xcb_window_t window)
 
 std::optional<std::string> desktopOwner(X11Connection& connection)
 {
-    for (const xcb_window_t window : desktopWindows(connection)) {
+    for (const xcb_window_t window : desktopWindows(connection, windows(connection))) {
         if (!isOurs(connection, window) && isBackground(connection, window))
             return className(connection, window);
     }
     return std::nullopt;
+}
+
+xcb_window_t desktopWindowAt(X11Connection& connection, QPoint pixel)
+{
+    const std::vector<xcb_window_t> fromBelow = stackedWindows(connection);
+    xcb_window_t uppermost = XCB_WINDOW_NONE;
+    for (const xcb_window_t window : desktopWindows(connection, fromBelow)) {
+        if (!isOurs(connection, window) && isBackground(connection, window) &&
+            contains(connection, window, pixel))
+            uppermost = window;
+    }
+    return uppermost;
+}
+
+std::vector<xcb_window_t> stackedWindows(X11Connection& connection)
+{
+    return connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW);
 }
 
 } // namespace tessel

@@ -3,8 +3,12 @@
 
 #pragma once
 
+#include <QPoint>
+
 #include <optional>
 #include <string>
+#include <vector>
+#include <xcb/xcb.h>
 
 namespace tessel {
 
@@ -13,5 +17,12 @@ class X11Connection;
 /// The program whose window covers the desktop below all others, by the class that the window names; none if
 /// nobody's does. Windows of our own do not count, nor small ones such as a clock drawn on the desktop.
 [[nodiscard]] std::optional<std::string> desktopOwner(X11Connection& connection);
+
+/// The window in which such a program draws the desktop at a place; XCB_WINDOW_NONE if none does. Of several
+/// it is the uppermost.
+[[nodiscard]] xcb_window_t desktopWindowAt(X11Connection& connection, QPoint pixel);
+
+/// The windows that the window manager knows, from the lowest to the uppermost.
+[[nodiscard]] std::vector<xcb_window_t> stackedWindows(X11Connection& connection);
 
 } // namespace tessel

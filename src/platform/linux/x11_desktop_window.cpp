@@ -5,14 +5,17 @@
 #include "platform/gl_context.h"
 #include "platform/linux/x11_backdrop.h"
 #include "platform/linux/x11_connection.h"
+#include "platform/linux/x11_desktop_owner.h"
 #include "platform/linux/x11_shared_memory.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <xcb/shape.h>
 
 namespace tessel {
@@ -23,6 +26,9 @@ namespace {
 constexpr int desktopType = 0x2;
 constexpr auto typeProperty = "_q_xcb_wm_window_type";
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
+
+/// From a change of the windows' order until it is looked at: a desktop that starts makes several.
+constexpr std::chrono::milliseconds restackingPace{300};
 
 xcb_connection_t* connectionOfQt()
 {
@@ -72,6 +78,7 @@ class X11DesktopWindow : public DesktopWindow
 public:
     X11DesktopWindow(const Screen& screen, GlContext& context)
         : m_pixels(screen.pixels().size())
+        , m_center(screen.pixels().center())
         , m_context(context)
         , m_drawing(connectionOfQt())
         , m_events(m_connection)
@@ -83,11 +90,14 @@ public:
         xcb_create_gc(m_drawing, m_graphics, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
         // The other connection must not speak of a window that the server does not know yet.
         waitForServer();
-        watch();
+        chooseEvents(m_window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         m_connection.setProperty(m_window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {&everyWorkspace, 1});
         m_connection.sync();
         connect(&m_surface, &Surface::exposed, this, &DesktopWindow::exposed);
         connect(&m_events, &X11Events::received, this, &X11DesktopWindow::handle);
+        m_restacking.setSingleShot(true);
+        m_restacking.setInterval(restackingPace);
+        connect(&m_restacking, &QTimer::timeout, this, &X11DesktopWindow::checkOrder);
     }
 
     ~X11DesktopWindow() override { xcb_free_gc(m_drawing, m_graphics); }
@@ -96,7 +106,16 @@ public:
 
     void show() override
     {
+        if (m_surface.isVisible())
+            return;
+        chooseEvents(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+        m_below = desktopWindowAt(m_connection, m_center);
+        // The window manager is to see this before it takes the window in. Qt takes it away again as it shows
+        // the window.
+        bindToDesktop();
+        xcb_map_window(m_drawing, m_window);
         m_surface.show();
+        bindToDesktop();
         // Above the window that a file manager draws its desktop in, but where nobody manages the windows,
         // below all of them.
         if (isManaged())
@@ -105,7 +124,12 @@ public:
             m_surface.lower();
     }
 
-    void hide() override { m_surface.hide(); }
+    void hide() override
+    {
+        m_restacking.stop();
+        chooseEvents(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
+        m_surface.hide();
+    }
 
     bool makeCurrent() override
     {
@@ -186,10 +210,46 @@ private:
             xcb_get_input_focus_reply(m_drawing, xcb_get_input_focus(m_drawing), nullptr));
     }
 
-    void watch()
+    void chooseEvents(xcb_window_t window, std::uint32_t events)
     {
-        static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-        xcb_change_window_attributes(m_connection.get(), m_window, XCB_CW_EVENT_MASK, &events);
+        xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+        xcb_flush(m_connection.get());
+    }
+
+    /// Window managers keep a window that belongs to another above that one, even when the user clicks there.
+    void bindToDesktop()
+    {
+        if (m_below == XCB_WINDOW_NONE)
+            xcb_delete_property(m_drawing, m_window, XCB_ATOM_WM_TRANSIENT_FOR);
+        else
+            xcb_change_property(m_drawing, XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_TRANSIENT_FOR,
+                                XCB_ATOM_WINDOW, 32, 1, &m_below);
+        xcb_flush(m_drawing);
+    }
+
+    /// A desktop that was started anew covers ours. Some window managers then keep the order that windows
+    /// were shown in, whatever they are asked for.
+    void checkOrder()
+    {
+        const xcb_window_t below = desktopWindowAt(m_connection, m_center);
+        if (below != std::exchange(m_below, below)) {
+            bindToDesktop();
+            m_restacking.start();
+        } else if (!isBelow(m_below)) {
+            m_refused = XCB_WINDOW_NONE;
+        } else if (std::exchange(m_refused, m_below) != m_below) {
+            hide();
+            show();
+        }
+        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection.get())})
+            handle(*event);
+    }
+
+    bool isBelow(xcb_window_t other)
+    {
+        const std::vector<xcb_window_t> fromBelow = stackedWindows(m_connection);
+        const auto own = std::ranges::find(fromBelow, m_window);
+        return std::find(own, fromBelow.end(), other) != fromBelow.end();
     }
 
     bool isManaged()
@@ -203,6 +263,14 @@ private:
         const int type = event.response_type & 0x7F;
         if (type == XCB_REPARENT_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_CONFIGURE_NOTIFY)
             letClicksThrough();
+        else if (type == XCB_PROPERTY_NOTIFY && !m_restacking.isActive() && isOrder(event))
+            m_restacking.start();
+    }
+
+    bool isOrder(const xcb_generic_event_t& event)
+    {
+        return reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
+               m_connection.atom("_NET_CLIENT_LIST_STACKING");
     }
 
     /// Qt makes the window itself transparent for input; the frame that the window manager has put around it
@@ -229,6 +297,7 @@ private:
     }
 
     const QSize m_pixels;
+    const QPoint m_center; ///< among the pixels of the whole desktop
     GlContext& m_context;
     xcb_connection_t* const m_drawing; ///< Qt's, so that fills and OpenGL come in order
     X11Connection m_connection;
@@ -237,6 +306,9 @@ private:
     const xcb_window_t m_window;
     const xcb_gcontext_t m_graphics;
     const std::uint8_t m_depth = m_connection.screen().root_depth;
+    xcb_window_t m_below = XCB_WINDOW_NONE;   ///< in which another program draws the desktop
+    xcb_window_t m_refused = XCB_WINDOW_NONE; ///< the one that ours was last shown anew to get above
+    QTimer m_restacking;
     std::unique_ptr<X11SharedMemory> m_shared; ///< nullptr where the server is on another machine
     QImage m_image;                            ///< in the shared memory if there is any
 };

@@ -5,7 +5,7 @@
 
 #include <QGuiApplication>
 
-#include <array>
+#include <algorithm>
 
 namespace tessel {
 
@@ -26,25 +26,27 @@ WId X11Focus::current()
 
 void X11Focus::give(WId window)
 {
+    askManager(window, "_NET_ACTIVE_WINDOW", {fromUser});
+}
+
+void X11Focus::showEverywhere(WId window)
+{
+    askManager(window, "_NET_WM_DESKTOP", {allWorkspaces, fromUser});
+}
+
+void X11Focus::askManager(WId window, const std::string& request, const std::array<std::uint32_t, 2>& items)
+{
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = static_cast<xcb_window_t>(window);
-    message.type = m_connection.atom("_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = fromUser;
+    message.type = m_connection.atom(request);
+    std::ranges::copy(items, message.data.data32);
     constexpr std::uint32_t toManager =
         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_send_event(m_connection.get(), 0, m_connection.root(), toManager,
                    reinterpret_cast<const char*>(&message));
     xcb_flush(m_connection.get());
-}
-
-void X11Focus::showEverywhere(WId window)
-{
-    m_connection.setProperty(static_cast<xcb_window_t>(window), "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL,
-                             std::array{allWorkspaces});
-    // The window is shown through another connection, which must not be faster.
-    m_connection.sync();
 }
 
 std::unique_ptr<Focus> makeFocus()

@@ -6,6 +6,8 @@
 #include "platform/focus.h"
 #include "platform/linux/x11_connection.h"
 
+#include <array>
+
 namespace tessel {
 
 /// The focus as the window manager tells and changes it.
@@ -19,6 +21,8 @@ public:
     void showEverywhere(WId window) override;
 
 private:
+    void askManager(WId window, const std::string& request, const std::array<std::uint32_t, 2>& items);
+
     X11Connection m_connection;
 };
 

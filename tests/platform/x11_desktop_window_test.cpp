@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/desktop_window.h"
+#include "platform/gl_context.h"
+#include "platform/linux/x11_connection.h"
+#include "platform/surroundings.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The window among others, whose window manager is played.
+class X11DesktopWindowTest : public testing::Test
+{
+protected:
+    X11DesktopWindowTest()
+    {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        m_application.emplace();
+        m_server.emplace();
+        m_context.emplace();
+        m_window = makeDesktopWindow({QStringLiteral("screen"), QRect(0, 0, 1280, 800), 1}, *m_context);
+        m_id = static_cast<xcb_window_t>(QGuiApplication::allWindows().constLast()->winId());
+    }
+    ~X11DesktopWindowTest() override { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+
+    /// The window in which a file manager draws the desktop.
+    xcb_window_t makeDesktop()
+    {
+        const xcb_window_t window = xcb_generate_id(m_server->get());
+        xcb_create_window(m_server->get(), XCB_COPY_FROM_PARENT, window, m_server->root(), 0, 0, 1280, 800, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        const std::uint32_t type = m_server->atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+        m_server->setProperty(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {&type, 1});
+        xcb_map_window(m_server->get(), window);
+        m_server->sync();
+        return window;
+    }
+
+    /// Tells the order of the windows as window managers do.
+    void stack(const std::vector<std::uint32_t>& fromBelow)
+    {
+        m_server->setProperty(m_server->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, fromBelow);
+        m_server->sync();
+    }
+
+    std::vector<std::uint32_t> belongsTo()
+    {
+        return m_server->property(m_id, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW);
+    }
+
+    void countShowings()
+    {
+        static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_server->get(), m_id, XCB_CW_EVENT_MASK, &events);
+        m_server->sync();
+    }
+
+    int showings()
+    {
+        m_server->sync();
+        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_server->get())})
+            m_showings += (event->response_type & 0x7F) == XCB_MAP_NOTIFY ? 1 : 0;
+        return m_showings;
+    }
+
+    VirtualDisplay m_display;
+    std::optional<WithApplication<QGuiApplication>> m_application;
+    std::optional<X11Connection> m_server;
+    std::optional<GlContext> m_context;
+    std::unique_ptr<DesktopWindow> m_window;
+    xcb_window_t m_id = XCB_WINDOW_NONE;
+    int m_showings = 0;
+};
+
+TEST_F(X11DesktopWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
+{
+    const xcb_window_t desktop = makeDesktop();
+    stack({desktop});
+    m_window->show();
+    EXPECT_THAT(belongsTo(), ElementsAre(desktop));
+    m_window->hide();
+    stack({});
+    m_window->show();
+    EXPECT_THAT(belongsTo(), IsEmpty()) << "nobody draws it";
+}
+
+TEST_F(X11DesktopWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
+{
+    m_window->show();
+    settle(100ms);
+    countShowings();
+    const xcb_window_t desktop = makeDesktop();
+    stack({m_id, desktop});
+    ASSERT_TRUE(waitUntil([&] { return showings() == 1; }));
+    EXPECT_THAT(belongsTo(), ElementsAre(desktop));
+
+    stack({m_id, desktop});
+    settle(800ms);
+    EXPECT_EQ(showings(), 1) << "a window manager that wants it so is not fought with";
+
+    stack({desktop, m_id});
+    settle(500ms);
+    EXPECT_EQ(showings(), 1);
+    stack({m_id, desktop});
+    EXPECT_TRUE(waitUntil([&] { return showings() == 2; }));
+
+    m_window->hide();
+    stack({desktop});
+    stack({m_id, desktop});
+    settle(800ms);
+    EXPECT_EQ(showings(), 2) << "down is down";
+}
+
+} // namespace
+} // namespace tessel
