@@ -55,6 +55,17 @@ PhotoSize sizeOf(const std::shared_ptr<const Photo>& photo)
     return photo != nullptr ? photo->size : PhotoSize();
 }
 
+/// \return whether there is room for the second ink of each cell
+bool makeUpper(CellTextures& cells, GridSize size)
+{
+    if (cells.inkTarget)
+        return true;
+    cells.upper = makeTexture(colorFormat, size.width, size.height);
+    if (cells.upper)
+        cells.inkTarget = makeFramebuffer(cells.lower, &cells.upper);
+    return static_cast<bool>(cells.inkTarget);
+}
+
 /// The first look of a cross-fade is drawn over whatever was there, the second blended on top of it.
 void setBlending(float opacity)
 {
@@ -70,7 +81,7 @@ void setBlending(float opacity)
 
 } // namespace
 
-const CellTextures* CellTextureCache::find(GridSize size, Slot slot)
+CellTextures* CellTextureCache::find(GridSize size, Slot slot)
 {
     const Key key{size.width, size.height, slot};
     const auto found = m_entries.find(key);
@@ -79,13 +90,11 @@ const CellTextures* CellTextureCache::find(GridSize size, Slot slot)
     CellTextures made;
     made.field = makeTexture(fieldFormat, size.width, size.height);
     made.lower = makeTexture(colorFormat, size.width, size.height);
-    made.upper = makeTexture(colorFormat, size.width, size.height);
-    if (!made.field || !made.lower || !made.upper)
+    if (!made.field || !made.lower)
         return nullptr;
     made.fieldTarget = makeFramebuffer(made.field);
     made.lowerTarget = makeFramebuffer(made.lower);
-    made.inkTarget = makeFramebuffer(made.lower, &made.upper);
-    if (!made.fieldTarget || !made.lowerTarget || !made.inkTarget)
+    if (!made.fieldTarget || !made.lowerTarget)
         return nullptr;
     if (m_entries.size() >= capacity)
         m_entries.clear();
@@ -128,9 +137,9 @@ void FrameEncoder::draw(const Pass& pass, const Program& program, GLuint framebu
 }
 
 /// Returns nullptr where there is no room for the field.
-const CellTextures* FrameEncoder::drawField(const Pass& pass, GridSize grid)
+CellTextures* FrameEncoder::drawField(const Pass& pass, GridSize grid)
 {
-    const CellTextures* cells = m_cells.find(grid, pass.slot);
+    CellTextures* cells = m_cells.find(grid, pass.slot);
     if (cells == nullptr)
         return nullptr;
     setBlending(1.0F);
@@ -141,15 +150,15 @@ const CellTextures* FrameEncoder::drawField(const Pass& pass, GridSize grid)
 }
 
 /// The field and its inks. Returns nullptr where there is no room for them.
-const CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
+CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
 {
-    const CellTextures* cells = drawField(pass, grid);
-    if (cells == nullptr)
+    CellTextures* cells = drawField(pass, grid);
+    const bool twoInks = shaders::kind(pass.look.dither) == shaders::DitherKind::screen;
+    if (cells == nullptr || (twoInks && !makeUpper(*cells, grid)))
         return nullptr;
     const auto columns = static_cast<float>(grid.width);
     const auto rows = static_cast<float>(grid.height);
     const Program& inks = m_programs.inks(pass.look.dither);
-    const bool twoInks = shaders::kind(pass.look.dither) == shaders::DitherKind::screen;
     const GlFramebuffer& target = twoInks ? cells->inkTarget : cells->lowerTarget;
     bind(TextureUnit::field, cells->field.name());
     bind(TextureUnit::blueNoise, m_blueNoise.name());
@@ -200,7 +209,8 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
         glDisable(GL_SCISSOR_TEST);
         bind(TextureUnit::lower, cells != nullptr ? cells->lower.name() : m_placeholder.name(),
              smooth ? m_linear.name() : 0);
-        bind(TextureUnit::upper, cells != nullptr ? cells->upper.name() : m_placeholder.name());
+        bind(TextureUnit::upper,
+             cells != nullptr && cells->upper ? cells->upper.name() : m_placeholder.name());
         glUseProgram(program.object.name());
         glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
                     1.0F / static_cast<float>(grid.height));
@@ -257,8 +267,7 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
 }
 
 const CellTextures* FrameEncoder::encodeGrid(const Frame& frame,
-                                             const CellTextures* (FrameEncoder::*drawGrid)(const Pass&,
-                                                                                           GridSize))
+                                             CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize))
 {
     const std::shared_ptr<const Photo> photo = photoOf(frame.current);
     const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);

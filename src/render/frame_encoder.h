@@ -35,7 +35,7 @@ struct CellTextures
 {
     GlTexture field;
     GlTexture lower;
-    GlTexture upper;
+    GlTexture upper; ///< there only once a dither has needed it
     GlFramebuffer fieldTarget;
     GlFramebuffer lowerTarget;
     GlFramebuffer inkTarget; ///< lower and upper together
@@ -46,7 +46,7 @@ class CellTextureCache
 {
 public:
     /// The textures for a grid of this size and slot; nullptr if the driver has no room for them.
-    const CellTextures* find(GridSize size, Slot slot);
+    CellTextures* find(GridSize size, Slot slot);
 
 private:
     struct Key
@@ -106,11 +106,11 @@ private:
     void end();
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
     [[nodiscard]] const CellTextures*
-    encodeGrid(const Frame& frame, const CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize));
-    const CellTextures* drawField(const Pass& pass, GridSize grid);
+    encodeGrid(const Frame& frame, CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize));
+    CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
               float extentY, RowOrder rows, int firstRow = 0);
-    const CellTextures* drawCells(const Pass& pass, GridSize grid);
+    CellTextures* drawCells(const Pass& pass, GridSize grid);
     void drawRamp(const Pass& pass);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
     static void restrictTo(const Target& target, GridSize grid, float cell);

@@ -85,6 +85,20 @@ const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
     return m_programs.emplace(key, build(makeSource())).first->second;
 }
 
+/// A pattern's program holds up to a megabyte of code: forgetting it costs less than keeping all of them.
+template<typename MakeSource>
+const Program& ProgramLibrary::findPattern(Key key, MakeSource makeSource)
+{
+    if (!m_programs.contains(key)) {
+        if (m_patterns.size() == patternCapacity) {
+            m_programs.erase(m_patterns.front());
+            m_patterns.pop_front();
+        }
+        m_patterns.push_back(key);
+    }
+    return find(key, makeSource);
+}
+
 ProgramLibrary::Key ProgramLibrary::inksKey(Dither dither)
 {
     // The screen dithers differ only in how they choose between the inks, but for the characters.
@@ -100,7 +114,7 @@ ProgramLibrary::Key ProgramLibrary::compositeKey(Dither dither)
 
 const Program& ProgramLibrary::field(Pattern pattern)
 {
-    return find(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
+    return findPattern(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
 }
 
 const Program& ProgramLibrary::inks(Dither dither)
@@ -122,7 +136,8 @@ const Program& ProgramLibrary::composite(Dither dither)
 
 const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)
 {
-    return find(directKey(pattern, dither), [&] { return shaders::direct(pattern, dither, m_dialect); });
+    return findPattern(directKey(pattern, dither),
+                       [&] { return shaders::direct(pattern, dither, m_dialect); });
 }
 
 bool ProgramLibrary::hasDirect(Pattern pattern, Dither dither) const

@@ -7,6 +7,7 @@
 #include "shaders/shaders.h"
 
 #include <compare>
+#include <deque>
 #include <map>
 
 namespace tessel {
@@ -35,7 +36,8 @@ struct Program
     GLint flip = -1;
 };
 
-/// The specialised programs, each built when it is first asked for and kept.
+/// The specialised programs, each built when it is first asked for. Those of the dithers are few and small,
+/// and kept; of those of the patterns the six built last.
 class ProgramLibrary
 {
 public:
@@ -78,9 +80,13 @@ private:
 
     template<typename MakeSource>
     const Program& find(Key key, MakeSource makeSource);
+    template<typename MakeSource>
+    const Program& findPattern(Key key, MakeSource makeSource);
 
     shaders::Dialect m_dialect;
+    static constexpr std::size_t patternCapacity = 6; ///< a cross-fade and what is made ready for the next
     std::map<Key, Program> m_programs;
+    std::deque<Key> m_patterns; ///< the programs with a pattern, oldest first
 };
 
 } // namespace tessel
