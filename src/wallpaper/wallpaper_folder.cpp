@@ -19,6 +19,17 @@ qint64 timeOf(const QString& name)
     return name.section(QLatin1Char('-'), 1, 1).toLongLong();
 }
 
+/// What is left of files that were being written when the program was killed.
+void removeTorsos(QDir& directory)
+{
+    const QDateTime hourAgo = QDateTime::currentDateTime().addSecs(-3600);
+    const QDir::Filters filters = QDir::Files | QDir::Hidden;
+    for (const QFileInfo& file : directory.entryInfoList({QStringLiteral(".tessel-*.tmp")}, filters)) {
+        if (file.lastModified() < hourAgo)
+            directory.remove(file.fileName());
+    }
+}
+
 } // namespace
 
 QString stillFileName(qint64 milliseconds, int index)
@@ -36,6 +47,7 @@ void pruneStills(const QString& folder, int screens, const QStringList& inUse)
         if (!inUse.contains(directory.filePath(name)))
             directory.remove(name);
     }
+    removeTorsos(directory);
 }
 
 } // namespace tessel

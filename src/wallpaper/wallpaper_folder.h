@@ -14,7 +14,7 @@ namespace tessel {
 [[nodiscard]] QString stillFileName(qint64 milliseconds, int index);
 
 /// Removes the oldest stills of a folder: those beyond four for each of `screens` screens, but none of the
-/// paths in `inUse`. What cannot be removed stays.
+/// paths in `inUse`; and files that were never finished, an hour later. What cannot be removed stays.
 void pruneStills(const QString& folder, int screens, const QStringList& inUse);
 
 } // namespace tessel

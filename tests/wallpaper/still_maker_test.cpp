@@ -145,12 +145,20 @@ TEST(WallpaperFolderTest, KeepsFourStillsForEachScreenAndThoseInUse)
     }
     touch(QStringLiteral("wall-notes.txt"));
     touch(QStringLiteral("holiday.png"));
+    touch(QStringLiteral(".tessel-17-0.tmp"));
+    touch(QStringLiteral(".tessel-18-0.tmp"));
+    QFile old(folder.filePath(QStringLiteral(".tessel-17-0.tmp")));
+    ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    old.close();
     const QString inUse = folder.filePath(stillFileName(1731686400000, 1));
     pruneStills(folder.path(), 3, {inUse});
 
     const QStringList left = QDir(folder.path()).entryList(QDir::Files);
     EXPECT_EQ(left.size(), 12 + 1 + 1) << left.join(QLatin1Char(' ')).toStdString();
     EXPECT_TRUE(QFile::exists(inUse));
+    EXPECT_FALSE(QFile::exists(old.fileName())) << "nobody finishes it any more";
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral(".tessel-18-0.tmp")))) << "somebody may";
     EXPECT_TRUE(left.contains(QStringLiteral("holiday.png"))) << "not ours";
     EXPECT_FALSE(left.contains(stillFileName(1731686400004, 0)));
     EXPECT_TRUE(left.contains(stillFileName(1731686400005, 0)));
