@@ -1,0 +1,185 @@
+# SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What the user chooses in the panel's menu, and what other programs ask for."""
+
+import unittest
+
+from gi.repository import GLib
+
+from accessibility import ScreenReader
+from application import NAME, PROGRAM, ApplicationTest
+from desktop import wait_until
+
+FIRST_MENU = """\
+New Wallpaper (Control+N)
+Previous Wallpaper ~ (Control+P)
+--
+[ ] Still Wallpaper ~
+[ ] Animated Wallpaper ~
+Presets
+    Save as Preset... ~
+--
+Fresh Bowl
+    [ ] Every Hour
+    [ ] Every Day
+    [x] Never
+Handle Position
+    [x] Left
+    [ ] Right
+    [ ] Hidden
+[ ] Launch at Login
+--
+Check for Updates...
+Made by the Tessel Broth developers
+    Web Page
+    Source Code
+Quit Tessel Broth (Control+Q)"""
+
+
+class MenuTest(ApplicationTest):
+    """Every row of the menu."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.reader = ScreenReader(cls.desktop)
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.application.start()
+        self.panel = self.desktop.panel
+
+    def is_checked(self, *titles: str) -> None:
+        wait_until(lambda: self.panel.row(*titles).checked, f"a checkmark at {titles}")
+
+    def test_rows_follow_the_state(self) -> None:
+        self.assertEqual(self.panel.text(), FIRST_MENU)
+        self.application.new_wallpaper()
+        with_look = FIRST_MENU.replace("[ ] Still Wallpaper ~", "[ ] Still Wallpaper")
+        with_look = with_look.replace("[ ] Animated Wallpaper ~", "[x] Animated Wallpaper")
+        with_look = with_look.replace("Save as Preset... ~", "Save as Preset...")
+        self.assertEqual(self.panel.text(), with_look)
+        self.application.new_wallpaper()
+        self.assertEqual(self.panel.text(), with_look.replace("Previous Wallpaper ~", "Previous Wallpaper"))
+
+    def test_first_start_says_what_to_do(self) -> None:
+        wait_until(lambda: self.panel.messages, "a greeting")
+        self.assertIn("choose New Wallpaper", self.panel.messages[0][1])
+
+    def test_new_and_previous(self) -> None:
+        self.application.show_still()
+        first_look, first_screen = self.application.look(), self.desktop.screenshot()
+        self.application.new_wallpaper()
+        self.application.wait_for_still()
+        self.assertNotEqual(self.desktop.screenshot(), first_screen)
+        self.panel.choose("Previous Wallpaper")
+        wait_until(lambda: self.application.look() == first_look, "the look before")
+        self.application.wait_for_still()
+        self.assertFalse(self.panel.row("Previous Wallpaper").enabled)
+
+    def test_still_and_animated(self) -> None:
+        self.application.show_still()
+        self.is_checked("Still Wallpaper")
+        look = self.application.look()
+        self.application.play()
+        self.assertEqual(self.desktop.wallpaper_places(), [(0, 0, *self.desktop.size)])
+        self.is_checked("Animated Wallpaper")
+        self.application.show_still()
+        self.assertEqual(self.application.look(), look)
+
+    def test_settings(self) -> None:
+        for titles, key, value in [(("Fresh Bowl", "Every Hour"), "shuffleMinutes", "60"),
+                                   (("Fresh Bowl", "Every Day"), "shuffleMinutes", "1440"),
+                                   (("Fresh Bowl", "Never"), "shuffleMinutes", "0"),
+                                   (("Handle Position", "Right"), "edge", "1"),
+                                   (("Handle Position", "Hidden"), "handleHidden", "true"),
+                                   (("Handle Position", "Left"), "edge", "0")]:
+            with self.subTest(titles=titles):
+                self.panel.choose(*titles)
+                wait_until(lambda: self.application.settings().get(key) == value, f"{key}={value}")
+                self.is_checked(*titles)
+                others = [row for row in self.panel.row(titles[0]).children if row.checked]
+                self.assertEqual([row.title for row in others], [titles[1]])
+        self.assertEqual(self.application.settings()["handleHidden"], "false")
+
+    def test_launch_at_login(self) -> None:
+        self.panel.choose("Launch at Login")
+        wait_until(self.application.autostart_file.exists, "an autostart entry")
+        self.assertIn(f"\nExec={PROGRAM}\n", self.application.autostart_file.read_text())
+        self.is_checked("Launch at Login")
+        self.panel.choose("Launch at Login")
+        wait_until(lambda: not self.application.autostart_file.exists(), "no autostart entry")
+        wait_until(lambda: not self.panel.row("Launch at Login").checked, "no checkmark")
+
+    def test_preset(self) -> None:
+        look = self.application.new_wallpaper()
+        self.panel.choose("Presets", "Save as Preset...")
+        field = self.reader.find("Preset name")
+        wait_until(field.is_focused, "the focus in the field")
+        self.desktop.output("xdotool", "type", "Cold & Clear")
+        self.reader.find("Save").press()
+        wait_until(lambda: len(self.panel.row("Presets").children) == 3, "a preset in the menu")
+        titles = [row.title for row in self.panel.row("Presets").children]
+        self.assertEqual(titles, ["Cold & Clear", "", "Save as Preset..."])
+        self.is_checked("Presets", "Cold & Clear")
+        self.application.new_wallpaper()
+        self.assertFalse(self.panel.row("Presets", "Cold & Clear").checked)
+        self.panel.choose("Presets", "Cold & Clear")
+        wait_until(lambda: self.application.look() == look, "the preset's look")
+
+    def test_quit(self) -> None:
+        self.application.play()
+        self.assertEqual(self.application.quit(), 0)
+        self.assertNotIn("Tessel Broth", self.desktop.output("xwininfo", "-root", "-tree"))
+        self.assertFalse(self.desktop.has_name(NAME))
+
+    def test_still_stays_without_the_application(self) -> None:
+        self.application.show_still()
+        self.assertEqual(self.application.quit(), 0)
+        self.assertTrue(self.application.shows_still())
+
+
+class BusTest(ApplicationTest):
+    """The application's name on the session bus."""
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.application.start()
+
+    def test_second_instance_shows_the_menu(self) -> None:
+        self.application.show_still()
+        before = self.files()
+        self.assertEqual(self.desktop.start(PROGRAM).wait(15), 0)
+        wait_until(self.desktop.menus, "the menu")
+        self.assertEqual(self.files(), before)
+        self.assertTrue(self.application.runs())
+        self.desktop.output("xdotool", "key", "Escape")
+        wait_until(lambda: not self.desktop.menus(), "no menu")
+
+    def files(self) -> dict[str, bytes]:
+        home = self.desktop.folder / "home"
+        return {str(path): path.read_bytes() for path in home.rglob("*") if path.is_file()}
+
+    def test_actions(self) -> None:
+        self.application.do("new-wallpaper")
+        first = wait_until(self.application.look, "a look")
+        self.application.do("new-wallpaper")
+        wait_until(lambda: self.application.look() != first, "another look")
+        self.application.do("previous-wallpaper")
+        wait_until(lambda: self.application.look() == first, "the first look")
+        self.application.do("toggle-motion")
+        wait_until(lambda: self.application.settings()["appliedMotion"] == "false", "a still")
+        self.application.do("quit")
+        self.assertEqual(self.application.process.wait(15), 0)
+
+    def test_unknown_action_names_the_known_ones(self) -> None:
+        with self.assertRaises(GLib.Error) as caught:
+            self.application.do("explode")
+        known = ("new-wallpaper", "previous-wallpaper", "toggle-motion", "open-editor", "quit")
+        for name in ("explode", *known):
+            self.assertIn(name, caught.exception.message)
+        self.assertTrue(self.application.runs())
+
+
+if __name__ == "__main__":
+    unittest.main()

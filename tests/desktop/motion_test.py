@@ -1,0 +1,127 @@
+# SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The animated wallpaper among the windows of others, and how little is done while nobody sees it."""
+
+import unittest
+from contextlib import suppress
+from functools import partial
+
+from gi.repository import GLib
+
+from application import ApplicationTest
+from desktop import Desktop, call, connect, wait_until
+
+RESTING = 1  # wake-ups a second
+PLAYING = 20
+
+
+class LoginManager:
+    """The part of logind that tells of sleep and of the lock screen."""
+
+    NAME = "org.freedesktop.login1"
+    PATH = "/org/freedesktop/login1"
+
+    def __init__(self, desktop: Desktop) -> None:
+        desktop.environment["XDG_SESSION_ID"] = "c1"
+        desktop.start("/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "logind")
+        self.bus = connect(desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"])
+        wait_until(self._add_session, "a login manager")
+
+    def _add_session(self) -> bool:
+        with suppress(GLib.Error):
+            session = GLib.Variant("(ssusb)", ("c1", "seat0", 1000, "user", True))
+            call(self.bus, self.NAME, self.PATH, "org.freedesktop.DBus.Mock.AddSession", session)
+            return True
+        return False
+
+    def set_locked(self, locked: bool) -> None:
+        call(self.bus, self.NAME, f"{self.PATH}/session/c1", f"{self.NAME}.Session.SetLockedHint",
+             GLib.Variant("(b)", (locked,)))
+
+    def prepare_for_sleep(self, begins: bool) -> None:
+        emitted = GLib.Variant("(sssav)", (f"{self.NAME}.Manager", "PrepareForSleep", "b",
+                                           [GLib.Variant("b", begins)]))
+        call(self.bus, self.NAME, self.PATH, "org.freedesktop.DBus.Mock.EmitSignal", emitted)
+
+
+class MotionTest(ApplicationTest):
+    """An animated wallpaper of the default look."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.login = LoginManager(cls.desktop)
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.application.write_settings(desktop={}, appliedMotion="true")
+        self.application.start()
+        self.application.wait_for_motion()
+
+    def plays(self) -> None:
+        self.desktop.wait_for_change()
+        self.assertGreater(self.application.wake_ups(1), PLAYING)
+
+    def rests(self) -> None:
+        self.application.wait_until_idle()
+        self.assertLessEqual(self.application.wake_ups(5), RESTING)
+
+    def test_clicks_go_through(self) -> None:
+        self.addCleanup(self.desktop.output, "xdotool", "key", "Escape")
+        self.desktop.output("xdotool", "mousemove", "500", "400", "click", "3")
+        wait_until(self.desktop.menus, "the window manager's own menu")
+
+    def test_normal_windows_stay_above(self) -> None:
+        window = self.desktop.open_window()
+        self.addCleanup(window.close)
+        ours, = self.desktop.wallpapers()
+        self.desktop.output("xdotool", "windowraise", str(int(ours.number, 16)))
+        wait_until(self.desktop.shows_white, "the window's picture")
+        self.desktop.wait_for_change()
+        self.assertEqual(self.desktop.windows(), [ours, window])
+        self.assertTrue(self.desktop.shows_white())
+
+    def test_on_every_workspace(self) -> None:
+        for workspace in ("1", "2"):
+            self.desktop.output("wmctrl", "-s", workspace)
+            wait_until(lambda: self.desktop.output("xdotool", "get_desktop").strip() == workspace,
+                       "the workspace")
+            self.assertTrue(self.desktop.wallpapers())
+            self.desktop.wait_for_change()
+
+    def test_rests_while_nobody_sees_it(self) -> None:
+        # Behind the animation a still is made, which is work of its own.
+        wait_until(self.application.pictures, "the still behind the animation")
+        window = self.desktop.open_window()
+        self.addCleanup(window.close)
+        state = ["wmctrl", "-i", "-r", window.number, "-b"]
+        for name, begin, end in [
+                ("full screen", partial(self.desktop.output, *state, "add,fullscreen"),
+                 partial(self.desktop.output, *state, "remove,fullscreen")),
+                ("maximised", partial(self.desktop.output, *state, "add,maximized_vert,maximized_horz"),
+                 partial(self.desktop.output, *state, "remove,maximized_vert,maximized_horz")),
+                ("locked", partial(self.login.set_locked, True), partial(self.login.set_locked, False)),
+                ("asleep", partial(self.login.prepare_for_sleep, True),
+                 partial(self.login.prepare_for_sleep, False))]:
+            with self.subTest(name):
+                self.plays()
+                begin()
+                try:
+                    self.rests()
+                finally:
+                    end()
+                self.plays()
+
+
+class StillTest(ApplicationTest):
+    """A wallpaper that stands still."""
+
+    def test_rests(self) -> None:
+        self.application.start()
+        self.application.show_still()
+        self.application.wait_until_idle()
+        self.assertLessEqual(self.application.wake_ups(10), RESTING)
+
+
+if __name__ == "__main__":
+    unittest.main()

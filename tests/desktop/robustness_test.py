@@ -1,0 +1,159 @@
+# SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Sudden ends, damaged settings and disks that take nothing."""
+
+import json
+import random
+import time
+import unittest
+from pathlib import Path
+
+from PIL import Image
+
+from accessibility import ScreenReader
+from application import ApplicationTest, on_full_disk
+from desktop import wait_until
+
+STILL_DELAY = 1.8  # seconds from a new look to its picture
+
+
+class KillTest(ApplicationTest):
+    """The process is gone from one moment to the next."""
+
+    ROUNDS = 8
+
+    def test_nothing_is_lost(self) -> None:
+        chance = random.Random(4)
+        self.application.write_settings(motion="false")
+        for kills in range(1, self.ROUNDS + 1):
+            self.application.start()
+            acknowledged = self.burst(chance)
+            self.application.kill()
+            self.check_files(acknowledged)
+            self.check_restart(kills)
+
+    def burst(self, chance: random.Random) -> dict:
+        """New wallpapers, the last perhaps on its way; returns the last look that is certain."""
+        for _ in range(chance.randint(1, 3)):
+            time.sleep(chance.uniform(0, 0.3))
+            self.application.do("new-wallpaper")
+        acknowledged = self.application.look()
+        if chance.random() < 0.5:
+            self.wait_for_writing()
+            time.sleep(chance.uniform(0, 0.004))
+        else:
+            time.sleep(chance.uniform(0, STILL_DELAY))
+            self.application.ask_for("new-wallpaper")
+            time.sleep(chance.uniform(0, 0.03))
+        return acknowledged
+
+    def wait_for_writing(self) -> None:
+        """Until there is a new file among the pictures, which is written within milliseconds."""
+        folder = self.application.pictures_folder
+        before = set(folder.glob("*"))
+        deadline = time.monotonic() + 10
+        while set(folder.glob("*")) <= before:
+            self.assertLess(time.monotonic(), deadline, "nothing is written")
+
+    def check_files(self, acknowledged: dict) -> None:
+        for picture in self.application.pictures():
+            with Image.open(picture) as image:
+                image.verify()
+            with Image.open(picture) as image:
+                image.load()
+        if self.application.look() != acknowledged:
+            self.assertEqual(json.loads(self.application.settings()["desktopHistory"])[-1], acknowledged)
+
+    def check_restart(self, kills: int) -> None:
+        look = self.application.look()
+        self.application.start()
+        self.application.wait_for_still()
+        self.assertEqual(self.application.look(), look)
+        self.assertLessEqual(len(self.leftovers()), kills)
+        self.application.kill()
+
+    def leftovers(self) -> list[Path]:
+        known = [self.application.settings_file, *self.application.pictures()]
+        folders = (self.application.settings_file.parent, self.application.pictures_folder)
+        return [file for folder in folders for file in folder.iterdir() if file not in known]
+
+
+class DamageTest(ApplicationTest):
+    """Something is wrong with what is written or read, which the user is told."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.reader = ScreenReader(cls.desktop)
+
+    def is_told(self, *words: str) -> None:
+        wait_until(lambda: any(all(word in title + text for word in words)
+                               for title, text in self.desktop.panel.messages), f"a message with {words}")
+
+    def new_wallpaper_is_seen(self) -> None:
+        before = self.desktop.screenshot()
+        self.desktop.panel.choose("New Wallpaper")
+        wait_until(self.desktop.wallpapers, "a window of the desktop")
+        wait_until(lambda: self.desktop.screenshot() != before, "a new picture")
+
+    def all_is_well_after_restart(self) -> None:
+        self.assertEqual(self.application.quit(), 0)
+        self.desktop.panel.messages.clear()
+        self.application.start()
+        self.application.show_still()
+        self.assertNotIn("cannot be saved", str(self.desktop.panel.messages))
+
+    def lines(self) -> list[str]:
+        return self.application.settings_file.read_text().splitlines()
+
+    def test_damaged_settings_stay(self) -> None:
+        self.application.write_settings(desktop='"{\\"pattern\\": oops"', presets='"[[["',
+                                        shuffleMinutes="many", someone="else's")
+        damaged = self.lines()[1:]
+        before = self.application.settings_file.read_bytes()
+        self.application.start()
+        self.reader.find("Some settings could not be read")
+        for key in ("desktop", "presets", "shuffleMinutes", str(self.application.settings_file)):
+            self.assertIn(key, "\n".join(self.reader.elements()))
+        self.assertEqual(self.application.settings_file.read_bytes(), before)
+        self.desktop.panel.choose("New Wallpaper")
+        wait_until(lambda: damaged[0] not in self.lines(), "a new look in the settings")
+        self.assertIsNotNone(self.application.look())
+        for line in damaged[1:]:
+            self.assertIn(line, self.lines())
+
+    def test_no_space_for_pictures(self) -> None:
+        self.application.write_settings(motion="false")
+        self.application.start(*on_full_disk(8))
+        self.new_wallpaper_is_seen()
+        self.is_told("wall-")
+        self.assertEqual(self.application.pictures(), [])
+        look = self.application.look()
+        self.assertIsNotNone(look)
+        self.all_is_well_after_restart()
+        self.assertEqual(self.application.look(), look)
+
+    def test_no_space_at_all(self) -> None:
+        self.application.write_settings(motion="false", other=600 * "1")
+        before = self.application.settings_file.read_bytes()
+        self.application.start(*on_full_disk(1))
+        self.new_wallpaper_is_seen()
+        self.is_told("settings cannot be saved", str(self.application.settings_file))
+        self.assertEqual(self.application.settings_file.read_bytes(), before)
+        self.all_is_well_after_restart()
+
+    def test_no_folder_for_settings(self) -> None:
+        folder = self.application.settings_file.parent
+        folder.parent.mkdir()
+        folder.write_text("in the way")
+        self.application.start()
+        self.new_wallpaper_is_seen()
+        self.is_told("settings cannot be saved", str(folder))
+        folder.unlink()
+        self.desktop.panel.choose("Handle Position", "Right")
+        wait_until(self.application.look, "the settings, tried again")
+        self.assertEqual(self.application.settings()["edge"], "1")
+
+
+if __name__ == "__main__":
+    unittest.main()
