@@ -117,8 +117,13 @@ void AppDelegate::greet()
     const QString where = TrayIcon::hasPanel()
                               ? QStringLiteral("Click the bowl in your panel")
                               : QStringLiteral("Start Tessel Broth once more to see its menu");
-    tell(QStringLiteral("Tessel Broth is ready"),
-         where + QStringLiteral(" and choose New Wallpaper for your first one."));
+    const QString title = QStringLiteral("Tessel Broth is ready");
+    const QString text = where + QStringLiteral(" and choose New Wallpaper for your first one.");
+    m_parts.notifications.show(title, text, [this, title, text] {
+        // It may have taken long to find that nobody shows messages.
+        if (!m_parts.store.desktop())
+            m_dialogs.alert({title, text});
+    });
 }
 
 void AppDelegate::popUpMenu()

@@ -90,9 +90,9 @@ class DamageTest(ApplicationTest):
         wait_until(lambda: any(all(word in title + text for word in words)
                                for title, text in self.desktop.panel.messages), f"a message with {words}")
 
-    def new_wallpaper_is_seen(self) -> None:
+    def new_look_is_seen(self, *titles: str) -> None:
         before = self.desktop.screenshot()
-        self.desktop.panel.choose("New Wallpaper")
+        self.desktop.panel.choose(*titles)
         wait_until(self.desktop.wallpapers, "a window of the desktop")
         wait_until(lambda: self.desktop.screenshot() != before, "a new picture")
 
@@ -123,9 +123,10 @@ class DamageTest(ApplicationTest):
             self.assertIn(line, self.lines())
 
     def test_no_space_for_pictures(self) -> None:
-        self.application.write_settings(motion="false")
+        preset = {"id": "00000000-0000-0000-0000-000000000000", "name": "Plain", "look": {}, "motion": False}
+        self.application.write_settings(presets=[preset])
         self.application.start(*on_full_disk(8))
-        self.new_wallpaper_is_seen()
+        self.new_look_is_seen("Presets", "Plain")
         self.is_told("wall-")
         self.assertEqual(self.application.pictures(), [])
         look = self.application.look()
@@ -137,7 +138,7 @@ class DamageTest(ApplicationTest):
         self.application.write_settings(motion="false", other=600 * "1")
         before = self.application.settings_file.read_bytes()
         self.application.start(*on_full_disk(1))
-        self.new_wallpaper_is_seen()
+        self.new_look_is_seen("New Wallpaper")
         self.is_told("settings cannot be saved", str(self.application.settings_file))
         self.assertEqual(self.application.settings_file.read_bytes(), before)
         self.all_is_well_after_restart()
@@ -147,7 +148,7 @@ class DamageTest(ApplicationTest):
         folder.parent.mkdir()
         folder.write_text("in the way")
         self.application.start()
-        self.new_wallpaper_is_seen()
+        self.new_look_is_seen("New Wallpaper")
         self.is_told("settings cannot be saved", str(folder))
         folder.unlink()
         self.desktop.panel.choose("Handle Position", "Right")

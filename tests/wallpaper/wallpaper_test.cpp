@@ -34,17 +34,17 @@ protected:
         store.reset();
         store = std::make_unique<Store>(
             StoreEnvironment{.settingsFile = home.filePath(QStringLiteral("a.conf"))});
-        wallpaper = std::make_unique<Wallpaper>(
-            WallpaperEnvironment{.store = *store,
-                                 .screens = screens,
-                                 .session = session,
-                                 .occlusion = occlusion,
-                                 .pictures = hasPictures ? &pictures : nullptr,
-                                 .makeWindow = [this](const Screen& screen) { return makeWindow(screen); },
-                                 .makeCurrent = [] {},
-                                 .rasterizer = Rasterizer::software,
-                                 .folder = home.filePath(QStringLiteral("Wallpapers")),
-                                 .delays = {.animated = 400ms, .still = 150ms, .settling = 10ms, .leaving = 1s}});
+        wallpaper = std::make_unique<Wallpaper>(WallpaperEnvironment{
+            .store = *store,
+            .screens = screens,
+            .session = session,
+            .occlusion = occlusion,
+            .pictures = hasPictures ? &pictures : nullptr,
+            .makeWindow = [this](const Screen& screen) { return makeWindow(screen); },
+            .makeCurrent = [] {},
+            .rasterizer = Rasterizer::software,
+            .folder = home.filePath(QStringLiteral("Wallpapers")),
+            .delays = {.animated = 400ms, .still = 150ms, .settling = 10ms, .leaving = 1s}});
         QObject::connect(store.get(), &Store::applied, wallpaper.get(), &Wallpaper::apply);
         QObject::connect(wallpaper.get(), &Wallpaper::stillFailed, wallpaper.get(),
                          [this](const QString& message) { failures.append(message); });
