@@ -72,7 +72,17 @@ void DesktopScene::prepare(const CrossFade& fade, const std::vector<QSize>& size
             done();
         });
     };
-    m_preparer.prepare(fade, sizes, m_encoder.photos().longestSide(), buildHere);
+    m_preparer.prepare(withoutKnownPhotos(fade), sizes, m_encoder.photos().longestSide(), buildHere);
+}
+
+/// The same cross-fade, without the photos that need not be read again.
+CrossFade DesktopScene::withoutKnownPhotos(CrossFade fade) const
+{
+    for (Look* look : {&fade.previous, &fade.current}) {
+        if (look->imagePath && m_encoder.photos().holds(*look->imagePath))
+            look->imagePath.reset();
+    }
+    return fade;
 }
 
 void DesktopScene::build(const CrossFade& fade, const std::vector<QSize>& sizes)

@@ -56,6 +56,7 @@ private:
     [[nodiscard]] DesktopPace pace(double now) const;
     [[nodiscard]] bool isPrepared(const CrossFade& fade, const std::vector<QSize>& sizes) const;
     void prepare(const CrossFade& fade, const std::vector<QSize>& sizes, std::function<void()> done);
+    [[nodiscard]] CrossFade withoutKnownPhotos(CrossFade fade) const;
     void build(const CrossFade& fade, const std::vector<QSize>& sizes);
     void show(const Look& look, double since);
 

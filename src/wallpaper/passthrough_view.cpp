@@ -57,7 +57,6 @@ void PassthroughView::restart()
 {
     if (m_stopped)
         return;
-    m_timer.stop();
     synchronizeTimer();
     draw();
 }

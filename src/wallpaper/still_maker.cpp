@@ -125,8 +125,7 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                      return;
                  }
                  const auto held = std::make_shared<Picture>(std::move(*picture));
-                 run<std::optional<QString>>(
-                     [held, json, file] { return write(*held, json, file); },
+                 run([held, json, file] { return write(*held, json, file); },
                      [this, request](const std::optional<QString>& failure) { finish(request, failure); });
              });
     }
@@ -149,7 +148,7 @@ void StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file
                  return;
              }
              const auto held = std::make_shared<Picture>(std::move(*picture));
-             run<std::optional<QString>>([held, json, file] { return write(*held, json, file); }, done);
+             run([held, json, file] { return write(*held, json, file); }, done);
          });
 }
 

@@ -13,6 +13,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <type_traits>
 
 namespace tessel {
 
@@ -53,9 +54,9 @@ public:
     void save(const StillRecipe& recipe, QSize size, const QString& file,
               std::function<void(std::optional<QString> failure)> done);
 
-    /// Runs a job on the writing thread, and then `done` with its result on this one.
-    template<typename Result>
-    void run(std::function<Result()> job, std::function<void(const Result&)> done);
+    /// Runs a job on the writing thread, and then `done` with its result, if it has one, on this one.
+    template<typename Job, typename Done>
+    void run(Job job, Done done);
 
 Q_SIGNALS:
     /// All files of the latest request are written.
@@ -82,11 +83,16 @@ private:
     std::shared_ptr<Request> m_latest;
 };
 
-template<typename Result>
-void StillMaker::run(std::function<Result()> job, std::function<void(const Result&)> done)
+template<typename Job, typename Done>
+void StillMaker::run(Job job, Done done)
 {
     QMetaObject::invokeMethod(&m_writer, [this, job = std::move(job), done = std::move(done)] {
-        QMetaObject::invokeMethod(this, [done, result = job()] { done(result); });
+        if constexpr (std::is_void_v<std::invoke_result_t<const Job&>>) {
+            job();
+            QMetaObject::invokeMethod(this, done);
+        } else {
+            QMetaObject::invokeMethod(this, [done, result = job()] { done(result); });
+        }
     });
 }
 

@@ -276,12 +276,9 @@ void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
     }
     m_environment.store.keep(picturesKey, encodePaths(files));
     m_scene.anticipate(m_environment.store.upcoming(), sizes());
-    m_stills.run<bool>(
-        [folder = m_environment.folder, screens = static_cast<int>(pictures.size()), files] {
-            pruneStills(folder, screens, files);
-            return true;
-        },
-        [](bool) {});
+    m_stills.run([folder = m_environment.folder, screens = static_cast<int>(pictures.size()),
+                  files] { pruneStills(folder, screens, files); },
+                 [] {});
 }
 
 void Wallpaper::picturesSet(const QStringList& failures)
@@ -309,13 +306,12 @@ void Wallpaper::hold(const std::vector<DesktopPicture>& pictures)
         if (found != pictures.end())
             backdrops.emplace_back(found->file, view->window().backdropSetter());
     }
-    m_stills.run<bool>(
+    m_stills.run(
         [backdrops = std::move(backdrops)] {
             for (const auto& [file, setBackdrop] : backdrops)
                 setBackdrop(QImage(file).convertToFormat(QImage::Format_RGB32));
-            return true;
         },
-        [this](bool) { holdNow(); });
+        [this] { holdNow(); });
 }
 
 void Wallpaper::holdNow()
@@ -347,7 +343,7 @@ std::vector<DesktopPicture> Wallpaper::latestPictures() const
 void Wallpaper::showLatest()
 {
     const std::vector<DesktopPicture> pictures = latestPictures();
-    m_stills.run<bool>(
+    m_stills.run(
         [pictures, json = encodeLook(*m_environment.store.desktop())] {
             return std::ranges::all_of(pictures,
                                        [&](const DesktopPicture& picture) { return shows(picture, json); });
