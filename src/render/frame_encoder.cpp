@@ -260,8 +260,10 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
     const std::shared_ptr<const Photo> previous = fading ? photoOf(frame.previous) : nullptr;
     const UniformBlock block = makeUniforms(frame, sizeOf(previous), sizeOf(current), m_blocks);
     begin();
-    if (fading)
-        drawPicture({block, Slot::previous, frame.previous, textureOf(previous)}, frame, target);
+    if (fading) {
+        const UniformBlock before = withEdge(block, frame.previousEdge);
+        drawPicture({before, Slot::previous, frame.previous, textureOf(previous)}, frame, target);
+    }
     drawPicture({block, Slot::current, frame.current, textureOf(current)}, frame, target);
     end();
 }

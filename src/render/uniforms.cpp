@@ -11,7 +11,13 @@ namespace tessel {
 
 namespace {
 
+constexpr std::size_t edgeIndex = 5;
 constexpr std::size_t cellSizeIndex = 12;
+
+float edgeEntry(Edge edge)
+{
+    return edge == Edge::right ? 1.0F : 0.0F;
+}
 
 float channel(Color color, unsigned shift)
 {
@@ -68,7 +74,7 @@ UniformBlock makeUniforms(const Frame& frame, PhotoSize previousPhoto, PhotoSize
                        static_cast<float>(frame.time),
                        frame.mix,
                        frame.reference,
-                       frame.edge == Edge::right ? 1.0F : 0.0F,
+                       edgeEntry(frame.edge),
                        currentPhoto.width,
                        currentPhoto.height,
                        currentPhoto.present ? 1.0F : 0.0F,
@@ -92,6 +98,12 @@ std::span<const float, lookBlockLength> lookBlock(const UniformBlock& block, Slo
 {
     const auto looks = std::span(block).last<2 * lookBlockLength>();
     return slot == Slot::previous ? looks.first<lookBlockLength>() : looks.last<lookBlockLength>();
+}
+
+UniformBlock withEdge(UniformBlock block, Edge edge)
+{
+    block[edgeIndex] = edgeEntry(edge);
+    return block;
 }
 
 float cellSize(const UniformBlock& block, Slot slot)

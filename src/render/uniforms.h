@@ -49,6 +49,7 @@ struct Frame
     double time = 0.0; ///< animation phase, 0 to 2000 pi
     float reference = desktopReference;
     Edge edge = Edge::left;
+    Edge previousEdge = Edge::left; ///< that `previous` was drawn for
 };
 
 /// The block of one look.
@@ -75,6 +76,9 @@ private:
 /// The frame header and one look's block within the whole block.
 [[nodiscard]] std::span<const float, frameHeaderLength> frameHeader(const UniformBlock& block);
 [[nodiscard]] std::span<const float, lookBlockLength> lookBlock(const UniformBlock& block, Slot slot);
+
+/// The same block for the handle on another side.
+[[nodiscard]] UniformBlock withEdge(UniformBlock block, Edge edge);
 
 /// The cell size of one of the two looks.
 [[nodiscard]] float cellSize(const UniformBlock& block, Slot slot);

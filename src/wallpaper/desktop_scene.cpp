@@ -32,6 +32,7 @@ bool DesktopScene::isPrepared(const CrossFade& fade, const std::vector<QSize>& s
 void DesktopScene::settle()
 {
     m_previous = m_current = wanted();
+    m_previousEdge = m_edge = m_store.edge();
     m_isEmpty = false;
 }
 
@@ -41,7 +42,7 @@ void DesktopScene::follow(const std::vector<QSize>& sizes)
     const CrossFade fade{m_isEmpty ? look : m_current, look};
     m_isFollowing = !isPrepared(fade, sizes);
     if (!m_isFollowing) {
-        show(look, m_store.desktopTransitionStart());
+        show(look, look == m_current ? mediaTime() : m_store.desktopTransitionStart());
         return;
     }
     prepare(fade, sizes, [this, look] {
@@ -95,9 +96,11 @@ void DesktopScene::build(const CrossFade& fade, const std::vector<QSize>& sizes)
 void DesktopScene::show(const Look& look, double since)
 {
     m_isFollowing = false;
-    if (m_isEmpty || look != m_current) {
+    if (m_isEmpty || look != m_current || m_edge != m_store.edge()) {
         m_previous = m_isEmpty ? look : m_current;
+        m_previousEdge = m_isEmpty ? m_store.edge() : m_edge;
         m_current = look;
+        m_edge = m_store.edge();
         m_since = since;
         m_isEmpty = false;
     }
@@ -127,7 +130,8 @@ Frame DesktopScene::frame(QSize size, double now) const
             .height = size.height(),
             .mix = transitionMix(now - m_since, preference),
             .time = m_clocks.phase(Source::desktop),
-            .edge = m_store.edge()};
+            .edge = m_edge,
+            .previousEdge = m_previousEdge};
 }
 
 int DesktopScene::framesPerSecond(int ceiling, double now) const

@@ -68,6 +68,8 @@ private:
     AnimationClocks m_clocks;
     Look m_previous;
     Look m_current;
+    Edge m_previousEdge = Edge::left; ///< the handle's side that each of them is drawn for
+    Edge m_edge = Edge::left;
     double m_since = -2 * transitionDuration; ///< media time at which the cross-fade began
     bool m_isEmpty = true;                    ///< nothing has been shown yet
     bool m_isFollowing = false;               ///< a look is being made ready to be shown

@@ -97,6 +97,11 @@ Wallpaper::Wallpaper(WallpaperEnvironment environment)
     connect(&m_environment.session, &Session::changed, this, &Wallpaper::refreshPauses);
     connect(&m_environment.session, &Session::aboutToSleep, this, &Wallpaper::keepPhase);
     connect(&m_environment.session, &Session::woke, this, &Wallpaper::wake);
+    // Some patterns are drawn mirrored for a handle on the right.
+    connect(&m_environment.store, &Store::edgeChanged, this, [this] {
+        if (m_environment.store.desktop())
+            apply(ContinueFromEditor::no);
+    });
     if (m_environment.pictures != nullptr)
         connect(m_environment.pictures, &DesktopPictures::finished, this, &Wallpaper::picturesSet);
 }

@@ -34,6 +34,28 @@ TEST_F(CrossFade, BlendsThePicturesOfTheTwoLooks)
     }
 }
 
+TEST_F(CrossFade, ReachesFromOneSideOfTheHandleToTheOther)
+{
+    Look look;
+    look.pattern = Pattern::dawn;
+    const auto drawn = [&](Edge before, Edge after) {
+        return renderStill(encoder, {.previous = look,
+                                     .current = look,
+                                     .width = 160,
+                                     .height = 90,
+                                     .mix = 0.5F,
+                                     .edge = after,
+                                     .previousEdge = before});
+    };
+    const Picture left = *drawn(Edge::left, Edge::left);
+    const Picture right = *drawn(Edge::right, Edge::right);
+    const Picture mixed = *drawn(Edge::left, Edge::right);
+    ASSERT_FALSE(std::equal(left.pixels.get(), left.pixels.get() + left.pixelCount(), right.pixels.get()));
+    for (int x = 0; x < 160; ++x)
+        EXPECT_NEAR(channelOf(mixed, x, 60), 0.5 * channelOf(left, x, 60) + 0.5 * channelOf(right, x, 60),
+                    1.5);
+}
+
 TEST_F(CrossFade, ShowsOneLookAloneAtItsEnds)
 {
     Look from;

@@ -144,6 +144,15 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
 }
 
 TEST_F(WallpaperTest, ABurstOfLooksMakesOneStillOfTheLast)
+TEST_F(WallpaperTest, AHandleOnTheOtherSideMakesAnotherPicture)
+{
+    apply(3, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
+    store->setEdge(Edge::right);
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; })) << "it is cross-faded to";
+    EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2 && visibleWindows() == 0; }));
+}
+
 {
     wallpaper->start();
     for (int seed = 0; seed < 10; ++seed) {
