@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QObject>
 #include <QSize>
+#include <QString>
 
 #include <cstdint>
 #include <functional>
@@ -29,8 +30,8 @@ struct PixelRect
     bool operator==(const PixelRect&) const = default;
 };
 
-/// A window that fills one monitor below everything else, on every workspace: behind the icons where the
-/// desktop lets it. It has no shadow, never takes the focus, and every click goes through it.
+/// A window that fills one monitor below everything else, on every workspace. It has no shadow, never takes
+/// the focus, and every click goes through it.
 class DesktopWindow : public QObject
 {
     Q_OBJECT
@@ -40,6 +41,10 @@ public:
 
     virtual void show() = 0;
     virtual void hide() = 0;
+
+    /// Tells which picture the desktop shows behind the window, or is about to: a file of the window's pixel
+    /// size. Whatever else is there, the icons above all, is left free.
+    virtual void setPictureBehind(const QString& file) = 0;
 
     /// Makes the context that was given at creation current for drawing on this window.
     /// \return false while it cannot be drawn to

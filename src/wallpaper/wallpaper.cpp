@@ -130,8 +130,11 @@ void Wallpaper::apply(ContinueFromEditor continuing)
     keepPhase();
     m_stills.cancel();
     startAnimation();
-    m_hideWork.start(m_environment.store.appliedMotion() ? m_environment.delays.animated
-                                                         : m_environment.delays.still);
+    // The first picture comes early even behind an animation: only in front of one that is known can icons be
+    // left free.
+    const bool isFirst = m_environment.store.kept(picturesKey).isNull();
+    m_hideWork.start(m_environment.store.appliedMotion() && !isFirst ? m_environment.delays.animated
+                                                                     : m_environment.delays.still);
 }
 
 void Wallpaper::stop()
@@ -215,11 +218,22 @@ void Wallpaper::play()
 {
     if (m_windows != Windows::playing)
         return;
+    tellPictureBehind();
     for (const auto& view : m_views) {
         view->setHolding(false);
         view->window().show();
     }
     refreshPauses();
+}
+
+void Wallpaper::tellPictureBehind()
+{
+    for (const DesktopPicture& picture : latestPictures()) {
+        const auto view =
+            std::ranges::find(m_views, picture.screen, [](const auto& each) { return each->screen(); });
+        if (view != m_views.end())
+            (*view)->window().setPictureBehind(picture.file);
+    }
 }
 
 void Wallpaper::takeDown()
@@ -293,6 +307,8 @@ void Wallpaper::picturesSet(const QStringList& failures)
         return;
     if (!failures.isEmpty())
         Q_EMIT stillFailed(failures.join(QLatin1Char('\n')));
+    else
+        tellPictureBehind();
     // Something newer is on its way, or the animation is to stay.
     if (m_hideWork.isActive() || m_environment.store.appliedMotion() || m_windows != Windows::playing)
         return;

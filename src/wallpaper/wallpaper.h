@@ -94,6 +94,7 @@ private:
     void followScreens();
     void startAnimation();
     void play();
+    void tellPictureBehind();
     void takeDown();
     void screensChanged();
     void wake();

@@ -3,16 +3,22 @@
 
 #include "platform/desktop_window.h"
 #include "platform/gl_context.h"
+#include "platform/linux/x11_backdrop.h"
 #include "platform/linux/x11_connection.h"
 #include "platform/surroundings.h"
 
 #include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QRegion>
+#include <QTemporaryDir>
 #include <QWindow>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <optional>
+#include <xcb/shape.h>
 
 namespace tessel {
 namespace {
@@ -59,6 +65,19 @@ protected:
     std::vector<std::uint32_t> belongsTo()
     {
         return m_server->property(m_id, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW);
+    }
+
+    /// What of the window is not there.
+    QRegion holes()
+    {
+        const XcbPointer<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
+            m_server->get(), xcb_shape_get_rectangles(m_server->get(), m_id, XCB_SHAPE_SK_BOUNDING),
+            nullptr));
+        QRegion missing(0, 0, 1280, 800);
+        const xcb_rectangle_t* first = xcb_shape_get_rectangles_rectangles(reply.get());
+        for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
+            missing -= QRect(first[i].x, first[i].y, first[i].width, first[i].height);
+        return missing;
     }
 
     void countShowings()
@@ -122,6 +141,64 @@ TEST_F(X11DesktopWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
     stack({m_id, desktop});
     settle(800ms);
     EXPECT_EQ(showings(), 2) << "down is down";
+}
+
+TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
+{
+    const QTemporaryDir folder;
+    const auto saved = [&](const QString& name, QColor color) {
+        QImage picture(1280, 800, QImage::Format_RGB32);
+        picture.fill(color);
+        QPainter(&picture).fillRect(0, 300, 1280, 300, Qt::darkCyan);
+        EXPECT_TRUE(picture.save(folder.filePath(name)));
+        return picture;
+    };
+    const QString file = folder.filePath(QStringLiteral("a.png"));
+    const QImage picture = saved(QStringLiteral("a.png"), Qt::darkBlue);
+    const QImage other = saved(QStringLiteral("b.png"), Qt::darkRed);
+    const xcb_window_t desktop = makeDesktop();
+    const auto showIcons = [&](QImage on, const QRegion& icons) {
+        QPainter painter(&on);
+        for (const QRect& icon : icons)
+            painter.fillRect(icon, Qt::white);
+        painter.end();
+        upload(*m_server, desktop, on, {});
+    };
+    const auto withRims = [](const QRegion& icons) {
+        QRegion result;
+        for (const QRect& icon : icons)
+            result += icon.adjusted(-2, -2, 2, 2);
+        return result;
+    };
+    QRegion icons(QRect(95, 280, 48, 48));
+    icons += QRect(1000, 797, 7, 3);
+    const QRegion wanted = withRims(icons) & QRect(0, 0, 1280, 800);
+    stack({desktop});
+    showIcons(picture, icons);
+    m_window->setPictureBehind(file);
+    m_window->show();
+    ASSERT_TRUE(waitUntil([&] { return holes() == wanted; }));
+
+    const QRegion moved(QRect(400, 30, 64, 20));
+    showIcons(picture, moved);
+    ASSERT_TRUE(waitUntil([&] { return holes() == withRims(moved); }));
+
+    showIcons(other, moved);
+    settle(600ms);
+    EXPECT_EQ(holes(), withRims(moved)) << "a picture that is not ours";
+    m_window->setPictureBehind(folder.filePath(QStringLiteral("b.png")));
+    showIcons(other, icons);
+    EXPECT_TRUE(waitUntil([&] { return holes() == wanted; }));
+
+    m_window->hide();
+    showIcons(other, moved);
+    m_window->show();
+    EXPECT_TRUE(waitUntil([&] { return holes() == withRims(moved); })) << "what changed while it was down";
+
+    m_window->hide();
+    stack({});
+    m_window->show();
+    EXPECT_TRUE(waitUntil([&] { return holes().isEmpty(); })) << "nobody draws the desktop any more";
 }
 
 } // namespace

@@ -51,6 +51,7 @@ struct WindowRecord
     bool alive = true;
     std::mutex mutex;
     QImage backdrop;
+    QString pictureBehind;
 
     [[nodiscard]] bool holds(const QImage& picture)
     {
@@ -84,6 +85,7 @@ public:
             Q_EMIT exposed();
     }
     void hide() override { m_record->visible = false; }
+    void setPictureBehind(const QString& file) override { m_record->pictureBehind = file; }
     [[nodiscard]] bool makeCurrent() override { return m_record->visible; }
     void swap() override { ++m_record->frames; }
     std::uint32_t* pixels() override

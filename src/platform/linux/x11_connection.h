@@ -81,14 +81,15 @@ public:
     /// \param connection must outlive this
     explicit X11Events(X11Connection& connection);
 
+    /// Tells those that came while a reply was waited for: nothing else would before the next one comes.
+    void drain();
+
 Q_SIGNALS:
     void received(const xcb_generic_event_t& event);
     /// All events that were waiting have been told.
     void drained();
 
 private:
-    void drain();
-
     X11Connection& m_connection;
     QSocketNotifier* m_notifier;
 };

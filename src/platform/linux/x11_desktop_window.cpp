@@ -5,6 +5,7 @@
 #include "platform/gl_context.h"
 #include "platform/linux/x11_backdrop.h"
 #include "platform/linux/x11_connection.h"
+#include "platform/linux/x11_desktop_icons.h"
 #include "platform/linux/x11_desktop_owner.h"
 #include "platform/linux/x11_shared_memory.h"
 
@@ -85,6 +86,7 @@ public:
         , m_surface(screen, context.isSoftware() ? QSurface::RasterSurface : QSurface::OpenGLSurface)
         , m_window(static_cast<xcb_window_t>(m_surface.winId()))
         , m_graphics(xcb_generate_id(m_drawing))
+        , m_icons(m_window, screen.pixels())
     {
         static constexpr std::uint32_t noExposures = 0;
         xcb_create_gc(m_drawing, m_graphics, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
@@ -110,6 +112,7 @@ public:
             return;
         chooseEvents(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
         m_below = desktopWindowAt(m_connection, m_center);
+        m_icons.watch(m_below, m_behind);
         // The window manager is to see this before it takes the window in. Qt takes it away again as it shows
         // the window.
         bindToDesktop();
@@ -122,6 +125,7 @@ public:
             m_surface.raise();
         else
             m_surface.lower();
+        m_events.drain();
     }
 
     void hide() override
@@ -129,6 +133,14 @@ public:
         m_restacking.stop();
         chooseEvents(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
         m_surface.hide();
+        m_icons.rest();
+    }
+
+    void setPictureBehind(const QString& file) override
+    {
+        m_behind = file;
+        if (m_surface.isVisible())
+            m_icons.watch(m_below, m_behind);
     }
 
     bool makeCurrent() override
@@ -234,6 +246,7 @@ private:
         const xcb_window_t below = desktopWindowAt(m_connection, m_center);
         if (below != std::exchange(m_below, below)) {
             bindToDesktop();
+            m_icons.watch(m_below, m_behind);
             m_restacking.start();
         } else if (!isBelow(m_below)) {
             m_refused = XCB_WINDOW_NONE;
@@ -241,8 +254,7 @@ private:
             hide();
             show();
         }
-        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection.get())})
-            handle(*event);
+        m_events.drain();
     }
 
     bool isBelow(xcb_window_t other)
@@ -308,6 +320,8 @@ private:
     const std::uint8_t m_depth = m_connection.screen().root_depth;
     xcb_window_t m_below = XCB_WINDOW_NONE;   ///< in which another program draws the desktop
     xcb_window_t m_refused = XCB_WINDOW_NONE; ///< the one that ours was last shown anew to get above
+    X11DesktopIcons m_icons;
+    QString m_behind; ///< the file of the desktop's picture
     QTimer m_restacking;
     std::unique_ptr<X11SharedMemory> m_shared; ///< nullptr where the server is on another machine
     QImage m_image;                            ///< in the shared memory if there is any

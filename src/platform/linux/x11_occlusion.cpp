@@ -353,7 +353,7 @@ void X11Occlusion::refresh()
     askRoot();
     askWindows();
     addUp();
-    handleQueuedEvents();
+    m_events->drain();
 }
 
 void X11Occlusion::askRoot()
@@ -421,13 +421,6 @@ void X11Occlusion::addUp()
     }
     if (isDifferent)
         Q_EMIT changed();
-}
-
-/// What came while answers were waited for lies in our memory, where the socket does not tell of it.
-void X11Occlusion::handleQueuedEvents()
-{
-    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection.get())})
-        handle(*event);
 }
 
 namespace {

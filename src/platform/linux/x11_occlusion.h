@@ -63,7 +63,6 @@ private:
     void followCompositor(xcb_window_t owner);
     void askWindows();
     void addUp();
-    void handleQueuedEvents();
     [[nodiscard]] bool computeCovered(const QRect& pixels) const;
 
     X11Connection m_connection;
