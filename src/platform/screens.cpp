@@ -11,8 +11,10 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
-#include <string_view>
+#include <cstdlib>
+#include <xcb/randr.h>
 
 namespace tessel {
 
@@ -21,20 +23,41 @@ namespace {
 /// A monitor that is plugged in reports several changes, one after the other.
 constexpr std::chrono::milliseconds settlingTime{150};
 
-/// The number of the first of the RandR extension's events; 0 without X or without the extension.
-std::uint8_t firstRandrEvent()
+/// A connection to an X server that tells of its monitors; nullptr without one.
+std::unique_ptr<X11Connection> connectToRandr()
 {
-    static constexpr std::string_view extension = "RANDR";
     if (QGuiApplication::platformName() != QStringLiteral("xcb"))
-        return 0;
-    const X11Connection connection;
-    if (!connection.isValid())
-        return 0;
-    const auto cookie =
-        xcb_query_extension(connection.get(), static_cast<std::uint16_t>(extension.size()), extension.data());
-    const XcbPointer<xcb_query_extension_reply_t> reply(
-        xcb_query_extension_reply(connection.get(), cookie, nullptr));
-    return reply != nullptr && reply->present != 0 ? reply->first_event : std::uint8_t{0};
+        return nullptr;
+    auto server = std::make_unique<X11Connection>();
+    if (!server->isValid())
+        return nullptr;
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(server->get(), &xcb_randr_id);
+    if (extension == nullptr || extension->present == 0)
+        return nullptr;
+    // It has to be told what we understand before it tells anything.
+    std::free(
+        xcb_randr_query_version_reply(server->get(), xcb_randr_query_version(server->get(), 1, 5), nullptr));
+    return server;
+}
+
+std::vector<QRect> askForMonitors(const X11Connection& server)
+{
+    const XcbPointer<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
+        server.get(), xcb_randr_get_monitors(server.get(), server.root(), 1), nullptr));
+    std::vector<QRect> monitors;
+    if (reply == nullptr)
+        return monitors;
+    for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
+         xcb_randr_monitor_info_next(&each))
+        monitors.emplace_back(each.data->x, each.data->y, each.data->width, each.data->height);
+    return monitors;
+}
+
+/// Whether a size in pixels is what Qt makes of it: points are whole numbers, so at a fractional scale the
+/// way there and back can end beside it.
+bool isRounded(QSize pixels, QSize byQt)
+{
+    return std::abs(pixels.width() - byQt.width()) <= 1 && std::abs(pixels.height() - byQt.height()) <= 1;
 }
 
 /// Restarts a timer on every RandR event that Qt gets: it tells nobody that the last monitor went.
@@ -53,8 +76,11 @@ public:
     {
         static constexpr std::uint8_t sentByClient = 0x80;
         const int type = static_cast<xcb_generic_event_t*>(message)->response_type & ~sentByClient;
-        // There are two: of the whole, and of one output.
-        if (type == m_first || type == m_first + 1)
+        const bool isOfOne = type == m_first + XCB_RANDR_NOTIFY;
+        // A backlight, for one, is a property.
+        const bool isProperty = isOfOne && static_cast<xcb_randr_notify_event_t*>(message)->subCode ==
+                                               XCB_RANDR_NOTIFY_OUTPUT_PROPERTY;
+        if (type == m_first + XCB_RANDR_SCREEN_CHANGE_NOTIFY || (isOfOne && !isProperty))
             m_timer.start();
         return false;
     }
@@ -74,16 +100,20 @@ bool isPlaceholder(const QScreen& screen, bool hasPlaceholders)
 
 } // namespace
 
-QtScreens::QtScreens() : m_settling(new QTimer(this))
+QtScreens::QtScreens() : m_settling(new QTimer(this)), m_server(connectToRandr())
 {
     m_settling->setSingleShot(true);
     m_settling->setInterval(settlingTime);
-    connect(m_settling, &QTimer::timeout, this, &Screens::changed);
+    connect(m_settling, &QTimer::timeout, this, [this] {
+        readMonitors();
+        Q_EMIT changed();
+    });
 
-    if (const std::uint8_t first = firstRandrEvent(); first != 0) {
-        m_hasPlaceholders = true;
+    if (m_server != nullptr) {
+        const auto first = xcb_get_extension_data(m_server->get(), &xcb_randr_id)->first_event;
         new RandrEvents(first, *m_settling, this);
     }
+    readMonitors();
     for (const QScreen* screen : QGuiApplication::screens())
         watch(screen);
     const auto restart = qOverload<>(&QTimer::start);
@@ -93,14 +123,30 @@ QtScreens::QtScreens() : m_settling(new QTimer(this))
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, m_settling, restart);
 }
 
+QtScreens::~QtScreens() = default;
+
 std::vector<Screen> QtScreens::list() const
 {
     std::vector<Screen> screens;
     for (const QScreen* screen : QGuiApplication::screens()) {
-        if (!isPlaceholder(*screen, m_hasPlaceholders))
-            screens.push_back({screen->name(), screen->geometry(), screen->devicePixelRatio()});
+        if (isPlaceholder(*screen, m_server != nullptr))
+            continue;
+        Screen& listed =
+            screens.emplace_back(Screen{screen->name(), screen->geometry(), screen->devicePixelRatio()});
+        const auto monitor = std::ranges::find_if(m_monitors, [&](const QRect& pixels) {
+            return pixels.topLeft() == listed.frame.topLeft() &&
+                   isRounded(pixels.size(), listed.pixels().size());
+        });
+        if (monitor != m_monitors.end() && monitor->size() != listed.pixels().size())
+            listed.resolution = monitor->size();
     }
     return screens;
+}
+
+void QtScreens::readMonitors()
+{
+    if (m_server != nullptr)
+        m_monitors = askForMonitors(*m_server);
 }
 
 void QtScreens::watch(const QScreen* screen)

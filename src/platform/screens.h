@@ -5,8 +5,10 @@
 
 #include <QObject>
 #include <QRect>
+#include <QSize>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 class QScreen;
@@ -14,19 +16,23 @@ class QTimer;
 
 namespace tessel {
 
+class X11Connection;
+
 /// One of the monitors.
 struct Screen
 {
-    QString name;     ///< of its output, such as "HDMI-1"
-    QRect frame;      ///< points
-    double scale = 1; ///< pixels per point
+    QString name;          ///< of its output, such as "HDMI-1"
+    QRect frame;           ///< points
+    double scale = 1;      ///< pixels per point
+    QSize resolution = {}; ///< pixels; empty if they follow from the points
 
     bool operator==(const Screen&) const = default;
 
     /// Where it lies among the pixels of the whole desktop.
     [[nodiscard]] QRect pixels() const
     {
-        return {frame.topLeft(), (frame.size().toSizeF() * scale).toSize()};
+        return {frame.topLeft(),
+                resolution.isEmpty() ? (frame.size().toSizeF() * scale).toSize() : resolution};
     }
 };
 
@@ -50,13 +56,17 @@ class QtScreens : public Screens
 
 public:
     QtScreens();
+    ~QtScreens() override;
     [[nodiscard]] std::vector<Screen> list() const override;
 
 private:
     void watch(const QScreen* screen);
+    void readMonitors();
 
-    QTimer* m_settling;             ///< runs through a burst of changes
-    bool m_hasPlaceholders = false; ///< whether Qt makes up a screen where there is no monitor
+    QTimer* m_settling; ///< runs through a burst of changes
+    std::unique_ptr<X11Connection>
+        m_server;                  ///< there on X11, where Qt makes up a screen if there is no monitor
+    std::vector<QRect> m_monitors; ///< as the server knows them, among the pixels of the whole desktop
 };
 
 } // namespace tessel

@@ -66,7 +66,7 @@ void PassthroughView::synchronizeTimer()
     if (m_stopped || m_rate == 0)
         m_timer.stop();
     else
-        m_timer.start(1000 / m_rate);
+        m_timer.start((1000 + m_rate - 1) / m_rate); // rather one frame too few than one too many
 }
 
 void PassthroughView::draw()

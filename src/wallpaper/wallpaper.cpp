@@ -92,6 +92,7 @@ Wallpaper::Wallpaper(WallpaperEnvironment environment)
     connect(&m_scene, &DesktopScene::changed, this, &Wallpaper::play);
     connect(&m_stills, &StillMaker::written, this, &Wallpaper::stillWritten);
     connect(&m_stills, &StillMaker::failed, this, &Wallpaper::stillFailed);
+    connect(&m_stills, &StillMaker::failed, this, [this] { m_pictured.clear(); });
     connect(&m_environment.screens, &Screens::changed, this, &Wallpaper::screensChanged);
     connect(&m_environment.occlusion, &Occlusion::changed, this, &Wallpaper::refreshPauses);
     connect(&m_environment.session, &Session::changed, this, &Wallpaper::refreshPauses);
@@ -190,11 +191,16 @@ std::vector<QSize> Wallpaper::sizes() const
     return result;
 }
 
+bool Wallpaper::hasWindowsFor(const std::vector<Screen>& screens) const
+{
+    return std::ranges::equal(m_views, screens, {}, [](const auto& view) { return view->screen(); });
+}
+
 /// One window for each screen; none is touched as long as the screens are the same.
 void Wallpaper::followScreens()
 {
     const std::vector<Screen> screens = m_environment.screens.list();
-    if (std::ranges::equal(m_views, screens, {}, [](const auto& view) { return view->screen(); }))
+    if (hasWindowsFor(screens))
         return;
     m_environment.makeCurrent();
     m_views.clear();
@@ -224,6 +230,9 @@ void Wallpaper::play()
         view->window().show();
     }
     refreshPauses();
+    // The cross-fade begins only now, and what is to come after it waits for its end.
+    if (m_hideWork.isActive())
+        m_hideWork.start();
 }
 
 void Wallpaper::tellPictureBehind()
@@ -249,10 +258,14 @@ void Wallpaper::screensChanged()
 {
     if (!m_environment.store.desktop())
         return;
-    if (m_windows != Windows::down)
+    const std::vector<Screen> screens = m_environment.screens.list();
+    // Where they are the same, windows that are about to be taken down still are.
+    if (m_windows != Windows::down && !hasWindowsFor(screens))
         startAnimation();
-    if (m_pendingStatic || m_environment.screens.list() != m_pictured)
-        m_hideWork.start(m_environment.delays.still);
+    if (!m_pendingStatic && screens == m_pictured)
+        return;
+    m_stills.cancel();
+    m_hideWork.start(m_environment.delays.still);
 }
 
 void Wallpaper::wake()
@@ -269,6 +282,12 @@ void Wallpaper::refreshPauses()
     for (const auto& view : m_views)
         view->setPaused(!seen || m_environment.occlusion.isCovered(view->screen().pixels()));
     m_environment.session.setWatchingScreens(m_windows == Windows::playing);
+}
+
+/// Whether a picture is to be made, or is being made, that the desktop or our windows will be given.
+bool Wallpaper::isStillComing() const
+{
+    return m_hideWork.isActive() || m_stills.isBusy();
 }
 
 void Wallpaper::makeStill()
@@ -305,12 +324,13 @@ void Wallpaper::picturesSet(const QStringList& failures)
     // A later call has still to be answered: then its answer counts.
     if (--m_settingCalls > 0)
         return;
+    if (isStillComing())
+        return;
     if (!failures.isEmpty())
         Q_EMIT stillFailed(failures.join(QLatin1Char('\n')));
     else
         tellPictureBehind();
-    // Something newer is on its way, or the animation is to stay.
-    if (m_hideWork.isActive() || m_environment.store.appliedMotion() || m_windows != Windows::playing)
+    if (m_environment.store.appliedMotion() || m_windows == Windows::down)
         return;
     if (failures.isEmpty())
         m_settling.start();
@@ -337,7 +357,7 @@ void Wallpaper::hold(const std::vector<DesktopPicture>& pictures)
 
 void Wallpaper::holdNow()
 {
-    if (m_hideWork.isActive() || m_environment.store.appliedMotion())
+    if (isStillComing() || m_environment.store.appliedMotion())
         return;
     m_windows = Windows::holding;
     refreshPauses();
@@ -370,7 +390,7 @@ void Wallpaper::showLatest()
                                        [&](const DesktopPicture& picture) { return shows(picture, json); });
         },
         [this, pictures](bool complete) {
-            if (m_hideWork.isActive() || !m_environment.store.desktop())
+            if (isStillComing() || !m_environment.store.desktop())
                 return;
             if (!complete) {
                 startAnimation();

@@ -91,6 +91,7 @@ private:
     void keepPhase();
     [[nodiscard]] std::vector<QSize> sizes() const;
 
+    [[nodiscard]] bool hasWindowsFor(const std::vector<Screen>& screens) const;
     void followScreens();
     void startAnimation();
     void play();
@@ -100,6 +101,7 @@ private:
     void wake();
     void refreshPauses();
 
+    [[nodiscard]] bool isStillComing() const;
     void makeStill();
     void finishStill();
     void stillWritten(const std::vector<DesktopPicture>& pictures);

@@ -27,12 +27,17 @@ void xrandr(const QString& arguments)
 class ScreensTest : public testing::Test
 {
 protected:
-    ScreensTest()
+    explicit ScreensTest(const char* scale = "1")
     {
+        qputenv("QT_SCALE_FACTOR", scale);
         qputenv("QT_QPA_PLATFORM", "xcb");
         m_application = std::make_unique<WithApplication<QGuiApplication>>();
     }
-    ~ScreensTest() override { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+    ~ScreensTest() override
+    {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("QT_SCALE_FACTOR");
+    }
 
     VirtualDisplay m_display;
     std::unique_ptr<WithApplication<QGuiApplication>> m_application;
@@ -63,6 +68,20 @@ TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
 
     settle(400ms);
     EXPECT_EQ(changes, 3) << "one for each burst of changes";
+}
+
+class FractionalScreensTest : public ScreensTest
+{
+protected:
+    FractionalScreensTest() : ScreensTest("1.75") {}
+};
+
+TEST_F(FractionalScreensTest, HaveAllTheirPixels)
+{
+    const std::vector<Screen> screens = QtScreens().list();
+    ASSERT_THAT(screens, SizeIs(1));
+    EXPECT_EQ(screens.front().frame.size(), QSize(731, 457));
+    EXPECT_EQ(screens.front().pixels(), QRect(0, 0, 1280, 800));
 }
 
 } // namespace

@@ -125,12 +125,19 @@ private:
 class FakeScreens : public Screens
 {
 public:
-    [[nodiscard]] std::vector<Screen> list() const override { return m_list; }
+    [[nodiscard]] std::vector<Screen> list() const override
+    {
+        if (asked)
+            asked();
+        return m_list;
+    }
     void set(std::vector<Screen> screens)
     {
         m_list = std::move(screens);
         Q_EMIT changed();
     }
+
+    std::function<void()> asked; ///< called whenever somebody asks for the list
 
 private:
     std::vector<Screen> m_list{{QStringLiteral("ONE"), QRect(0, 0, 320, 180), 1.0}};

@@ -135,7 +135,7 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
     apply(2, true);
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(2));
-    EXPECT_EQ(windows.back()->pictureBehind, pictures.shown[0].file);
+    EXPECT_TRUE(waitUntil([&] { return windows.back()->pictureBehind == pictures.shown[0].file; }));
     letPass(100);
     EXPECT_EQ(visibleWindows(), 1);
     EXPECT_GT(framesIn(500), 4);
@@ -191,6 +191,37 @@ TEST_F(WallpaperTest, FollowsTheScreens)
     screens.set(one);
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3 && visibleWindows() == 1; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(4));
+}
+
+TEST_F(WallpaperTest, TheSameScreensOnceMoreDoNotKeepTheWindows)
+{
+    wallpaper->start();
+    apply(3, false);
+    // After the applier, which then waits for the desktop to show its picture.
+    QObject::connect(&pictures, &DesktopPictures::finished, wallpaper.get(),
+                     [this] { screens.set(screens.list()); });
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
+}
+
+TEST_F(WallpaperTest, OnlyTheNewestPictureTakesTheWindowsDown)
+{
+    pictures.answers = false;
+    wallpaper->start();
+    apply(3, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    apply(4, false);
+    // The desktop has the first picture only when the second begins to be made.
+    const auto answer = [this] { Q_EMIT pictures.finished({}); };
+    screens.asked = [&, isOnItsWay = false]() mutable {
+        if (!std::exchange(isOnItsWay, true))
+            QMetaObject::invokeMethod(&pictures, answer, Qt::QueuedConnection);
+    };
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2; }));
+    letPass(100);
+    EXPECT_EQ(visibleWindows(), 1);
+    answer();
+    EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
 }
 
 TEST_F(WallpaperTest, DoesNothingThatNobodySees)
@@ -256,6 +287,9 @@ TEST_F(WallpaperTest, ADesktopThatRefusesIsReportedAndOurWindowsStay)
     letPass(100);
     EXPECT_EQ(failures, QStringList{QStringLiteral("ONE did not take it")});
     EXPECT_EQ(visibleWindows(), 1);
+    pictures.failures.clear();
+    Q_EMIT session.woke();
+    EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; })) << "it takes it now";
 }
 
 TEST_F(WallpaperTest, AFullDiskCostsNothing)

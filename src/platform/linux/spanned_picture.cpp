@@ -120,7 +120,9 @@ QString writeSpanned(const std::vector<DesktopPicture>& pictures)
     QSaveFile file(name);
     // Little compression: it is there for a short while, and the desktop waits for it.
     static constexpr int quickly = 85;
-    if (!file.open(QIODevice::WriteOnly) || !whole.save(&file, "PNG", quickly) || !file.commit())
+    // Qt does not notice when the last of what it has buffered finds no space.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !whole.save(&file, "PNG", quickly) ||
+        !file.commit())
         return QStringLiteral("the file %1 cannot be written: %2.").arg(name, file.errorString());
     removeOlder(QFileInfo(name).dir());
     return {};

@@ -63,7 +63,8 @@ void setWindowBackdrop(xcb_window_t window, const QImage& picture)
                       static_cast<std::uint16_t>(picture.height()));
     upload(connection, pixmap, picture, {});
     xcb_change_window_attributes(connection.get(), window, XCB_CW_BACK_PIXMAP, &pixmap);
-    xcb_clear_area(connection.get(), 0, window, 0, 0, 0, 0);
+    // What draws in the window by then is told that all it drew is gone.
+    xcb_clear_area(connection.get(), 1, window, 0, 0, 0, 0);
     xcb_free_pixmap(connection.get(), pixmap);
     connection.sync();
 }

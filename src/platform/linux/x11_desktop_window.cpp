@@ -78,18 +78,18 @@ class X11DesktopWindow : public DesktopWindow
 
 public:
     X11DesktopWindow(const Screen& screen, GlContext& context)
-        : m_pixels(screen.pixels().size())
-        , m_center(screen.pixels().center())
+        : m_place(screen.pixels())
         , m_context(context)
         , m_drawing(connectionOfQt())
         , m_events(m_connection)
         , m_surface(screen, context.isSoftware() ? QSurface::RasterSurface : QSurface::OpenGLSurface)
         , m_window(static_cast<xcb_window_t>(m_surface.winId()))
         , m_graphics(xcb_generate_id(m_drawing))
-        , m_icons(m_window, screen.pixels())
+        , m_icons(m_window, m_place)
     {
         static constexpr std::uint32_t noExposures = 0;
         xcb_create_gc(m_drawing, m_graphics, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+        resizeToPixels();
         // The other connection must not speak of a window that the server does not know yet.
         waitForServer();
         chooseEvents(m_window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -104,14 +104,14 @@ public:
 
     ~X11DesktopWindow() override { xcb_free_gc(m_drawing, m_graphics); }
 
-    QSize pixelSize() const override { return m_pixels; }
+    QSize pixelSize() const override { return m_place.size(); }
 
     void show() override
     {
         if (m_surface.isVisible())
             return;
         chooseEvents(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
-        m_below = desktopWindowAt(m_connection, m_center);
+        m_below = desktopWindowAt(m_connection, m_place.center());
         m_icons.watch(m_below, m_behind);
         // The window manager is to see this before it takes the window in. Qt takes it away again as it shows
         // the window.
@@ -169,8 +169,8 @@ public:
         if (m_shared == nullptr) {
             putImage(m_drawing, m_window, m_graphics, m_depth, m_image, {});
         } else {
-            const auto width = static_cast<std::uint16_t>(m_pixels.width());
-            const auto height = static_cast<std::uint16_t>(m_pixels.height());
+            const auto width = static_cast<std::uint16_t>(m_place.width());
+            const auto height = static_cast<std::uint16_t>(m_place.height());
             xcb_shm_put_image(m_drawing, m_window, m_graphics, width, height, 0, 0, width, height, 0, 0,
                               m_depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, m_shared->segment(), 0);
         }
@@ -205,14 +205,23 @@ public:
     }
 
 private:
+    /// Points are whole numbers: at a fractional scale Qt's window can be a pixel larger than the monitor.
+    void resizeToPixels()
+    {
+        const std::array size{static_cast<std::uint32_t>(m_place.width()),
+                              static_cast<std::uint32_t>(m_place.height())};
+        xcb_configure_window(m_drawing, m_window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                             size.data());
+    }
+
     void makeImage()
     {
         const auto bytes =
-            static_cast<std::size_t>(m_pixels.width()) * static_cast<std::size_t>(m_pixels.height()) * 4U;
+            static_cast<std::size_t>(m_place.width()) * static_cast<std::size_t>(m_place.height()) * 4U;
         m_shared = X11SharedMemory::make(m_drawing, bytes);
-        m_image = m_shared == nullptr ? QImage(m_pixels, QImage::Format_RGB32)
-                                      : QImage(static_cast<uchar*>(m_shared->bytes()), m_pixels.width(),
-                                               m_pixels.height(), QImage::Format_RGB32);
+        m_image = m_shared == nullptr ? QImage(m_place.size(), QImage::Format_RGB32)
+                                      : QImage(static_cast<uchar*>(m_shared->bytes()), m_place.width(),
+                                               m_place.height(), QImage::Format_RGB32);
     }
 
     /// Until it has read what it shares with us, and knows what it was told before.
@@ -243,7 +252,9 @@ private:
     /// were shown in, whatever they are asked for.
     void checkOrder()
     {
-        const xcb_window_t below = desktopWindowAt(m_connection, m_center);
+        if (!m_surface.isVisible())
+            return;
+        const xcb_window_t below = desktopWindowAt(m_connection, m_place.center());
         if (below != std::exchange(m_below, below)) {
             bindToDesktop();
             m_icons.watch(m_below, m_behind);
@@ -308,8 +319,7 @@ private:
         }
     }
 
-    const QSize m_pixels;
-    const QPoint m_center; ///< among the pixels of the whole desktop
+    const QRect m_place; ///< among the pixels of the whole desktop
     GlContext& m_context;
     xcb_connection_t* const m_drawing; ///< Qt's, so that fills and OpenGL come in order
     X11Connection m_connection;
