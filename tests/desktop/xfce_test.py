@@ -6,6 +6,8 @@ import shutil
 import unittest
 from pathlib import Path
 
+from PIL import Image, ImageChops
+
 from application import ApplicationTest
 from desktop import Desktop, wait_until
 
@@ -15,7 +17,7 @@ IS_INSTALLED = SETTINGS_SERVICE and all(map(shutil.which, ("xfwm4", "xfdesktop",
 
 @unittest.skipUnless(IS_INSTALLED, "xfwm4, xfdesktop4 and xfconf are not installed")
 class XfceTest(ApplicationTest):
-    """XFCE, with its desktop but without icons on it."""
+    """XFCE with its desktop, on which there are no icons at first."""
 
     @classmethod
     def make_desktop(cls) -> Desktop:
@@ -56,6 +58,26 @@ class XfceTest(ApplicationTest):
         programs = [window.program() for window in self.desktop.windows()]
         self.assertEqual(programs, ["xfdesktop", "tessel-broth", "xmessage"])
         wait_until(self.desktop.shows_white, "the window's picture")
+
+    def test_icons_lie_in_front_of_the_animation(self) -> None:
+        self.application.show_still()
+        picture = self.desktop.screenshot()
+
+        def icons() -> Image.Image | None:
+            shown = self.desktop.screenshot()
+            return shown if shown != picture and shown == self.desktop.screenshot() else None
+
+        self.xfconf("-p", "/desktop-icons/style", "-s", "2")
+        still = wait_until(icons, "icons on the desktop")
+        clear = ImageChops.difference(picture, still).convert("L").point(lambda value: 255 * (value > 64))
+        nothing = Image.new("RGB", still.size)
+
+        def is_in_front() -> bool:
+            differences = ImageChops.difference(still, self.desktop.screenshot())
+            return Image.composite(differences, nothing, clear).getbbox() is None
+
+        self.application.play()
+        wait_until(is_in_front, "the icons in front of the animation")
 
 
 if __name__ == "__main__":
