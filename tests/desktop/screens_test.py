@@ -99,6 +99,7 @@ class ChangesTest(ApplicationTest):
             self.application.do("new-wallpaper")
             if count == 20:
                 self.application.wait_for_motion()
+                wait_until(self.application.pictures, "the first picture, which is made early")
                 taken = Consumption(self.application)
         self.application.wait_for_motion()
         taken.check(self)

@@ -27,6 +27,9 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Of the window, on a desktop that is larger.
+constexpr QRect place(160, 40, 1120, 760);
+
 /// The window among others, whose window manager is played.
 class X11DesktopWindowTest : public testing::Test
 {
@@ -37,7 +40,7 @@ protected:
         m_application.emplace();
         m_server.emplace();
         m_context.emplace();
-        m_window = makeDesktopWindow({QStringLiteral("screen"), QRect(0, 0, 1280, 800), 1}, *m_context);
+        m_window = makeDesktopWindow({QStringLiteral("screen"), place, 1}, *m_context);
         m_id = static_cast<xcb_window_t>(QGuiApplication::allWindows().constLast()->winId());
     }
     ~X11DesktopWindowTest() override { qputenv("QT_QPA_PLATFORM", "offscreen"); }
@@ -73,7 +76,7 @@ protected:
         const XcbPointer<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
             m_server->get(), xcb_shape_get_rectangles(m_server->get(), m_id, XCB_SHAPE_SK_BOUNDING),
             nullptr));
-        QRegion missing(0, 0, 1280, 800);
+        QRegion missing(QRect({}, place.size()));
         const xcb_rectangle_t* first = xcb_shape_get_rectangles_rectangles(reply.get());
         for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
             missing -= QRect(first[i].x, first[i].y, first[i].width, first[i].height);
@@ -147,11 +150,11 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
 {
     const QTemporaryDir folder;
     const auto saved = [&](const QString& name, QColor color) {
-        QImage picture(1280, 800, QImage::Format_RGB32);
-        picture.fill(color);
-        QPainter(&picture).fillRect(0, 300, 1280, 300, Qt::darkCyan);
-        EXPECT_TRUE(picture.save(folder.filePath(name)));
-        return picture;
+        QImage whole(1280, 800, QImage::Format_RGB32);
+        whole.fill(color);
+        QPainter(&whole).fillRect(0, 300, 1280, 300, Qt::darkCyan);
+        EXPECT_TRUE(whole.copy(place).save(folder.filePath(name)));
+        return whole;
     };
     const QString file = folder.filePath(QStringLiteral("a.png"));
     const QImage picture = saved(QStringLiteral("a.png"), Qt::darkBlue);
@@ -168,11 +171,11 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
         QRegion result;
         for (const QRect& icon : icons)
             result += icon.adjusted(-2, -2, 2, 2);
-        return result;
+        return (result & place).translated(-place.topLeft());
     };
-    QRegion icons(QRect(95, 280, 48, 48));
+    QRegion icons(QRect(135, 280, 48, 48));
     icons += QRect(1000, 797, 7, 3);
-    const QRegion wanted = withRims(icons) & QRect(0, 0, 1280, 800);
+    const QRegion wanted = withRims(icons);
     stack({desktop});
     showIcons(picture, icons);
     m_window->setPictureBehind(file);
