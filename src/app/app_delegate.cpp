@@ -7,6 +7,7 @@
 #include "app/status_menu.h"
 
 #include <QApplication>
+#include <QCryptographicHash>
 #include <QCursor>
 #include <QSessionManager>
 
@@ -24,6 +25,20 @@ constexpr std::array menuSignals{&Store::desktopChanged,        &Store::desktopH
                                  &Store::appliedMotionChanged,  &Store::presetsChanged,
                                  &Store::shuffleMinutesChanged, &Store::edgeChanged,
                                  &Store::handleHiddenChanged};
+
+/// Under which the problems that the user knows of are kept.
+constexpr auto toldProblemsKey = "toldProblems";
+
+/// Something short that other problems do not have in common with these; empty for none.
+QByteArray digest(const std::vector<SettingProblem>& problems)
+{
+    if (problems.empty())
+        return {};
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const SettingProblem& problem : problems)
+        hash.addData((problem.key + QLatin1Char('\n') + problem.message + QLatin1Char('\n')).toUtf8());
+    return hash.result().toHex();
+}
 
 Alert problemAlert(const std::vector<SettingProblem>& problems)
 {
@@ -110,8 +125,7 @@ void AppDelegate::installMenu()
 
 void AppDelegate::greet()
 {
-    if (!m_parts.store.problems().empty())
-        m_dialogs.alert(problemAlert(m_parts.store.problems()));
+    tellProblems();
     if (m_parts.store.desktop())
         return;
     const QString where = TrayIcon::hasPanel()
@@ -122,8 +136,23 @@ void AppDelegate::greet()
     m_parts.notifications.show(title, text, [this, title, text] {
         // It may have taken long to find that nobody shows messages.
         if (!m_parts.store.desktop())
-            m_dialogs.alert({title, text});
+            m_dialogs.alert({.message = title, .informative = text, .takeFocus = TakeFocus::no});
     });
+}
+
+/// Damaged settings stay as they are, so that they are found at every start. Once is enough to be told of
+/// them.
+void AppDelegate::tellProblems()
+{
+    Store& store = m_parts.store;
+    const QByteArray now = digest(store.problems());
+    if (store.kept(toldProblemsKey).toByteArray() == now)
+        return;
+    const auto remember = [&store, now](bool) { store.keep(toldProblemsKey, now); };
+    if (store.problems().empty())
+        remember(true);
+    else
+        m_dialogs.alert(problemAlert(store.problems()), remember);
 }
 
 void AppDelegate::popUpMenu()

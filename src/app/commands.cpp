@@ -4,11 +4,12 @@
 #include "app/commands.h"
 
 #include "model/palette.h"
+#include "platform/open_address.h"
+#include "platform/sandbox.h"
 #include "platform/software_centre.h"
 #include "render/png_file.h"
 #include "wallpaper/photos.h"
 
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFutureWatcher>
@@ -35,14 +36,14 @@ constexpr std::chrono::days photoKeeping{60};
 
 void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()>& done)
 {
-    const Alert alert{
-        QStringLiteral("Allow Tessel Broth in Login Items"),
-        QStringLiteral("Your system needs your OK before Tessel Broth can open at login. You can "
-                       "allow it in the system settings, among the programs that start at login."),
-        QStringLiteral("Open Login Items"), QStringLiteral("Not Now")};
-    dialogs.alert(alert, [&login, done](bool open) {
+    const Alert alert{QStringLiteral("Allow Tessel Broth in Login Items"), approvalText(),
+                      QStringLiteral("Open Login Items"), QStringLiteral("Not Now")};
+    dialogs.alert(alert, [&login, &dialogs, done](bool open) {
         if (open)
-            login.openSettings();
+            login.openSettings(&dialogs, [&dialogs](const std::optional<QString>& failure) {
+                if (failure)
+                    dialogs.alert({QStringLiteral("Could not open the login items"), *failure});
+            });
         done();
     });
 }
@@ -80,16 +81,11 @@ void removeOldPhotos(const Store& store, const QString& folder)
     QThreadPool::globalInstance()->start([folder, inUse, limit] { removePhotos(folder, *inUse, limit); });
 }
 
-/// The system's own file dialog has to be asked for from within a sandbox, where no other sees the user's
-/// files. Everywhere else ours comes to the front for certain.
-bool isSandboxed()
-{
-    return QFileInfo::exists(QStringLiteral("/.flatpak-info"));
-}
-
 std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
 {
     auto dialog = std::make_unique<QFileDialog>();
+    // From within a sandbox no dialog but the system's own sees the user's files. Everywhere else ours comes
+    // to the front for certain.
     dialog->setOption(QFileDialog::DontUseNativeDialog, !isSandboxed());
     dialog->setWindowTitle(QStringLiteral("Save PNG"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
@@ -126,20 +122,21 @@ void saveChosen(Dialogs& dialogs, const Look& look, QSize size, QString file, co
 
 void setLaunchAtLogin(LoginItem& login, Dialogs& dialogs, bool on, const std::function<void(bool)>& done)
 {
-    const std::optional<QString> failure = on ? login.registerItem() : login.unregisterItem();
-    const bool needsApproval = on && login.status() == LoginItem::Status::requiresApproval;
     const auto finish = [&login, on, done] { done((login.status() == LoginItem::Status::enabled) == on); };
-    if (needsApproval) {
-        showApproval(login, dialogs, finish);
-        return;
-    }
-    if (!failure) {
-        finish();
-        return;
-    }
-    const QString message = on ? QStringLiteral("Could not turn on Launch at Login")
-                               : QStringLiteral("Could not turn off Launch at Login");
-    dialogs.alert({message, *failure}, [finish](bool) { finish(); });
+    const auto ended = [&login, &dialogs, on, finish](const std::optional<QString>& failure) {
+        const QString message = on ? QStringLiteral("Could not turn on Launch at Login")
+                                   : QStringLiteral("Could not turn off Launch at Login");
+        if (on && login.status() == LoginItem::Status::requiresApproval)
+            showApproval(login, dialogs, finish);
+        else if (failure)
+            dialogs.alert({message, *failure}, [finish](bool) { finish(); });
+        else
+            finish();
+    };
+    if (on)
+        login.registerItem(ended);
+    else
+        login.unregisterItem(ended);
 }
 
 void saveAsPreset(Store& store, Dialogs& dialogs)
@@ -174,9 +171,12 @@ void checkForUpdates(Dialogs& dialogs)
 
 void openWebPage(const QString& address, Dialogs& dialogs)
 {
-    if (!QDesktopServices::openUrl(QUrl(address)))
-        dialogs.alert({QStringLiteral("Could not open the web page"),
-                       QStringLiteral("No browser has taken it. The address is %1").arg(address)});
+    openAddress(QUrl(address), &dialogs, [&dialogs, address](bool isTaken) {
+        if (!isTaken)
+            dialogs.alert(
+                {QStringLiteral("Could not open the web page"),
+                 QStringLiteral("No browser has taken it. You can copy the address:\n%1").arg(address)});
+    });
 }
 
 void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& save)

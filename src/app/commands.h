@@ -26,7 +26,7 @@ void saveAsPreset(Store& store, Dialogs& dialogs);
 /// Asks the software centre for a newer version of the program.
 void checkForUpdates(Dialogs& dialogs);
 
-/// Opens an address in the user's browser.
+/// Opens an address in the user's browser, or shows it where there is none.
 void openWebPage(const QString& address, Dialogs& dialogs);
 
 /// Draws a look at a size in pixels into a PNG file, and tells why if that does not work.

@@ -5,112 +5,117 @@
 
 #include "app/status_icon.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tessel {
 
 namespace {
 
-constexpr int nameFieldWidth = 240;
+constexpr QSize nameFieldSize(240, 24);
 constexpr int textWidth = 380;
 constexpr int alertIconSide = 66;
 
-/// The name dialog's parts; its window belongs to Dialogs.
-struct NameDialog
+QLabel* makeText(const QString& text, QDialog& dialog)
 {
-    std::unique_ptr<QDialog> window = std::make_unique<QDialog>();
-    QLineEdit* field = nullptr;
-};
-
-QLabel* makeText(const QString& text)
-{
-    auto* label = new QLabel(text);
+    auto* label = new QLabel(text, &dialog);
+    // Texts may hold names of files, which are no markup.
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    return label;
+}
+
+QLabel* makeHeading(const QString& text, QDialog& dialog)
+{
+    QLabel* label = makeText(text, dialog);
+    label->setObjectName(QStringLiteral("message"));
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
     label->setFixedWidth(textWidth);
     return label;
 }
 
-void makeBold(QLabel& label)
+/// A text from which an address or the name of a file can be copied.
+QLabel* makeInformativeText(const QString& text, QDialog& dialog)
 {
-    QFont bold = label.font();
-    bold.setBold(true);
-    label.setFont(bold);
-}
-
-QLabel* makeHeading(const QString& text)
-{
-    QLabel* label = makeText(text);
-    makeBold(*label);
+    QLabel* label = makeText(text, dialog);
+    label->setObjectName(QStringLiteral("informative"));
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setFocusPolicy(Qt::StrongFocus);
+    // Long names of files are not broken into lines.
+    label->setFixedWidth(std::clamp(label->minimumSizeHint().width(), textWidth, 2 * textWidth));
     return label;
 }
 
-QLineEdit* makeNameField(const QString& initial, const QString& explanation)
+QLabel* makeIcon(QDialog& dialog)
 {
-    auto* field = new QLineEdit(initial);
-    field->setMinimumWidth(nameFieldWidth);
-    field->setAccessibleName(QStringLiteral("Preset name"));
-    field->setAccessibleDescription(explanation);
-    field->selectAll();
-    return field;
+    const double ratio = qApp->devicePixelRatio();
+    const PanelTone tone = panelTone({}, dialog.palette().color(QPalette::Window));
+    QPixmap pixmap = QPixmap::fromImage(
+        panelImage(bowlMask(), static_cast<int>(std::lround(alertIconSide * ratio)), tone));
+    pixmap.setDevicePixelRatio(ratio);
+    auto* label = new QLabel(&dialog);
+    label->setPixmap(pixmap);
+    return label;
 }
 
-QDialogButtonBox* makeSaveButtons(QDialog& dialog)
+QDialogButtonBox* makeButtons(const Alert& alert, QDialog& dialog)
 {
-    auto* buttons = new QDialogButtonBox;
-    QPushButton* save = buttons->addButton(QStringLiteral("Save"), QDialogButtonBox::AcceptRole);
-    save->setDefault(true);
-    buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    auto* buttons = new QDialogButtonBox(&dialog);
+    QPushButton* first = buttons->addButton(alert.button, QDialogButtonBox::AcceptRole);
+    first->setDefault(true);
+    first->setFocus();
+    if (!alert.otherButton.isEmpty())
+        buttons->addButton(alert.otherButton, QDialogButtonBox::RejectRole);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return buttons;
 }
 
-NameDialog makeNameDialog(const QString& message, const QString& initial)
+/// \param field what is to be filled in, if anything
+std::unique_ptr<QDialog> makeDialog(const Alert& alert, std::unique_ptr<QLineEdit> field = nullptr)
 {
-    const QString explanation =
-        QStringLiteral("A name for this shape, colours, dither and sliders. It stays in Presets, one click "
-                       "from the menu bar.");
-    NameDialog dialog;
-    dialog.window->setWindowTitle(message);
-    dialog.field = makeNameField(initial, explanation);
-    auto* layout = new QVBoxLayout(dialog.window.get());
+    auto dialog = std::make_unique<QDialog>();
+    dialog->setWindowTitle(QStringLiteral("Tessel Broth"));
+    dialog->setAccessibleDescription(alert.message + QLatin1Char('\n') + alert.informative);
+    dialog->setAttribute(Qt::WA_ShowWithoutActivating, alert.takeFocus == TakeFocus::no);
+    auto* layout = new QGridLayout(dialog.get());
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(makeHeading(message));
-    layout->addWidget(makeText(explanation));
-    layout->addWidget(dialog.field);
-    layout->addWidget(makeSaveButtons(*dialog.window));
-    dialog.field->setFocus();
+    layout->addWidget(makeIcon(*dialog), 0, 0, Qt::AlignTop);
+    auto* texts = new QVBoxLayout;
+    layout->addLayout(texts, 0, 1);
+    texts->addWidget(makeHeading(alert.message, *dialog));
+    if (!alert.informative.isEmpty())
+        texts->addWidget(makeInformativeText(alert.informative, *dialog));
+    if (field)
+        texts->addWidget(field.release());
+    texts->addStretch();
+    layout->addWidget(makeButtons(alert, *dialog), 1, 0, 1, 2);
     return dialog;
 }
 
-std::unique_ptr<QMessageBox> makeAlertBox(const Alert& alert)
+std::unique_ptr<QLineEdit> makeNameField(const QString& initial, const QString& explanation)
 {
-    auto box = std::make_unique<QMessageBox>();
-    const PanelTone tone = panelTone({}, box->palette().color(QPalette::Window));
-    box->setIconPixmap(QPixmap::fromImage(panelImage(bowlMask(), alertIconSide, tone)));
-    box->setWindowTitle(QStringLiteral("Tessel Broth"));
-    box->setText(alert.message);
-    box->setInformativeText(alert.informative);
-    for (QLabel* label : box->findChildren<QLabel*>()) {
-        // Texts may hold names of files, which are no markup.
-        label->setTextFormat(Qt::PlainText);
-        if (label->text() == alert.message)
-            makeBold(*label);
-        else if (label->text() == alert.informative)
-            label->setMinimumWidth(textWidth);
-    }
-    return box;
+    auto field = std::make_unique<QLineEdit>(initial);
+    // Large letters need more.
+    field->setFixedSize(nameFieldSize.expandedTo({0, field->minimumSizeHint().height()}));
+    field->setAccessibleName(QStringLiteral("Preset name"));
+    field->setAccessibleDescription(explanation);
+    field->selectAll();
+    return field;
 }
 
 } // namespace
@@ -120,7 +125,7 @@ Dialogs::Dialogs(std::unique_ptr<Focus> focus) : m_focus(std::move(focus)) {}
 Dialogs::~Dialogs()
 {
     // Nobody is told any more.
-    for (const auto& [id, open] : std::exchange(m_open, {})) {
+    for (const Open& open : std::exchange(m_open, {})) {
         open.dialog->disconnect(this);
         delete open.dialog;
     }
@@ -128,45 +133,47 @@ Dialogs::~Dialogs()
 
 void Dialogs::alert(const Alert& alert, const std::function<void(bool)>& done)
 {
-    std::unique_ptr<QMessageBox> box = makeAlertBox(alert);
-    const QPushButton* first = box->addButton(alert.button, QMessageBox::AcceptRole);
-    box->setDefaultButton(qobject_cast<QPushButton*>(box->buttons().constFirst()));
-    if (!alert.otherButton.isEmpty())
-        box->setEscapeButton(box->addButton(alert.otherButton, QMessageBox::RejectRole));
-    const QMessageBox* shown = box.get();
-    const auto ended = [shown, first, done] { done(shown->clickedButton() == first); };
-    if (!present(alert.message + QLatin1Char('\n') + alert.informative, std::move(box), ended))
+    std::unique_ptr<QDialog> dialog = makeDialog(alert);
+    const auto ended = [shown = dialog.get(), done] { done(shown->result() == QDialog::Accepted); };
+    if (!present(alert.message + QLatin1Char('\n') + alert.informative, std::move(dialog), ended))
         done(false);
 }
 
 void Dialogs::askPresetName(const QString& message, const QString& initial,
                             const std::function<void(std::optional<QString>)>& done)
 {
-    NameDialog dialog = makeNameDialog(message, initial);
-    const auto ended = [window = dialog.window.get(), field = dialog.field, done] {
+    const Alert alert{
+        message,
+        QStringLiteral("A name for this shape, colours, dither and sliders. It stays in Presets, one click "
+                       "from the menu bar."),
+        QStringLiteral("Save"), QStringLiteral("Cancel")};
+    std::unique_ptr<QLineEdit> nameField = makeNameField(initial, alert.informative);
+    QLineEdit* field = nameField.get();
+    std::unique_ptr<QDialog> dialog = makeDialog(alert, std::move(nameField));
+    field->setFocus();
+    const auto ended = [shown = dialog.get(), field, done] {
         const QString name = field->text().trimmed();
-        const bool isGiven = window->result() == QDialog::Accepted && !name.isEmpty();
+        const bool isGiven = shown->result() == QDialog::Accepted && !name.isEmpty();
         done(isGiven ? std::optional(name) : std::nullopt);
     };
-    if (!present(message, std::move(dialog.window), ended))
+    if (!present(message, std::move(dialog), ended))
         done(std::nullopt);
 }
 
 bool Dialogs::present(const QString& id, std::unique_ptr<QDialog> dialog, std::function<void()> ended)
 {
-    const auto same = m_open.find(id);
+    const auto same = std::ranges::find(m_open, id, &Open::id);
     if (same != m_open.end()) {
-        bringForward(*same->second.dialog);
+        bringForward(*same->dialog);
         return false;
     }
     QDialog* shown = dialog.release();
-    m_open[id] = {shown, m_focus ? m_focus->current() : 0};
-    connect(shown, &QDialog::finished, this, [this, id, ended = std::move(ended)] {
-        const Open open = m_open.extract(id).mapped();
-        handBackFocus(open);
-        open.dialog->deleteLater();
-        ended();
-    });
+    shown->setWindowFlag(Qt::WindowStaysOnTopHint);
+    shown->setWindowModality(Qt::NonModal);
+    const bool leavesFocus = shown->testAttribute(Qt::WA_ShowWithoutActivating);
+    m_open.push_back({id, shown, shown->winId(), m_focus ? m_focus->current() : 0, leavesFocus});
+    connect(shown, &QDialog::finished, this,
+            [this, shown, ended = std::move(ended)] { close(*shown, ended); });
     addShortcuts(*shown);
     show(*shown);
     return true;
@@ -176,7 +183,7 @@ void Dialogs::closeAll()
 {
     // What is told of their ends may open others.
     while (!m_open.empty())
-        m_open.begin()->second.dialog->reject();
+        m_open.back().dialog->reject();
 }
 
 void Dialogs::addShortcuts(QDialog& dialog)
@@ -189,8 +196,6 @@ void Dialogs::addShortcuts(QDialog& dialog)
 
 void Dialogs::show(QDialog& dialog)
 {
-    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
-    dialog.winId(); // makes the window, whose events are wanted
     dialog.installEventFilter(this);
     dialog.windowHandle()->installEventFilter(this);
     dialog.show();
@@ -204,10 +209,28 @@ void Dialogs::bringForward(QDialog& dialog)
         m_focus->give(dialog.winId());
 }
 
-void Dialogs::handBackFocus(const Open& open)
+void Dialogs::close(QDialog& dialog, const std::function<void()>& ended)
 {
-    if (m_focus && open.focusBefore != 0 && !open.isLeftByUser)
-        m_focus->give(open.focusBefore);
+    const auto entry = std::ranges::find(m_open, &dialog, &Open::dialog);
+    const Open closed = *entry;
+    m_open.erase(entry);
+    handBackFocus(closed);
+    dialog.deleteLater();
+    ended();
+}
+
+void Dialogs::handBackFocus(const Open& closed)
+{
+    for (Open& open : m_open) {
+        if (open.focusBefore == closed.window)
+            open.focusBefore = closed.focusBefore;
+    }
+    if (closed.isUserElsewhere)
+        return;
+    if (!m_open.empty())
+        bringForward(*m_open.back().dialog);
+    else if (m_focus && closed.focusBefore != 0)
+        m_focus->giveBack(closed.focusBefore);
 }
 
 bool Dialogs::eventFilter(QObject* watched, QEvent* event)
@@ -217,23 +240,31 @@ bool Dialogs::eventFilter(QObject* watched, QEvent* event)
     // workspace instead of all.
     if (event->type() == QEvent::Expose && window != nullptr && window->isExposed()) {
         window->removeEventFilter(this);
-        window->requestActivate();
-        if (m_focus) {
-            m_focus->showEverywhere(window->winId());
-            m_focus->give(window->winId());
-        }
+        prepareWindow(*window);
     }
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
         noteActivation(watched, event->type() == QEvent::WindowActivate);
     return false;
 }
 
+void Dialogs::prepareWindow(QWindow& window)
+{
+    if (m_focus)
+        m_focus->makePanel(window.winId());
+    const auto open = std::ranges::find(m_open, window.winId(), &Open::window);
+    if (open == m_open.end() || open->dialog->testAttribute(Qt::WA_ShowWithoutActivating))
+        return;
+    window.requestActivate();
+    if (m_focus)
+        m_focus->give(window.winId());
+}
+
 /// A dialog that is being hidden goes by itself, which is not the user's doing.
 void Dialogs::noteActivation(const QObject* dialog, bool isActive)
 {
-    for (auto& [id, open] : m_open) {
+    for (Open& open : m_open) {
         if (open.dialog == dialog)
-            open.isLeftByUser = !isActive && !open.dialog->isHidden();
+            open.isUserElsewhere = !isActive && !open.dialog->isHidden();
     }
 }
 

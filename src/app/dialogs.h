@@ -9,12 +9,20 @@
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tessel {
+
+/// Whether a dialog takes the focus from what the user is doing.
+enum class TakeFocus : std::uint8_t
+{
+    no,
+    yes
+};
 
 /// What an alert says, in plain text, and what can be answered.
 struct Alert
@@ -23,11 +31,13 @@ struct Alert
     QString informative;
     QString button = QStringLiteral("OK"); ///< the first one, which Return presses
     QString otherButton{};                 ///< empty for none
+    TakeFocus takeFocus = TakeFocus::yes;
 };
 
 /// The application's small windows: alerts, questions, file dialogs. Each comes to the front on every
-/// workspace and takes the focus, which goes back to where it was at the end. None of them holds anything up:
-/// the answer is told later. Ctrl+W and Escape close them, Ctrl+Q asks to quit.
+/// workspace and takes the focus, which goes to another of them at the end, or else back to where it was.
+/// None of them holds anything up, the others included: the answer is told later. Ctrl+W and Escape close
+/// them, Ctrl+Q asks to quit.
 ///
 /// What is asked for while it is open already comes to the front, and the second request is answered as if it
 /// had been cancelled.
@@ -66,20 +76,24 @@ Q_SIGNALS:
 private:
     struct Open
     {
+        QString id;
         QDialog* dialog;
-        WId focusBefore;           ///< the window that had the focus, 0 for none
-        bool isLeftByUser = false; ///< whether the user has gone on to another window
+        WId window;           ///< its own, which it loses when it is closed
+        WId focusBefore;      ///< the window that had the focus, 0 for none
+        bool isUserElsewhere; ///< whether the user is at another window
     };
 
     void addShortcuts(QDialog& dialog);
     void show(QDialog& dialog);
     void bringForward(QDialog& dialog);
-    void handBackFocus(const Open& open);
+    void close(QDialog& dialog, const std::function<void()>& ended);
+    void handBackFocus(const Open& closed);
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void prepareWindow(QWindow& window);
     void noteActivation(const QObject* dialog, bool isActive);
 
     std::unique_ptr<Focus> m_focus;
-    std::map<QString, Open> m_open;
+    std::vector<Open> m_open; ///< the newest last
 };
 
 } // namespace tessel

@@ -18,11 +18,15 @@ public:
     /// The window that has the focus, whosever it is; 0 for none.
     [[nodiscard]] virtual WId current() = 0;
 
-    /// Asks for the focus for a window. One that is gone is left alone.
+    /// Asks for the focus for a window of ours.
     virtual void give(WId window) = 0;
 
-    /// Makes a window that is shown appear on every workspace.
-    virtual void showEverywhere(WId window) = 0;
+    /// Asks for the focus for a window that had it before, whosever it is. One that is gone, hidden or on
+    /// another workspace is left as it is.
+    virtual void giveBack(WId window) = 0;
+
+    /// Makes a window that is shown appear on every workspace, and in no task bar, pager or list of windows.
+    virtual void makePanel(WId window) = 0;
 };
 
 /// nullptr where the window system decides about these things alone.

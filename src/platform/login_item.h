@@ -3,9 +3,11 @@
 
 #pragma once
 
+#include <QObject>
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -26,15 +28,21 @@ public:
 
     [[nodiscard]] virtual Status status() const = 0;
 
-    /// Asks the desktop to start this program at login, or no longer to do so.
-    /// \return why it did not work, nothing on success
-    [[nodiscard]] virtual std::optional<QString> registerItem() = 0;
-    [[nodiscard]] virtual std::optional<QString> unregisterItem() = 0;
+    /// Told why something did not work, nothing on success: at once, or when the desktop has answered.
+    using Done = std::function<void(std::optional<QString> failure)>;
 
-    /// Opens the place where the user can allow it.
-    virtual void openSettings() = 0;
+    /// Asks the desktop to start this program at login, or no longer to do so.
+    virtual void registerItem(const Done& done) = 0;
+    virtual void unregisterItem(const Done& done) = 0;
+
+    /// Opens the place where the user can allow it; a failure says where that place is.
+    /// \param context nothing is told once it is gone
+    virtual void openSettings(QObject* context, const Done& done) = 0;
 };
 
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
+
+/// How the user can allow it, in the words of this system.
+[[nodiscard]] QString approvalText();
 
 } // namespace tessel

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QUuid>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -31,19 +32,19 @@ class FakeLoginItem : public LoginItem
 public:
     [[nodiscard]] Status status() const override { return now; }
 
-    [[nodiscard]] std::optional<QString> registerItem() override
+    void registerItem(const Done& done) override
     {
         now = afterwards;
-        return failure;
+        done(failure);
     }
 
-    [[nodiscard]] std::optional<QString> unregisterItem() override
+    void unregisterItem(const Done& done) override { registerItem(done); }
+
+    void openSettings(QObject* /*context*/, const Done& done) override
     {
-        now = afterwards;
-        return failure;
+        ++settingsOpened;
+        done(failure);
     }
-
-    void openSettings() override { ++settingsOpened; }
 
     Status now = Status::off;
     Status afterwards = Status::enabled;
@@ -85,15 +86,15 @@ TEST_F(CommandsTest, SaysWhyLaunchAtLoginFails)
     m_login.failure = QStringLiteral("The disk is full.");
     m_login.afterwards = Status::off;
     setLaunch(true);
-    EXPECT_EQ(openAlert().text(), QStringLiteral("Could not turn on Launch at Login"));
-    EXPECT_EQ(openAlert().informativeText(), QStringLiteral("The disk is full."));
+    EXPECT_EQ(openMessage(), QStringLiteral("Could not turn on Launch at Login"));
+    EXPECT_EQ(openInformative(), QStringLiteral("The disk is full."));
     EXPECT_FALSE(m_matches);
     press("OK");
     EXPECT_EQ(m_matches, false);
 
     m_login.now = m_login.afterwards = Status::enabled;
     setLaunch(false);
-    EXPECT_EQ(openAlert().text(), QStringLiteral("Could not turn off Launch at Login"));
+    EXPECT_EQ(openMessage(), QStringLiteral("Could not turn off Launch at Login"));
     press("OK");
     EXPECT_EQ(m_matches, false);
 }
@@ -104,16 +105,64 @@ TEST_F(CommandsTest, AsksOnlyForApprovalWhereThatIsNeeded)
     for (const auto& failure : {std::optional<QString>(), std::optional(QStringLiteral("Forbidden."))}) {
         m_login.failure = failure;
         setLaunch(true);
-        EXPECT_EQ(openAlert().text(), QStringLiteral("Allow Tessel Broth in Login Items"));
+        EXPECT_EQ(openMessage(), QStringLiteral("Allow Tessel Broth in Login Items"));
         press("Not Now");
         EXPECT_EQ(m_matches, false);
         EXPECT_EQ(m_login.settingsOpened, 0);
         EXPECT_TRUE(openDialogs().isEmpty());
     }
-    setLaunch(true);
-    press("Open Login Items");
-    EXPECT_EQ(m_login.settingsOpened, 1);
-    EXPECT_EQ(m_matches, false);
+    for (const auto& failure : {std::optional<QString>(), std::optional(QStringLiteral("Look elsewhere."))}) {
+        m_login.failure = failure;
+        setLaunch(true);
+        press("Open Login Items");
+        EXPECT_EQ(m_matches, false);
+        EXPECT_EQ(openDialogs().size(), failure ? 1 : 0);
+    }
+    EXPECT_EQ(m_login.settingsOpened, 2);
+    EXPECT_EQ(openInformative(), QStringLiteral("Look elsewhere."));
+}
+
+/// What opens addresses, for as long as this lives: a script of the test.
+class FakeOpener
+{
+public:
+    explicit FakeOpener(const char* script)
+    {
+        QFile file(m_folder.filePath(QStringLiteral("xdg-open")));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("#!/bin/sh\n") + script);
+        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", m_folder.path().toLocal8Bit() + ':' + m_path);
+    }
+    ~FakeOpener() { qputenv("PATH", m_path); }
+    FakeOpener(const FakeOpener&) = delete;
+    FakeOpener& operator=(const FakeOpener&) = delete;
+
+    [[nodiscard]] bool hasRun(const char* mark) const
+    {
+        return QFile::exists(m_folder.filePath(QLatin1String(mark)));
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QByteArray m_path = qgetenv("PATH");
+};
+
+TEST_F(CommandsTest, ShowsTheAddressThatNothingOpens)
+{
+    const auto address = QStringLiteral("https://example.org/a%20bowl");
+    {
+        const FakeOpener opener(
+            R"(test "$1" = https://example.org/a%20bowl && touch "$(dirname "$0")/opened")");
+        openWebPage(address, m_dialogs);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return opener.hasRun("opened"); }, 5000));
+        QTest::qWait(50);
+        EXPECT_TRUE(openDialogs().isEmpty());
+    }
+    const FakeOpener opener("exit 3");
+    openWebPage(address, m_dialogs);
+    ASSERT_TRUE(QTest::qWaitFor([] { return !openDialogs().isEmpty(); }, 5000));
+    EXPECT_TRUE(openInformative().contains(address));
 }
 
 TEST_F(CommandsTest, SavesTheDesktopAsAPreset)
@@ -200,8 +249,8 @@ TEST_F(SavePngTest, ReplacesNothingUnasked)
     ask();
     choose("bowl.jpg");
     EXPECT_TRUE(m_saved.isEmpty());
-    EXPECT_EQ(openAlert().text(), QStringLiteral("Could not save that PNG"));
-    EXPECT_THAT(openAlert().informativeText().toStdString(), HasSubstr("bowl.jpg.png"));
+    EXPECT_EQ(openMessage(), QStringLiteral("Could not save that PNG"));
+    EXPECT_THAT(openInformative().toStdString(), HasSubstr("bowl.jpg.png"));
 }
 
 TEST_F(SavePngTest, SaysWhyItDidNotWork)
@@ -209,8 +258,8 @@ TEST_F(SavePngTest, SaysWhyItDidNotWork)
     m_failure = QStringLiteral("The 320x200 image could not be rendered. Try a smaller size.");
     ask();
     choose("bowl.png");
-    EXPECT_EQ(openAlert().text(), QStringLiteral("Could not save that PNG"));
-    EXPECT_EQ(openAlert().informativeText(), m_failure);
+    EXPECT_EQ(openMessage(), QStringLiteral("Could not save that PNG"));
+    EXPECT_EQ(openInformative(), m_failure);
 }
 
 TEST_F(SavePngTest, SavesNothingWhenCancelled)
@@ -241,8 +290,8 @@ protected:
 
     [[nodiscard]] std::string alertedReason() const
     {
-        EXPECT_EQ(openAlert().text(), QStringLiteral("Could not use that photo"));
-        return openAlert().informativeText().toStdString();
+        EXPECT_EQ(openMessage(), QStringLiteral("Could not use that photo"));
+        return openInformative().toStdString();
     }
 
     [[nodiscard]] QStringList copies() const { return QDir(m_folder).entryList(QDir::Files | QDir::Hidden); }

@@ -5,7 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QMessageBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -32,9 +32,15 @@ inline QDialog& openDialog()
     return *openDialogs().constFirst();
 }
 
-inline QMessageBox& openAlert()
+/// What the only dialog says, and what it says below that in more detail.
+inline QString openMessage()
 {
-    return dynamic_cast<QMessageBox&>(openDialog());
+    return openDialog().findChild<QLabel*>(QStringLiteral("message"))->text();
+}
+
+inline QString openInformative()
+{
+    return openDialog().findChild<QLabel*>(QStringLiteral("informative"))->text();
 }
 
 inline void press(const char* button)

@@ -116,6 +116,9 @@ class DamageTest(ApplicationTest):
         for key in ("desktop", "presets", "shuffleMinutes", str(self.application.settings_file)):
             self.assertIn(key, "\n".join(self.reader.elements()))
         self.assertEqual(self.application.settings_file.read_bytes(), before)
+        self.application.quit()
+        self.application.start()
+        self.assertNotIn("Some settings could not be read", "\n".join(self.reader.elements()))
         self.desktop.panel.choose("New Wallpaper")
         wait_until(lambda: damaged[0] not in self.lines(), "a new look in the settings")
         self.assertIsNotNone(self.application.look())

@@ -1,8 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "platform/fake_service.h"
 #include "platform/linux/login_item.h"
+#include "platform/surroundings.h"
 
+#include <QDBusArgument>
+#include <QDBusObjectPath>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -29,6 +33,14 @@ QByteArray read(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
+}
+
+/// Why something did not work.
+std::optional<QString> failure(LoginItem& item, void (LoginItem::*request)(const LoginItem::Done&))
+{
+    std::optional<QString> told = QStringLiteral("(nothing was told)");
+    (item.*request)([&](const std::optional<QString>& why) { told = why; });
+    return told;
 }
 
 class LoginItemTest : public testing::Test
@@ -58,25 +70,26 @@ TEST_F(LoginItemTest, IsSwitchedOnAndOff)
 {
     AutostartEntry item(m_program);
     EXPECT_EQ(item.status(), Status::off);
-    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(failure(item, &LoginItem::registerItem), std::nullopt);
     EXPECT_EQ(item.status(), Status::enabled);
     EXPECT_THAT(read(m_own).toStdString(),
                 testing::HasSubstr("\nExec=\"" + m_program.toStdString() + "\"\n"));
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(failure(item, &LoginItem::unregisterItem), std::nullopt);
     EXPECT_EQ(item.status(), Status::off);
     EXPECT_FALSE(QFile::exists(m_own));
 }
 
 TEST_F(LoginItemTest, WhatAnotherToolSwitchedOffStaysOff)
 {
-    for (const QByteArray line : {"Hidden=true", "X-GNOME-Autostart-enabled = false"}) {
+    for (const QByteArray line :
+         {"Hidden=true", "X-GNOME-Autostart-enabled = false", "X-MATE-Autostart-enabled=false"}) {
         const QByteArray text =
             "# Comment\n[Desktop Entry]\nExec=tessel-broth\n" + line + "\n[Other]\nHidden=false\n";
         write(m_own, text);
         AutostartEntry item(m_program);
         EXPECT_EQ(item.status(), Status::requiresApproval) << line.toStdString();
-        EXPECT_NE(item.registerItem(), std::nullopt);
-        EXPECT_EQ(item.unregisterItem(), std::nullopt);
+        EXPECT_NE(failure(item, &LoginItem::registerItem), std::nullopt);
+        EXPECT_EQ(failure(item, &LoginItem::unregisterItem), std::nullopt);
         EXPECT_EQ(item.status(), Status::requiresApproval);
         EXPECT_EQ(read(m_own), text);
     }
@@ -87,9 +100,9 @@ TEST_F(LoginItemTest, TheSystemsEntryCountsUntilTheUserHasOne)
     write(m_everybodys, "[Desktop Entry]\nExec=tessel-broth\n");
     AutostartEntry item(m_program);
     EXPECT_EQ(item.status(), Status::enabled);
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(failure(item, &LoginItem::unregisterItem), std::nullopt);
     EXPECT_EQ(item.status(), Status::off) << "switched off by us: no approval is needed";
-    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(failure(item, &LoginItem::registerItem), std::nullopt);
     EXPECT_EQ(item.status(), Status::enabled);
     write(m_own, "[Desktop Entry]\nHidden=true\n");
     EXPECT_EQ(item.status(), Status::requiresApproval);
@@ -98,12 +111,12 @@ TEST_F(LoginItemTest, TheSystemsEntryCountsUntilTheUserHasOne)
 TEST_F(LoginItemTest, AMovedProgramIsOffAndRegisteredAnew)
 {
     AutostartEntry item(m_program);
-    ASSERT_EQ(item.registerItem(), std::nullopt);
+    ASSERT_EQ(failure(item, &LoginItem::registerItem), std::nullopt);
     const QString elsewhere = m_home.filePath(QStringLiteral("bin/elsewhere"));
     ASSERT_TRUE(QFile::rename(m_program, elsewhere));
     AutostartEntry moved(elsewhere);
     EXPECT_EQ(moved.status(), Status::off);
-    EXPECT_EQ(moved.registerItem(), std::nullopt);
+    EXPECT_EQ(failure(moved, &LoginItem::registerItem), std::nullopt);
     EXPECT_EQ(moved.status(), Status::enabled);
 }
 
@@ -111,9 +124,48 @@ TEST_F(LoginItemTest, TellsWhyTheFileCannotBeWritten)
 {
     write(m_home.filePath(QStringLiteral("autostart")), "a file where the folder should be");
     AutostartEntry item(m_program);
-    const auto failure = item.registerItem();
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->toStdString(), testing::HasSubstr(m_own.toStdString()));
+    const auto reason = failure(item, &LoginItem::registerItem);
+    ASSERT_TRUE(reason.has_value());
+    EXPECT_THAT(reason->toStdString(), testing::HasSubstr(QFileInfo(m_own).path().toStdString() + " could"));
+}
+
+TEST(PortalLoginItemTest, AsksThePortalAndRemembersTheAnswer)
+{
+    const WithApplication<QCoreApplication> application;
+    const QTemporaryDir folder;
+    PrivateBus bus;
+    const QDBusConnection own = bus.connect();
+    FakeService portal(bus.connect(), QStringLiteral("org.freedesktop.portal.Desktop"));
+    std::pair<uint, bool> answer(0U, true);
+    portal.answer(
+        QStringLiteral("org.freedesktop.portal.Background.RequestBackground"), [&](const auto& arguments) {
+            const auto options = qdbus_cast<QVariantMap>(arguments.value(1));
+            const QString path =
+                QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+                    .arg(own.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')),
+                         options[QStringLiteral("handle_token")].toString());
+            const bool isOn = answer.second && options[QStringLiteral("autostart")].toBool();
+            portal.signal(path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"),
+                          {answer.first, QVariantMap{{QStringLiteral("autostart"), isOn}}});
+            return QVariantList{QVariant::fromValue(QDBusObjectPath(path))};
+        });
+    const QString mark = folder.filePath(QStringLiteral("deep/mark"));
+    const auto ask = [&](void (LoginItem::*request)(const LoginItem::Done&)) {
+        PortalLoginItem item(own, mark);
+        std::optional<bool> isDone;
+        (item.*request)([&](const std::optional<QString>& why) { isDone = !why; });
+        EXPECT_TRUE(waitUntil([&] { return isDone.has_value(); }));
+        return std::pair(isDone, item.status());
+    };
+    EXPECT_EQ(ask(&LoginItem::registerItem), std::pair(std::optional(true), Status::enabled));
+    EXPECT_EQ(PortalLoginItem(own, mark).status(), Status::enabled);
+    EXPECT_EQ(ask(&LoginItem::unregisterItem), std::pair(std::optional(true), Status::off));
+    for (const uint response : {0U, 1U}) {
+        answer = {response, false};
+        EXPECT_EQ(ask(&LoginItem::registerItem), std::pair(std::optional(true), Status::requiresApproval));
+    }
+    answer = {2U, false};
+    EXPECT_EQ(ask(&LoginItem::registerItem), std::pair(std::optional(false), Status::off));
 }
 
 TEST(ExecValueTest, FollowsBothLevelsOfQuoting)

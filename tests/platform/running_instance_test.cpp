@@ -7,6 +7,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
+#include <QDateTime>
+#include <QFile>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -122,10 +124,21 @@ TEST(LockFileInstanceTest, OnlyALivingProcessHoldsTheLock)
     ASSERT_EQ(status, 0);
     EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/org.tesselbroth.TesselBroth.lock")));
 
+    const WithApplication<QCoreApplication> application;
     std::optional<LockFileInstance> first(folder);
     EXPECT_TRUE(first->isFirst());
+    int activations = 0;
+    QObject::connect(&*first, &RunningInstance::activated, [&] { ++activations; });
     EXPECT_FALSE(LockFileInstance(folder).isFirst());
+    EXPECT_TRUE(waitUntil([&] { return activations == 1; }));
     first.reset();
+    EXPECT_TRUE(LockFileInstance(folder).isFirst());
+
+    // Killed after it had made the file, before it wrote into it who it was.
+    QFile lock(folder + QStringLiteral("/org.tesselbroth.TesselBroth.lock"));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(
+        lock.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
     EXPECT_TRUE(LockFileInstance(folder).isFirst());
 }
 

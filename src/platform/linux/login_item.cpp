@@ -3,8 +3,12 @@
 
 #include "platform/linux/login_item.h"
 
+#include "platform/open_address.h"
+#include "platform/sandbox.h"
+
 #include <QCoreApplication>
-#include <QDesktopServices>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -90,7 +94,8 @@ QString unescaped(const QString& text)
 bool isSwitchedOff(const Keys& keys)
 {
     return value(keys, QStringLiteral("Hidden")) == QStringLiteral("true") ||
-           value(keys, QStringLiteral("X-GNOME-Autostart-enabled")) == QStringLiteral("false");
+           value(keys, QStringLiteral("X-GNOME-Autostart-enabled")) == QStringLiteral("false") ||
+           value(keys, QStringLiteral("X-MATE-Autostart-enabled")) == QStringLiteral("false");
 }
 
 /// Whether what the entry starts has gone, such as after the program was moved.
@@ -110,12 +115,18 @@ LoginItem::Status statusOf(const Keys& keys)
 
 std::optional<QString> writeEntry(const QString& path, const QString& text)
 {
+    const QString folder = QFileInfo(path).path();
+    if (!QDir().mkpath(folder))
+        return tr("The folder %1 could not be made. Check that nothing else has its name and that you may "
+                  "write there.")
+            .arg(folder);
+    const QByteArray bytes = text.toUtf8();
     QSaveFile file(path);
-    if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
-        file.write(text.toUtf8()) >= 0 && file.commit())
+    // Qt does not notice when what it has buffered finds no space.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size() &&
+        file.commit())
         return std::nullopt;
-    return tr("The file %1 could not be written: %2.")
-        .arg(QDir::toNativeSeparators(path), file.errorString());
+    return tr("The file %1 could not be written: %2.").arg(path, file.errorString());
 }
 
 /// A program that sets what is started at login.
@@ -149,29 +160,19 @@ bool startSettingsProgram()
     return false;
 }
 
-/// Within a sandbox our entry would be written where no desktop looks for it.
-class SandboxedLoginItem : public LoginItem
+const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto portalToken = QStringLiteral("login");
+
+/// What the portal answers when it has done as it was asked, and when the user did not want that.
+constexpr uint agreed = 0;
+constexpr uint cancelled = 1;
+
+/// Where the portal answers, which has to be listened to before it is asked.
+QString answerPath(const QDBusConnection& bus)
 {
-public:
-    [[nodiscard]] Status status() const override { return Status::off; }
-
-    [[nodiscard]] std::optional<QString> registerItem() override
-    {
-        return tr("This version of Tessel Broth runs in a sandbox and cannot set what is started at login. "
-                  "Please add it in the settings of your desktop.");
-    }
-
-    [[nodiscard]] std::optional<QString> unregisterItem() override { return std::nullopt; }
-
-    void openSettings() override
-    {
-        // The desktop's programs are out of reach.
-    }
-};
-
-bool isSandboxed()
-{
-    return qEnvironmentVariableIsSet("FLATPAK_ID") || QFile::exists(QStringLiteral("/.flatpak-info"));
+    const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+    return portalPath + QStringLiteral("/request/") + sender + QLatin1Char('/') + portalToken;
 }
 
 } // namespace
@@ -190,7 +191,7 @@ LoginItem::Status AutostartEntry::status() const
     return file.isEmpty() ? Status::off : statusOf(readEntry(file));
 }
 
-std::optional<QString> AutostartEntry::registerItem()
+std::optional<QString> AutostartEntry::switchOn()
 {
     const Status before = status();
     if (before == Status::requiresApproval)
@@ -213,7 +214,7 @@ std::optional<QString> AutostartEntry::registerItem()
     return std::nullopt;
 }
 
-std::optional<QString> AutostartEntry::unregisterItem()
+std::optional<QString> AutostartEntry::switchOff()
 {
     if (status() != Status::enabled)
         return std::nullopt;
@@ -227,11 +228,101 @@ std::optional<QString> AutostartEntry::unregisterItem()
                     .arg(switchedOffByUs));
 }
 
-void AutostartEntry::openSettings()
+void AutostartEntry::openSettings(QObject* context, const Done& done)
 {
+    if (startSettingsProgram()) {
+        done(std::nullopt);
+        return;
+    }
     const QString folder = QFileInfo(m_file).path();
-    if (!startSettingsProgram() && QDir().mkpath(folder))
-        QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+    const auto ended = [folder, done](bool isOpen) {
+        if (isOpen)
+            done(std::nullopt);
+        else
+            done(tr("Nothing was found that shows them. Each is a file in the folder\n%1").arg(folder));
+    };
+    if (QDir().mkpath(folder))
+        openAddress(QUrl::fromLocalFile(folder), context, ended);
+    else
+        ended(false);
+}
+
+PortalLoginItem::PortalLoginItem(QDBusConnection bus, QString mark)
+    : m_bus(std::move(bus))
+    , m_mark(std::move(mark))
+{
+    m_bus.connect({}, answerPath(m_bus), QStringLiteral("org.freedesktop.portal.Request"),
+                  QStringLiteral("Response"), this, SLOT(hear(uint, QVariantMap)));
+}
+
+LoginItem::Status PortalLoginItem::status() const
+{
+    if (m_isForbidden)
+        return Status::requiresApproval;
+    return QFile::exists(m_mark) ? Status::enabled : Status::off;
+}
+
+void PortalLoginItem::registerItem(const Done& done)
+{
+    ask(true, done);
+}
+
+void PortalLoginItem::unregisterItem(const Done& done)
+{
+    ask(false, done);
+}
+
+void PortalLoginItem::openSettings(QObject* /*context*/, const Done& done)
+{
+    done(tr("They are out of reach from within a sandbox. Please open the settings of your desktop."));
+}
+
+void PortalLoginItem::ask(bool on, const Done& done)
+{
+    if (m_done) {
+        done(tr("Your desktop still waits for your answer to the last time."));
+        return;
+    }
+    // Of a call on no bus nothing is ever heard again.
+    if (!m_bus.isConnected()) {
+        done(tr("The desktop's portal cannot be reached, because there is no session bus."));
+        return;
+    }
+    m_done = done;
+    m_isOnWanted = on;
+    auto call = QDBusMessage::createMethodCall(portalService, portalPath,
+                                               QStringLiteral("org.freedesktop.portal.Background"),
+                                               QStringLiteral("RequestBackground"));
+    const QString window; // none that the question would belong to
+    call << window
+         << QVariantMap{{QStringLiteral("handle_token"), portalToken},
+                        {QStringLiteral("reason"), tr("Tessel Broth puts your wallpaper back at login.")},
+                        {QStringLiteral("autostart"), on},
+                        {QStringLiteral("commandline"), QStringList(QStringLiteral("tessel-broth"))}};
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        if (watcher->isError())
+            end(tr("The desktop's portal has not taken it: %1").arg(watcher->error().message()));
+    });
+}
+
+void PortalLoginItem::hear(uint response, const QVariantMap& results)
+{
+    const bool isOn = response == agreed && results.value(QStringLiteral("autostart")).toBool();
+    m_isForbidden = m_isOnWanted && !isOn && response <= cancelled;
+    // Without the mark it is asked once more, which does no harm.
+    if (isOn && QDir().mkpath(QFileInfo(m_mark).path()))
+        static_cast<void>(QFile(m_mark).open(QIODevice::WriteOnly));
+    else if (response <= cancelled)
+        QFile::remove(m_mark);
+    end(response <= cancelled ? std::nullopt : std::optional(tr("The desktop's portal could not do it.")));
+}
+
+void PortalLoginItem::end(const std::optional<QString>& failure)
+{
+    if (const Done done = std::exchange(m_done, nullptr))
+        done(failure);
 }
 
 QString execValue(const QString& program)
@@ -252,9 +343,20 @@ QString execValue(const QString& program)
 
 std::unique_ptr<LoginItem> makeLoginItem()
 {
+    // Within a sandbox our entry would be written where no desktop looks for it.
     if (isSandboxed())
-        return std::make_unique<SandboxedLoginItem>();
+        return std::make_unique<PortalLoginItem>(
+            QDBusConnection::sessionBus(),
+            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                QStringLiteral("/Tessel Broth/starts-at-login"));
     return std::make_unique<AutostartEntry>(QCoreApplication::applicationFilePath());
+}
+
+QString approvalText()
+{
+    return tr(
+        "Your system needs your OK before Tessel Broth can open at login. You can allow it in the system "
+        "settings, among the programs that start at login.");
 }
 
 } // namespace tessel

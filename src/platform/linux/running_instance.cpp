@@ -6,9 +6,16 @@
 #include <QDBusConnectionInterface>
 #include <QDebug>
 #include <QDir>
+#include <QFile>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 #include <utility>
 
 namespace tessel {
@@ -21,6 +28,10 @@ const auto interfaceName = QStringLiteral("org.freedesktop.Application");
 
 /// One that hangs must not make us hang as well.
 constexpr std::chrono::milliseconds patience{2000};
+
+/// A lock file older than this that does not say whose it is was left behind by a program that was killed as
+/// it made it.
+constexpr std::chrono::milliseconds namelessLockAge{1000};
 
 const QStringList& actions()
 {
@@ -49,6 +60,18 @@ QString lockFolder()
         return runtime;
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
            QStringLiteral("/Tessel Broth");
+}
+
+/// \return an address that is refused by all calls if the path is too long for one
+sockaddr_un socketAddress(const QString& path)
+{
+    sockaddr_un address{};
+    const QByteArray name = QFile::encodeName(path);
+    if (name.size() >= std::ssize(address.sun_path))
+        return address;
+    address.sun_family = AF_UNIX;
+    std::ranges::copy(name, std::begin(address.sun_path));
+    return address;
 }
 
 } // namespace
@@ -106,11 +129,54 @@ BusInstance::~BusInstance()
 
 LockFileInstance::LockFileInstance(const QString& folder)
     : m_lock(folder + QLatin1Char('/') + busName + QStringLiteral(".lock"))
+    , m_socketFile(folder + QLatin1Char('/') + busName + QStringLiteral(".socket"))
+    , m_socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
 {
-    // It is held for days: only the death of its holder makes it stale, never its age.
-    m_lock.setStaleLockTime(0);
+    // It is held for days, and not taken away for its age: while its holder lives, the file itself is locked.
+    m_lock.setStaleLockTime(namelessLockAge);
     QDir().mkpath(folder);
     m_isFirst = m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError;
+    if (m_isFirst)
+        listen();
+    else
+        askToComeForward();
+}
+
+LockFileInstance::~LockFileInstance()
+{
+    if (m_isFirst)
+        QFile::remove(m_socketFile);
+    close(m_socket);
+}
+
+void LockFileInstance::listen()
+{
+    // One that was killed leaves its own.
+    QFile::remove(m_socketFile);
+    const sockaddr_un address = socketAddress(m_socketFile);
+    if (bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+        qWarning("Tessel Broth will not hear when it is started once more.");
+        return;
+    }
+    auto* notifier = new QSocketNotifier(m_socket, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &LockFileInstance::hear);
+}
+
+void LockFileInstance::hear()
+{
+    char byte = 0;
+    while (recv(m_socket, &byte, sizeof byte, 0) > 0) {
+    }
+    Q_EMIT activated();
+}
+
+void LockFileInstance::askToComeForward() const
+{
+    const sockaddr_un address = socketAddress(m_socketFile);
+    const char byte = 0;
+    if (sendto(m_socket, &byte, sizeof byte, 0, reinterpret_cast<const sockaddr*>(&address), sizeof address) <
+        0)
+        qWarning("Tessel Broth already runs, but does not answer.");
 }
 
 std::unique_ptr<RunningInstance> claimInstance()

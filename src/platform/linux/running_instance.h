@@ -30,7 +30,7 @@ private:
     bool m_isFirst = false;
 };
 
-/// The holder of a lock file, where there is no session bus: nobody can be asked to come forward.
+/// The holder of a lock file, where there is no session bus. A socket beside it takes the place of the bus.
 class LockFileInstance : public RunningInstance
 {
     Q_OBJECT
@@ -38,11 +38,20 @@ class LockFileInstance : public RunningInstance
 public:
     /// \param folder made if it is missing; where no file can be written, everybody is first
     explicit LockFileInstance(const QString& folder);
+    ~LockFileInstance() override;
+    LockFileInstance(const LockFileInstance&) = delete;
+    LockFileInstance& operator=(const LockFileInstance&) = delete;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
 
 private:
+    void listen();
+    void hear();
+    void askToComeForward() const;
+
     QLockFile m_lock;
+    const QString m_socketFile;
+    const int m_socket;
     bool m_isFirst = false;
 };
 

@@ -3,30 +3,35 @@
 
 #include "platform/software_centre.h"
 
-#include <QDesktopServices>
+#include "platform/open_address.h"
+
 #include <QProcess>
 #include <QUrl>
 
 namespace tessel {
 
-// What opens addresses reports success also where nothing takes them, so it is asked before.
+// Browsers take addresses that nothing else takes, though they can do nothing with these: so it is asked
+// before.
 void openSoftwareCentre(const QString& component, QObject* context, const std::function<void(bool)>& done)
 {
     // Without slashes: QUrl would put a host into lower case.
     const QUrl address(QStringLiteral("appstream:") + component);
     auto* query = new QProcess(context);
-    QObject::connect(query, &QProcess::finished, context, [query, address, done] {
+    QObject::connect(query, &QProcess::finished, context, [query, address, context, done] {
         query->deleteLater();
         const bool isKnown = !query->readAllStandardOutput().trimmed().isEmpty();
-        done(isKnown && QDesktopServices::openUrl(address));
+        if (isKnown)
+            openAddress(address, context, done);
+        else
+            done(false);
     });
     QObject::connect(query, &QProcess::errorOccurred, context,
-                     [query, address, done](QProcess::ProcessError error) {
+                     [query, address, context, done](QProcess::ProcessError error) {
                          // Later errors end with finished().
                          if (error != QProcess::FailedToStart)
                              return;
                          query->deleteLater();
-                         done(QDesktopServices::openUrl(address));
+                         openAddress(address, context, done);
                      });
     query->start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"),
                                               QStringLiteral("x-scheme-handler/appstream")});

@@ -16,6 +16,9 @@ constexpr std::uint32_t fromUser = 2;
 
 constexpr std::uint32_t allWorkspaces = 0xFFFFFFFF;
 
+/// The request to add a state to a window.
+constexpr std::uint32_t addState = 1;
+
 } // namespace
 
 WId X11Focus::current()
@@ -29,12 +32,35 @@ void X11Focus::give(WId window)
     askManager(window, "_NET_ACTIVE_WINDOW", {fromUser});
 }
 
-void X11Focus::showEverywhere(WId window)
+void X11Focus::giveBack(WId window)
 {
-    askManager(window, "_NET_WM_DESKTOP", {allWorkspaces, fromUser});
+    // Window managers would go to its workspace, or bring it here, and take it out of the task bar.
+    if (isInSight(static_cast<xcb_window_t>(window)))
+        give(window);
 }
 
-void X11Focus::askManager(WId window, const std::string& request, const std::array<std::uint32_t, 2>& items)
+void X11Focus::makePanel(WId window)
+{
+    askManager(window, "_NET_WM_DESKTOP", {allWorkspaces, fromUser});
+    askManager(window, "_NET_WM_STATE",
+               {addState, m_connection.atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                m_connection.atom("_NET_WM_STATE_SKIP_PAGER"), fromUser});
+}
+
+bool X11Focus::isInSight(xcb_window_t window)
+{
+    // Of a window that is gone there are no properties; every one that is managed has this.
+    if (m_connection.property(window, "WM_STATE", m_connection.atom("WM_STATE")).empty())
+        return false;
+    const auto states = m_connection.property(window, "_NET_WM_STATE", XCB_ATOM_ATOM);
+    if (std::ranges::find(states, m_connection.atom("_NET_WM_STATE_HIDDEN")) != states.end())
+        return false;
+    const auto workspace = m_connection.property(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL);
+    return workspace.empty() || workspace.front() == allWorkspaces ||
+           workspace == m_connection.property(m_connection.root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL);
+}
+
+void X11Focus::askManager(WId window, const std::string& request, std::initializer_list<std::uint32_t> items)
 {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;

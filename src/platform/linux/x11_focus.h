@@ -6,7 +6,9 @@
 #include "platform/focus.h"
 #include "platform/linux/x11_connection.h"
 
-#include <array>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
 
 namespace tessel {
 
@@ -18,10 +20,13 @@ public:
 
     [[nodiscard]] WId current() override;
     void give(WId window) override;
-    void showEverywhere(WId window) override;
+    void giveBack(WId window) override;
+    void makePanel(WId window) override;
 
 private:
-    void askManager(WId window, const std::string& request, const std::array<std::uint32_t, 2>& items);
+    /// \param items up to 5
+    void askManager(WId window, const std::string& request, std::initializer_list<std::uint32_t> items);
+    [[nodiscard]] bool isInSight(xcb_window_t window);
 
     X11Connection m_connection;
 };

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/fake_service.h"
+#include "platform/linux/notifications.h"
+#include "platform/surroundings.h"
+
+#include <gtest/gtest.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+
+class HungService : public FakeService
+{
+public:
+    using FakeService::FakeService;
+    bool handleMessage(const QDBusMessage& /*message*/, const QDBusConnection& /*connection*/) override
+    {
+        return true;
+    }
+};
+
+/// Whether it is told in time that a message was not shown.
+bool isFailureTold(BusNotifications& notifications)
+{
+    bool isTold = false;
+    notifications.show(QStringLiteral("Ready"), QStringLiteral("Click the bowl."), [&] { isTold = true; });
+    EXPECT_FALSE(isTold) << "the caller is not ready yet";
+    return waitUntil([&] { return isTold; });
+}
+
+TEST(NotificationsTest, TellsThatNobodyShowsMessages)
+{
+    const WithApplication<QCoreApplication> application;
+    BusNotifications withoutBus(QDBusConnection(QStringLiteral("no bus")));
+    EXPECT_TRUE(isFailureTold(withoutBus));
+
+    PrivateBus bus;
+    BusNotifications withoutService(bus.connect());
+    EXPECT_TRUE(isFailureTold(withoutService));
+
+    const HungService service(bus.connect(), QStringLiteral("org.freedesktop.Notifications"));
+    BusNotifications withoutAnswer(bus.connect(), 50ms);
+    EXPECT_TRUE(isFailureTold(withoutAnswer));
+}
+
+} // namespace
+} // namespace tessel
