@@ -21,6 +21,7 @@ struct MenuRow
     QKeySequence shortcut{};
     bool enabled = true;
     std::optional<bool> checked{}; ///< absent for a row that has no checkmark
+    QString group{};               ///< of rows of which no more than one is checked; empty for none
     std::function<void()> run{};
     std::vector<MenuRow> children{};
 

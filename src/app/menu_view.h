@@ -10,9 +10,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <vector>
 
 class QAction;
+class QKeyEvent;
+class QStyle;
 
 namespace tessel {
 
@@ -29,6 +32,9 @@ enum class MenuDrawer : std::uint8_t
 /// A menu that shows rows. It is always filled, since panels may read it before it can be changed: it is
 /// brought up to date before it opens, after every choice, and when refreshLater() says so. Actions whose
 /// rows remain are changed in place, so that a panel which has the menu open does not lose it.
+///
+/// Where it is shown by ourselves, it scrolls rather than cover the screen with columns, its shortcuts work
+/// while it is open, and a letter goes to the next row that begins with it.
 class MenuView : public QObject
 {
     Q_OBJECT
@@ -36,6 +42,7 @@ class MenuView : public QObject
 public:
     /// \param rows called for every update
     explicit MenuView(std::function<std::vector<MenuRow>()> rows);
+    ~MenuView() override;
 
     [[nodiscard]] QMenu& menu() { return m_menu; }
 
@@ -45,11 +52,15 @@ public:
 
 private:
     [[nodiscard]] MenuDrawer drawer();
+    void prepare(QMenu& menu);
     void fill(QMenu& menu, const std::vector<MenuRow>& rows);
     QAction* makeAction(QMenu& menu, const MenuRow& row);
-    void update(QAction& action, const MenuRow& row);
+    void update(QMenu& menu, QAction& action, const MenuRow& row);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool runShortcut(const QKeyEvent& key);
 
     std::function<std::vector<MenuRow>()> m_rows;
+    std::unique_ptr<QStyle> m_style;
     QMenu m_menu;
     QTimer m_refreshing;
 };

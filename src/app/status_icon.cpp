@@ -4,7 +4,6 @@
 #include "app/status_icon.h"
 
 #include <QPixmap>
-#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -22,27 +21,46 @@ constexpr int artHeight = 20;
 /// Bitmap pixels to one art pixel in statusImage(), which is at twice the resolution of points.
 constexpr double artPixel = 1.5;
 
-/// Sizes of panel icons at common scales, and those that the art fills exactly.
-constexpr std::array panelSides{22, 24, 32, 44, 48, 64, 66, 96};
+/// How much of a faint rim is to be seen, of 255.
+constexpr int rimAlpha = 90;
 
-/// Whether there is ink at a place of the drawn area, which may be asked about beyond its borders.
-bool hasInk(const IconMask& mask, int column, int row)
+/// Sizes of panel icons at common scales, and those that the art fills exactly. None from 45 to 64: of those
+/// up to 64, which are what panels are sent, some take the largest and make it smaller, as 44 becomes 22
+/// best.
+constexpr std::array panelSides{16, 18, 20, 22, 24, 32, 33, 44, 66, 96};
+
+struct Inks
+{
+    QRgb ink;
+    QRgb rim; ///< 0 for none
+};
+
+/// What a mask has at a place of the drawn area, which may be asked about beyond its borders.
+char cell(const IconMask& mask, int column, int row)
 {
     if (column < 0 || column >= artWidth || row < 0 || row >= artHeight)
-        return false;
+        return '.';
     const std::string_view line = mask[firstRow + static_cast<std::size_t>(row)];
-    return line[firstColumn + static_cast<std::size_t>(column)] == 'R';
+    return line[firstColumn + static_cast<std::size_t>(column)];
 }
 
 bool touchesInk(const IconMask& mask, int column, int row)
 {
     for (int dy = -1; dy <= 1; ++dy) {
         for (int dx = -1; dx <= 1; ++dx) {
-            if (hasInk(mask, column + dx, row + dy))
+            if (cell(mask, column + dx, row + dy) == 'R')
                 return true;
         }
     }
     return false;
+}
+
+QRgb colorOf(const IconMask& mask, int column, int row, const Inks& inks)
+{
+    const char kind = cell(mask, column, row);
+    if (kind == 'R')
+        return inks.ink;
+    return kind != 'C' && touchesInk(mask, column, row) ? inks.rim : 0;
 }
 
 /// The first pixel whose centre is not before a border.
@@ -58,6 +76,27 @@ void fill(QImage& image, const QRect& rectangle, QRgb color)
         for (int x = inside.left(); x <= inside.right(); ++x)
             image.setPixel(x, y, color);
     }
+}
+
+/// The art in the middle of a bitmap, `pixel` bitmap pixels to one of its own.
+QImage drawn(const IconMask& mask, const QSize& size, double pixel, const Inks& inks)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    const int left = (size.width() - firstPixelFrom(artWidth * pixel)) / 2;
+    // Snapped from the bottom, where the origin of the drawing is.
+    const int bottom = size.height() - (size.height() - firstPixelFrom(artHeight * pixel)) / 2;
+    for (int row = -1; row <= artHeight; ++row) {
+        const int below = artHeight - 1 - row;
+        const int low = bottom - firstPixelFrom(below * pixel);
+        const int high = bottom - firstPixelFrom((below + 1) * pixel);
+        for (int column = -1; column <= artWidth; ++column) {
+            const int first = firstPixelFrom(column * pixel);
+            const int width = firstPixelFrom((column + 1) * pixel) - first;
+            fill(image, QRect(left + first, high, width, low - high), colorOf(mask, column, row, inks));
+        }
+    }
+    return image;
 }
 
 } // namespace
@@ -96,59 +135,36 @@ const IconMask& bowlMask()
 QImage statusImage(const IconMask& mask)
 {
     const QSize size(firstPixelFrom(artWidth * artPixel), firstPixelFrom(artHeight * artPixel));
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    for (int row = 0; row < artHeight; ++row) {
-        // Snapped from the bottom, where the origin of the drawing is.
-        const int below = artHeight - 1 - row;
-        const int bottom = size.height() - firstPixelFrom(below * artPixel);
-        const int top = size.height() - firstPixelFrom((below + 1) * artPixel);
-        for (int column = 0; column < artWidth; ++column) {
-            if (!hasInk(mask, column, row))
-                continue;
-            const int left = firstPixelFrom(column * artPixel);
-            const int right = firstPixelFrom((column + 1) * artPixel);
-            fill(image, QRect(left, top, right - left, bottom - top), qRgb(0, 0, 0));
-        }
-    }
-    return image;
+    return drawn(mask, size, artPixel, {qRgb(0, 0, 0), 0});
 }
 
-QImage panelImage(const IconMask& mask, int side, PanelTone tone)
+QImage panelImage(const IconMask& mask, int side, PanelTone tone, Rim rim)
 {
-    const QRgb ink = tone == PanelTone::dark ? qRgb(242, 242, 242) : qRgb(32, 32, 32);
-    const QRgb rim = tone == PanelTone::dark ? qRgba(0, 0, 0, 190) : qRgba(255, 255, 255, 190);
-    QImage image(side, side, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    const int pixel = std::max(side / artWidth, 1);
-    const QPoint origin((side - artWidth * pixel) / 2, (side - artHeight * pixel) / 2);
-    for (int row = -1; row <= artHeight; ++row) {
-        for (int column = -1; column <= artWidth; ++column) {
-            const QRect square(origin + QPoint(column, row) * pixel, QSize(pixel, pixel));
-            if (hasInk(mask, column, row))
-                fill(image, square, ink);
-            else if (touchesInk(mask, column, row))
-                fill(image, square, rim);
-        }
+    if (side < artWidth) {
+        // Every pixel is the mean of those it stands for, a whole number of them.
+        return panelImage(mask, side * artWidth, tone)
+            .scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_ARGB32);
     }
-    return image;
+    const bool isDark = tone == PanelTone::dark;
+    Inks inks{isDark ? qRgb(242, 242, 242) : qRgb(32, 32, 32), 0};
+    if (rim == Rim::faint)
+        inks.rim = isDark ? qRgba(0, 0, 0, rimAlpha) : qRgba(255, 255, 255, rimAlpha);
+    const int halves = 2 * side / artWidth;
+    return drawn(mask, {side, side}, halves / 2.0, inks);
 }
 
 QIcon statusIcon(PanelTone tone)
 {
     QIcon icon;
     for (const int side : panelSides)
-        icon.addPixmap(QPixmap::fromImage(panelImage(bowlMask(), side, tone)));
+        icon.addPixmap(QPixmap::fromImage(panelImage(bowlMask(), side, tone, Rim::faint)));
     return icon;
 }
 
-PanelTone panelTone(const QString& desktop, const QColor& windowColor)
+PanelTone panelTone(std::optional<bool> isDark, const QColor& windowColor)
 {
-    for (const QString& name : desktop.split(QLatin1Char(':'))) {
-        if (name == QStringLiteral("GNOME") || name == QStringLiteral("XFCE"))
-            return PanelTone::dark;
-    }
-    return windowColor.lightness() < 128 ? PanelTone::dark : PanelTone::light;
+    return isDark.value_or(windowColor.lightness() < 128) ? PanelTone::dark : PanelTone::light;
 }
 
 } // namespace tessel

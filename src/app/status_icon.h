@@ -9,19 +9,22 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace tessel {
 
-/// The icon as text: 24 rows of 24 characters from top to bottom, "R" for ink and anything else for none.
+/// The icon as text: 24 rows of 24 characters from top to bottom, "R" for ink and anything else for none; "C"
+/// for what is inside of it.
 using IconMask = std::array<std::string_view, 24>;
 
 /// A bowl with three wisps of steam.
 [[nodiscard]] const IconMask& bowlMask();
 
-/// A mask drawn in black on nothing: 33 x 30 pixels for 22 x 20 art pixels of 1.5 pixels each, without
-/// anti-aliasing, so that art pixels are one and two pixels wide by turns. The outermost column of each side
-/// and the outermost two rows are not drawn.
+/// A mask drawn in black on nothing, as a screen at twice the usual resolution has it: 33 x 30 pixels for
+/// 22 x 20 art pixels of 1.5 pixels each, without anti-aliasing, so that art pixels are one and two pixels
+/// wide by turns. The outermost column of each side and the outermost two rows are not drawn. Panels are
+/// offered the same drawing in their own ink.
 [[nodiscard]] QImage statusImage(const IconMask& mask);
 
 /// What an icon is drawn on.
@@ -31,17 +34,24 @@ enum class PanelTone : std::uint8_t
     dark
 };
 
-/// A mask in a square of `side` pixels, at least 22, in the largest whole multiple of its art pixels that
-/// fits: light ink for a dark panel and the reverse. A faint rim of the other tone, which cannot be seen
-/// where the panel is as expected, keeps it visible where it is not.
-[[nodiscard]] QImage panelImage(const IconMask& mask, int side, PanelTone tone);
+/// What surrounds the ink of an icon. A faint rim of the other tone keeps it to be made out where it turns
+/// out to lie on what it was not made for; the inside of the bowl stays clear of it.
+enum class Rim : std::uint8_t
+{
+    none,
+    faint
+};
+
+/// A mask in a square of `side` pixels, with light ink for something dark and the reverse: in the largest
+/// multiple of half its art pixels that fits, or, below 22, made smaller evenly and without a rim, which
+/// would only grey the ink.
+[[nodiscard]] QImage panelImage(const IconMask& mask, int side, PanelTone tone, Rim rim = Rim::none);
 
 /// The bowl in the sizes that panels ask for.
 [[nodiscard]] QIcon statusIcon(PanelTone tone);
 
-/// What panels of a desktop are like: GNOME's and Xfce's are dark unless changed, others follow the colours
-/// of windows.
-/// \param desktop the value of XDG_CURRENT_DESKTOP
-[[nodiscard]] PanelTone panelTone(const QString& desktop, const QColor& windowColor);
+/// The tone of a place for icons.
+/// \param isDark what is known of it; nothing where it has the colours of windows
+[[nodiscard]] PanelTone panelTone(std::optional<bool> isDark, const QColor& windowColor);
 
 } // namespace tessel

@@ -5,7 +5,8 @@
 
 #include "model/palette.h"
 
-#include <QTextBoundaryFinder>
+#include <QApplication>
+#include <QFontMetrics>
 
 #include <algorithm>
 #include <utility>
@@ -14,8 +15,11 @@ namespace tessel {
 
 namespace {
 
-/// The most characters, as people count them, of a name in a menu; with what stands for the middle.
-constexpr qsizetype longestName = 48;
+/// The most of a name in a menu, in pixels.
+constexpr int widestName = 320;
+
+/// The most of a name that is looked at, in UTF-16 units: far more than fits, but nothing that takes long.
+constexpr qsizetype longestName = 1000;
 
 MenuRow separator(const QString& id)
 {
@@ -33,6 +37,14 @@ MenuRow checkedRow(const QString& id, const QString& title, bool checked, std::f
 {
     MenuRow made = row(id, title, std::move(run));
     made.checked = checked;
+    return made;
+}
+
+MenuRow radioRow(const QString& id, const QString& title, const QString& group, bool checked,
+                 std::function<void()> run)
+{
+    MenuRow made = checkedRow(id, title, checked, std::move(run));
+    made.group = group;
     return made;
 }
 
@@ -57,43 +69,29 @@ bool disturbs(QChar character)
            (code >= u'\u202A' && code <= u'\u202E') || (code >= u'\u2066' && code <= u'\u2069');
 }
 
-/// Keeps the beginning and the end, never a part of a character.
-QString elidedInMiddle(const QString& text)
-{
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
-    std::vector<qsizetype> ends;
-    while (characters.toNextBoundary() >= 0)
-        ends.push_back(characters.position());
-    const auto count = static_cast<qsizetype>(ends.size());
-    if (count <= longestName)
-        return text;
-    const qsizetype head = ends[longestName / 2 - 1];
-    const qsizetype tail = ends[static_cast<std::size_t>(count - longestName / 2)];
-    return text.left(head) + QChar(u'\u2026') + text.mid(tail);
-}
-
 MenuRow motionRow(Store& store, const QString& id, const QString& title, bool motion)
 {
     const bool hasLook = store.desktop().has_value();
-    MenuRow made = checkedRow(id, title, hasLook && store.appliedMotion() == motion,
-                              [&store, motion] { setDesktopMotion(store, motion); });
+    MenuRow made = radioRow(id, title, QStringLiteral("motion"), hasLook && store.appliedMotion() == motion,
+                            [&store, motion] { setDesktopMotion(store, motion); });
     made.enabled = hasLook;
     return made;
 }
 
 MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint64 minutes)
 {
-    return checkedRow(id, title, store.shuffleMinutes() == minutes,
-                      [&store, minutes] { store.setShuffleMinutes(minutes); });
+    return radioRow(id, title, QStringLiteral("interval"), store.shuffleMinutes() == minutes,
+                    [&store, minutes] { store.setShuffleMinutes(minutes); });
 }
 
 MenuRow edgeRow(Store& store, const QString& id, Edge edge)
 {
     const QString name = QString::fromUtf8(title(edge).data(), static_cast<qsizetype>(title(edge).size()));
-    return checkedRow(id, name, !store.handleHidden() && store.edge() == edge, [&store, edge] {
-        store.setEdge(edge);
-        store.setHandleHidden(false);
-    });
+    return radioRow(id, name, QStringLiteral("handle"), !store.handleHidden() && store.edge() == edge,
+                    [&store, edge] {
+                        store.setEdge(edge);
+                        store.setHandleHidden(false);
+                    });
 }
 
 std::vector<MenuRow> intervalRows(Store& store)
@@ -107,8 +105,8 @@ std::vector<MenuRow> handleRows(Store& store)
 {
     return {edgeRow(store, QStringLiteral("left"), Edge::left),
             edgeRow(store, QStringLiteral("right"), Edge::right),
-            checkedRow(QStringLiteral("hidden"), QStringLiteral("Hidden"), store.handleHidden(),
-                       [&store] { store.setHandleHidden(true); })};
+            radioRow(QStringLiteral("hidden"), QStringLiteral("Hidden"), QStringLiteral("handle"),
+                     store.handleHidden(), [&store] { store.setHandleHidden(true); })};
 }
 
 std::vector<MenuRow> creditRows(const StatusCommands& commands)
@@ -190,10 +188,12 @@ void setDesktopMotion(Store& store, bool motion)
 
 QString menuTitle(const Preset& preset)
 {
-    QString name = QString::fromStdString(preset.name);
+    QString name = QString::fromStdString(preset.name).left(longestName);
     std::replace_if(name.begin(), name.end(), disturbs, QChar(QChar::Space));
     name = name.simplified();
-    return elidedInMiddle(name.isEmpty() ? QString::fromStdString(displayTitle(preset.look)) : name);
+    if (name.isEmpty())
+        name = QString::fromStdString(displayTitle(preset.look));
+    return QFontMetrics(QApplication::font("QMenu")).elidedText(name, Qt::ElideRight, widestName);
 }
 
 } // namespace tessel

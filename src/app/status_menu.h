@@ -33,8 +33,8 @@ struct StatusCommands
 /// Shows the desktop's look still or animated from now on; nothing while there is no look on the desktop.
 void setDesktopMotion(Store& store, bool motion);
 
-/// A preset's name as a menu can show it: on one line, a long one with its middle left out, and the look's
-/// title in place of one without anything to see.
+/// A preset's name as a menu can show it: on one line, no wider than 320 pixels in the font of menus, and the
+/// look's title in place of one without anything to see.
 [[nodiscard]] QString menuTitle(const Preset& preset);
 
 } // namespace tessel

@@ -11,13 +11,17 @@
 
 namespace tessel {
 
-TrayIcon::TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host) : m_menu(menu), m_host(std::move(host))
+TrayIcon::TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host)
+    : m_menu(menu)
+    , m_host(std::move(host))
+    , m_shade(watchPanelShade())
 {
     // An icon that was made while no panel listened on the bus is not offered to one later.
     connect(m_host.get(), &TrayHost::appeared, this, [this] {
         if (!m_hasPanel)
             renew();
     });
+    connect(m_shade.get(), &PanelShade::changed, this, &TrayIcon::drawIcon);
     qGuiApp->installEventFilter(this);
     renew();
 }
@@ -40,8 +44,8 @@ void TrayIcon::renew()
 
 void TrayIcon::drawIcon()
 {
-    const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-    m_icon->setIcon(statusIcon(panelTone(desktop, QGuiApplication::palette().color(QPalette::Window))));
+    const QColor windowColor = QGuiApplication::palette().color(QPalette::Window);
+    m_icon->setIcon(statusIcon(panelTone(m_shade->isDark(), windowColor)));
 }
 
 bool TrayIcon::eventFilter(QObject* watched, QEvent* event)

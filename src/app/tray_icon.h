@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/panel_shade.h"
 #include "platform/tray_host.h"
 
 #include <QMenu>
@@ -36,6 +37,7 @@ private:
 
     QMenu& m_menu;
     std::unique_ptr<TrayHost> m_host;
+    std::unique_ptr<PanelShade> m_shade;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     bool m_hasPanel = false; ///< when the icon was made
 };

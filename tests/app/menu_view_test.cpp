@@ -4,7 +4,9 @@
 #include "app/menu_view.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -137,6 +139,78 @@ TEST_F(MenuViewTest, IsBroughtUpToDateBeforeItOpens)
     EXPECT_THAT(texts(m_menu), ElementsAre("fresh"));
 }
 
+TEST_F(MenuViewTest, ScrollsInOneColumn)
+{
+    change(std::vector<MenuRow>(200, row("a")));
+    m_menu.popup({});
+    const QList<QAction*> actions = m_menu.actions();
+    EXPECT_EQ(m_menu.actionGeometry(actions.first()).left(), m_menu.actionGeometry(actions.last()).left());
+    EXPECT_LE(m_menu.height(), m_menu.screen()->size().height());
+}
+
+TEST_F(MenuViewTest, RunsShortcutsWhileItIsOpen)
+{
+    int runs = 0;
+    MenuRow quit = row("quit");
+    quit.shortcut = QKeySequence(Qt::CTRL | Qt::Key_Q);
+    quit.run = [&] { ++runs; };
+    change({quit, submenu("b", {row("x")})});
+    QMenu& child = *m_menu.actions().at(1)->menu();
+    for (QMenu* menu : {&m_menu, &child}) {
+        m_menu.popup({});
+        m_menu.setActiveAction(child.menuAction());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return child.isVisible(); }, 1000));
+        QTest::keyClick(menu, Qt::Key_Q, Qt::ControlModifier);
+        EXPECT_FALSE(m_menu.isVisible());
+        EXPECT_FALSE(child.isVisible());
+    }
+    EXPECT_EQ(runs, 2);
+    quit.enabled = false;
+    change({quit});
+    QTest::keyClick(&m_menu, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(MenuViewTest, GoesToTheNextRowThatBeginsWithALetter)
+{
+    MenuRow disabled = row("Pa");
+    disabled.enabled = false;
+    change({row("Nori"), disabled, submenu("Pb", {row("x")}), row("&c"), row("Pd")});
+    m_menu.popup({});
+    std::vector<std::string> selected;
+    for (const char letter : {'p', 'P', 'p', 'z', '&'}) {
+        QTest::keyClick(&m_menu, letter);
+        selected.push_back(m_menu.activeAction()->text().toStdString());
+    }
+    EXPECT_THAT(selected, ElementsAre("Pb", "Pd", "Pb", "Pb", "&&c"));
+    EXPECT_FALSE(m_menu.actions().at(2)->menu()->isVisible());
+}
+
+TEST_F(MenuViewTest, ChecksOneOfAGroupAtMost)
+{
+    const auto radio = [](const char* title, bool checked) {
+        MenuRow made = row(title);
+        made.group = QStringLiteral("group");
+        made.checked = checked;
+        return made;
+    };
+    const auto checks = [this] {
+        std::string list;
+        for (const QAction* action : m_menu.actions())
+            list += action->isChecked() ? 'x' : '-';
+        return list;
+    };
+    change({radio("a", false), radio("b", true), row("c")});
+    EXPECT_TRUE(m_menu.actions().at(0)->actionGroup()->isExclusive());
+    EXPECT_EQ(m_menu.actions().at(0)->actionGroup(), m_menu.actions().at(1)->actionGroup());
+    EXPECT_EQ(m_menu.actions().at(2)->actionGroup(), nullptr);
+    EXPECT_EQ(checks(), "-x-");
+    change({radio("a", true), radio("b", false), row("c")});
+    EXPECT_EQ(checks(), "x--");
+    change({radio("a", false), radio("b", false), row("c")});
+    EXPECT_EQ(checks(), "---");
+}
+
 TEST(ActionText, EscapesWhatTheDrawerWouldTakeForAMnemonic)
 {
     const auto text = [](const char* title, MenuDrawer drawer) {
@@ -144,7 +218,7 @@ TEST(ActionText, EscapesWhatTheDrawerWouldTakeForAMnemonic)
     };
     EXPECT_EQ(text("a_b & c", MenuDrawer::ourselves), "a_b && c");
     EXPECT_EQ(text("a_b", MenuDrawer::panel), "a\u02CDb");
-    EXPECT_EQ(text("a & b & c", MenuDrawer::panel), "a && b & c");
+    EXPECT_EQ(text("a & b & c", MenuDrawer::panel), "&\u200Ba & b & c");
     EXPECT_EQ(text("a &", MenuDrawer::panel), "a &");
 }
 

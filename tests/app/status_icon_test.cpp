@@ -92,41 +92,67 @@ TEST(StatusIcon, MasksHaveTwentyFourColumnsEach)
         EXPECT_EQ(row.size(), 24U);
 }
 
-TEST(StatusIcon, IsEnlargedByWholePixelsForPanels)
+TEST(StatusIcon, IsEnlargedByHalvesOfPixelsForPanels)
 {
     const QImage small = panelImage(bowlMask(), 22, PanelTone::dark);
     const QImage large = panelImage(bowlMask(), 48, PanelTone::dark);
-    EXPECT_EQ(large.size(), QSize(48, 48));
+    EXPECT_EQ(large.copy(2, 2, 44, 44), small.scaled(44, 44));
     EXPECT_EQ(inkCount(large), 4 * inkCount(small));
-    const QRgb ink = qRgb(242, 242, 242);
-    for (int y = 0; y < 20; ++y) {
-        for (int x = 0; x < 22; ++x) {
-            const bool isInk = small.pixel(x, y + 1) == ink;
-            for (const QPoint part : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1)})
-                ASSERT_EQ(large.pixel(QPoint(2 * x + 2, 2 * y + 4) + part) == ink, isInk) << x << ", " << y;
-        }
+    const QImage between = panelImage(bowlMask(), 33, PanelTone::light);
+    for (int y = 0; y < 30; ++y) {
+        for (int x = 0; x < 33; ++x)
+            ASSERT_EQ(qAlpha(between.pixel(x, y + 2)), qAlpha(statusImage(bowlMask()).pixel(x, y)));
     }
+}
+
+TEST(StatusIcon, KeepsItsWeightWhenMadeSmaller)
+{
+    const auto weight = [](int side) {
+        const QImage image = panelImage(bowlMask(), side, PanelTone::light, Rim::faint);
+        double sum = 0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x)
+                sum += qAlpha(image.pixel(x, y)) / 255.0;
+        }
+        return sum / (side * side);
+    };
+    const double whole = inkCount(panelImage(bowlMask(), 22, PanelTone::light)) / (22.0 * 22.0);
+    for (const int side : {16, 18, 20})
+        EXPECT_NEAR(weight(side), whole, 0.01) << side;
+}
+
+TEST(StatusIcon, HasARimOutsideOnly)
+{
+    IconMask mask = emptyMask();
+    mask[10] = "..........RCCCR.........";
+    const QImage image = panelImage(mask, 22, PanelTone::dark, Rim::faint);
+    const QRgb rim = qRgba(0, 0, 0, 90);
+    // Ink begins in column 9 of the drawn area, in its row 8, which is row 9 of the square.
+    for (const QPoint outside : {QPoint(8, 9), QPoint(9, 8), QPoint(10, 10), QPoint(14, 10)})
+        EXPECT_EQ(image.pixel(outside), rim) << outside.x() << ", " << outside.y();
+    for (const int column : {10, 11, 12})
+        EXPECT_EQ(image.pixel(column, 9), 0U) << column;
+    EXPECT_EQ(inkBounds(panelImage(mask, 22, PanelTone::dark)), QRect(9, 9, 5, 1));
 }
 
 TEST(StatusIcon, OffersExactSizesInBothTones)
 {
     for (const PanelTone tone : {PanelTone::light, PanelTone::dark}) {
         const QIcon icon = statusIcon(tone);
-        for (const int side : {22, 24, 32, 48})
-            EXPECT_TRUE(icon.availableSizes().contains(QSize(side, side))) << side;
-        EXPECT_EQ(icon.pixmap(24).toImage().convertToFormat(QImage::Format_ARGB32),
-                  panelImage(bowlMask(), 24, tone));
+        for (const int side : {16, 18, 20, 22, 24, 32, 33, 44}) {
+            EXPECT_EQ(icon.pixmap(side).toImage().convertToFormat(QImage::Format_ARGB32),
+                      panelImage(bowlMask(), side, tone, Rim::faint))
+                << side;
+        }
     }
 }
 
-TEST(StatusIcon, ExpectsThePanelOfTheDesktop)
+TEST(StatusIcon, TakesTheColoursOfWindowsForThoseOfPanelsUnlessItKnowsMore)
 {
-    const QString gnome = QStringLiteral("ubuntu:GNOME");
-    const QString plasma = QStringLiteral("KDE");
-    EXPECT_EQ(panelTone(gnome, Qt::white), PanelTone::dark);
-    EXPECT_EQ(panelTone(plasma, Qt::white), PanelTone::light);
-    EXPECT_EQ(panelTone(plasma, QColor(40, 40, 40)), PanelTone::dark);
-    EXPECT_EQ(panelTone(QString(), Qt::white), PanelTone::light);
+    EXPECT_EQ(panelTone({}, Qt::white), PanelTone::light);
+    EXPECT_EQ(panelTone({}, QColor(40, 40, 40)), PanelTone::dark);
+    EXPECT_EQ(panelTone(true, Qt::white), PanelTone::dark);
+    EXPECT_EQ(panelTone(false, QColor(40, 40, 40)), PanelTone::light);
 }
 
 } // namespace

@@ -14,19 +14,19 @@ FIRST_MENU = """\
 New Wallpaper (Control+N)
 Previous Wallpaper ~ (Control+P)
 --
-[ ] Still Wallpaper ~
-[ ] Animated Wallpaper ~
+( ) Still Wallpaper ~
+( ) Animated Wallpaper ~
 Presets
     Save as Preset... ~
 --
 Fresh Bowl
-    [ ] Every Hour
-    [ ] Every Day
-    [x] Never
+    ( ) Every Hour
+    ( ) Every Day
+    (x) Never
 Handle Position
-    [x] Left
-    [ ] Right
-    [ ] Hidden
+    (x) Left
+    ( ) Right
+    ( ) Hidden
 [ ] Launch at Login
 --
 Check for Updates...
@@ -55,8 +55,8 @@ class MenuTest(ApplicationTest):
     def test_rows_follow_the_state(self) -> None:
         self.assertEqual(self.panel.text(), FIRST_MENU)
         self.application.new_wallpaper()
-        with_look = FIRST_MENU.replace("[ ] Still Wallpaper ~", "[ ] Still Wallpaper")
-        with_look = with_look.replace("[ ] Animated Wallpaper ~", "[x] Animated Wallpaper")
+        with_look = FIRST_MENU.replace("( ) Still Wallpaper ~", "( ) Still Wallpaper")
+        with_look = with_look.replace("( ) Animated Wallpaper ~", "(x) Animated Wallpaper")
         with_look = with_look.replace("Save as Preset... ~", "Save as Preset...")
         self.assertEqual(self.panel.text(), with_look)
         self.application.new_wallpaper()

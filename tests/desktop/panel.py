@@ -34,7 +34,8 @@ class Row:
 
     @property
     def title(self) -> str:
-        return str(self.properties.get("label", "")).replace("_", "")
+        # A mnemonic would be underlined, unless it is something without width.
+        return str(self.properties.get("label", "")).replace("_\u200b", "")
 
     @property
     def enabled(self) -> bool:
@@ -45,10 +46,12 @@ class Row:
         return self.properties.get("toggle-state") == 1
 
     def lines(self, indent: str = "") -> list[str]:
-        """The row and those below it as text: "[x]" for a checkmark, "~" for what cannot be chosen."""
+        """The row and those below it as text: "[x]" for a checkmark, "(x)" for one that excludes others, "~"
+        for what cannot be chosen."""
         if self.properties.get("type") == "separator":
             return [indent + "--"]
-        mark = ("[x] " if self.checked else "[ ] ") if self.properties.get("toggle-type") else ""
+        marks = {"checkmark": "[{}] ", "radio": "({}) "}
+        mark = marks.get(self.properties.get("toggle-type"), "").format("x" if self.checked else " ")
         keys = "".join(f" ({'+'.join(keys)})" for keys in self.properties.get("shortcut", []))
         text = indent + mark + self.title + ("" if self.enabled else " ~") + keys
         return [text] + [line for child in self.children for line in child.lines(indent + "    ")]
