@@ -97,6 +97,9 @@ void AppDelegate::connectStore()
     connect(&m_parts.wallpaper, &Wallpaper::stillFailed, this, [this](const QString& message) {
         tell(QStringLiteral("The desktop picture stays as it was"), message);
     });
+    connect(&m_parts.wallpaper, &Wallpaper::photoMissing, this, [this](const QString& message) {
+        tell(QStringLiteral("The photo of this wallpaper cannot be shown"), message);
+    });
 }
 
 void AppDelegate::connectSystem()

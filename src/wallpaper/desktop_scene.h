@@ -33,6 +33,9 @@ public:
     /// as it can be drawn, which `changed` tells.
     void follow(const std::vector<QSize>& sizes);
 
+    /// Whether what follow() was asked for is still being made ready.
+    [[nodiscard]] bool isFollowing() const { return m_isFollowing; }
+
     /// Makes ready for a look that may come next, so that follow() will not have to wait for it.
     void anticipate(const Look& look, const std::vector<QSize>& sizes);
 

@@ -87,7 +87,13 @@ Wallpaper::Wallpaper(WallpaperEnvironment environment)
     m_hideWork.setSingleShot(true);
     m_settling.setSingleShot(true);
     m_settling.setInterval(m_environment.delays.settling);
-    connect(&m_hideWork, &QTimer::timeout, this, &Wallpaper::makeStill);
+    connect(&m_hideWork, &QTimer::timeout, this, [this] {
+        // It would take the windows away before the look has been seen in them.
+        if (m_scene.isFollowing())
+            m_hideWork.start();
+        else
+            makeStill();
+    });
     connect(&m_settling, &QTimer::timeout, this, &Wallpaper::takeDown);
     connect(&m_scene, &DesktopScene::changed, this, &Wallpaper::play);
     connect(&m_stills, &StillMaker::written, this, &Wallpaper::stillWritten);
@@ -302,8 +308,19 @@ void Wallpaper::makeStill()
         screens);
 }
 
+void Wallpaper::tellMissingPhoto()
+{
+    const Look& look = *m_environment.store.desktop();
+    const std::string path = look.pattern == Pattern::image ? look.imagePath.value_or("") : "";
+    const std::string problem = m_encoder.photos().problem(path);
+    if (!problem.empty())
+        Q_EMIT photoMissing(
+            QStringLiteral("%1: %2").arg(QString::fromStdString(path), QString::fromStdString(problem)));
+}
+
 void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
 {
+    tellMissingPhoto();
     m_written = pictures;
     const QStringList files = filesOf(pictures);
     if (m_environment.pictures != nullptr) {

@@ -77,6 +77,9 @@ Q_SIGNALS:
     /// The picture of the desktop could not be made or set; the old one stays.
     /// \param message why, naming the file or screen
     void stillFailed(const QString& message);
+    /// The desktop's look is shown without its photo.
+    /// \param message why, naming the file
+    void photoMissing(const QString& message);
 
 private:
     /// What our windows are for.
@@ -104,6 +107,7 @@ private:
     [[nodiscard]] bool isStillComing() const;
     void makeStill();
     void finishStill();
+    void tellMissingPhoto();
     void stillWritten(const std::vector<DesktopPicture>& pictures);
     void picturesSet(const QStringList& failures);
     void hold(const std::vector<DesktopPicture>& pictures);

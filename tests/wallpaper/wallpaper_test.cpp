@@ -292,6 +292,20 @@ TEST_F(WallpaperTest, ADesktopThatRefusesIsReportedAndOurWindowsStay)
     EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; })) << "it takes it now";
 }
 
+TEST_F(WallpaperTest, AMissingPhotoIsTold)
+{
+    QStringList told;
+    QObject::connect(wallpaper.get(), &Wallpaper::photoMissing,
+                     [&](const QString& message) { told << message; });
+    Look look = lookWithSeed(8);
+    look.pattern = Pattern::image;
+    look.imagePath = "/nowhere/summer.jpg";
+    store->applyToDesktop(look, RecordHistory::yes, false, ContinueFromEditor::no);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains(QStringLiteral("/nowhere/summer.jpg")));
+}
+
 TEST_F(WallpaperTest, AFullDiskCostsNothing)
 {
     ASSERT_TRUE(QFile(home.filePath(QStringLiteral("Wallpapers"))).open(QIODevice::WriteOnly));
