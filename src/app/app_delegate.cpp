@@ -134,13 +134,18 @@ void AppDelegate::greet()
     const QString where = TrayIcon::hasPanel()
                               ? QStringLiteral("Click the bowl in your panel")
                               : QStringLiteral("Start Tessel Broth once more to see its menu");
-    const QString title = QStringLiteral("Tessel Broth is ready");
-    const QString text = where + QStringLiteral(" and choose New Wallpaper for your first one.");
-    m_parts.notifications.show(title, text, [this, title, text] {
+    const Alert greeting{.message = QStringLiteral("Tessel Broth is ready"),
+                         .informative =
+                             where + QStringLiteral(" and choose New Wallpaper for your first one."),
+                         .takeFocus = TakeFocus::no};
+    m_parts.notifications.show(greeting.message, greeting.informative, [this, greeting] {
         // It may have taken long to find that nobody shows messages.
         if (!m_parts.store.desktop())
-            m_dialogs.alert({.message = title, .informative = text, .takeFocus = TakeFocus::no});
+            m_dialogs.alert(greeting);
     });
+    connect(
+        &m_parts.store, &Store::desktopChanged, this, [this, greeting] { m_dialogs.dismiss(greeting); },
+        Qt::SingleShotConnection);
 }
 
 /// Damaged settings stay as they are, so that they are found at every start. Once is enough to be told of

@@ -27,6 +27,12 @@ namespace {
 constexpr QSize nameFieldSize(240, 24);
 constexpr int textWidth = 380;
 constexpr int alertIconSide = 66;
+constexpr int margin = 14;
+
+QString idOf(const Alert& alert)
+{
+    return alert.message + QLatin1Char('\n') + alert.informative;
+}
 
 QLabel* makeText(const QString& text, QDialog& dialog)
 {
@@ -90,10 +96,12 @@ std::unique_ptr<QDialog> makeDialog(const Alert& alert, std::unique_ptr<QLineEdi
 {
     auto dialog = std::make_unique<QDialog>();
     dialog->setWindowTitle(QStringLiteral("Tessel Broth"));
-    dialog->setAccessibleDescription(alert.message + QLatin1Char('\n') + alert.informative);
+    dialog->setAccessibleDescription(idOf(alert));
     dialog->setAttribute(Qt::WA_ShowWithoutActivating, alert.takeFocus == TakeFocus::no);
     auto* layout = new QGridLayout(dialog.get());
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(margin);
     layout->addWidget(makeIcon(*dialog), 0, 0, Qt::AlignTop);
     auto* texts = new QVBoxLayout;
     layout->addLayout(texts, 0, 1);
@@ -135,8 +143,15 @@ void Dialogs::alert(const Alert& alert, const std::function<void(bool)>& done)
 {
     std::unique_ptr<QDialog> dialog = makeDialog(alert);
     const auto ended = [shown = dialog.get(), done] { done(shown->result() == QDialog::Accepted); };
-    if (!present(alert.message + QLatin1Char('\n') + alert.informative, std::move(dialog), ended))
+    if (!present(idOf(alert), std::move(dialog), ended))
         done(false);
+}
+
+void Dialogs::dismiss(const Alert& alert)
+{
+    const auto open = std::ranges::find(m_open, idOf(alert), &Open::id);
+    if (open != m_open.end())
+        open->dialog->reject();
 }
 
 void Dialogs::askPresetName(const QString& message, const QString& initial,

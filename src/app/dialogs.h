@@ -54,6 +54,9 @@ public:
     void alert(
         const Alert& alert, const std::function<void(bool first)>& done = [](bool) {});
 
+    /// Ends an alert that no longer says anything new, if it is open, as if it had been cancelled.
+    void dismiss(const Alert& alert);
+
     /// Asks for the name of a preset.
     /// \param initial there to be typed over
     /// \param done the name without white space around it; none on Cancel or if there is nothing else

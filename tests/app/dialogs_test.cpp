@@ -160,7 +160,8 @@ TEST_F(DialogsTest, SeveralCanBeUsedTogether)
     ask(QStringLiteral("Flow Ember"));
     QDialog& name = openDialog();
     m_log.current = name.winId();
-    m_dialogs->alert({QStringLiteral("Updates come with your system"), {}});
+    const Alert shown{QStringLiteral("Updates come with your system"), {}};
+    m_dialogs->alert(shown);
     QDialog& alert = *openDialogs()[openDialogs()[0] == &name ? 1 : 0];
     ASSERT_TRUE(QTest::qWaitForWindowActive(&alert));
     name.activateWindow();
@@ -171,8 +172,9 @@ TEST_F(DialogsTest, SeveralCanBeUsedTogether)
     EXPECT_EQ(m_log.given, alert.winId());
     EXPECT_EQ(m_log.givenBack, 0U);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&alert));
-    press("OK");
+    m_dialogs->dismiss(shown);
     EXPECT_EQ(m_log.givenBack, 77U);
+    m_dialogs->dismiss(shown);
 }
 
 TEST_F(DialogsTest, ShowsAlertsAsPlainText)
