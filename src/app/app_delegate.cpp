@@ -48,7 +48,8 @@ Alert problemAlert(const std::vector<SettingProblem>& problems)
         lines += key + problem.message + QStringLiteral("\n\n");
     }
     return {QStringLiteral("Some settings could not be read"),
-            lines + QStringLiteral("They stay in the file \"%1\" as they are until you change them here.")
+            lines + QStringLiteral("They stay in the file \"%1\" as they are until you change them here. "
+                                   "A copy of the file is kept beside it then.")
                         .arg(defaultSettingsFile())};
 }
 
@@ -93,6 +94,9 @@ void AppDelegate::connectStore()
     connect(&store, &Store::savingFailed, this, [this](const QString& message) {
         tell(QStringLiteral("Your settings cannot be saved"),
              message + QStringLiteral(" Tessel Broth keeps trying."));
+    });
+    connect(&store, &Store::savingResumed, this, [this] {
+        tell(QStringLiteral("Your settings are saved again"), QStringLiteral("Nothing has been lost."));
     });
     connect(&m_parts.wallpaper, &Wallpaper::stillFailed, this, [this](const QString& message) {
         tell(QStringLiteral("The desktop picture stays as it was"), message);
@@ -192,11 +196,12 @@ void AppDelegate::leave()
     if (std::exchange(m_hasLeft, true))
         return;
     m_dialogs.closeAll();
+    static_cast<void>(m_parts.store.saveNow());
+    m_tray.reset();
+    // This may take a moment, and keeps something itself.
+    m_parts.wallpaper.stop();
     if (!m_parts.store.saveNow())
         std::fputs("Tessel Broth: the last changes could not be saved.\n", stderr);
-    m_tray.reset();
-    // This may take a moment.
-    m_parts.wallpaper.stop();
 }
 
 /// Says something that needs no answer.

@@ -85,8 +85,9 @@ void ShuffleTimer::fire()
         schedule();
         return;
     }
-    m_store.shuffle();
+    // In this order both are saved together.
     keepServed(m_now());
+    m_store.shuffle();
     schedule();
 }
 

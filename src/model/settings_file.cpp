@@ -6,23 +6,32 @@
 
 #include "model/settings_file.h"
 
+#include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QThread>
 
 #include <algorithm>
-#include <chrono>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace tessel {
 
 namespace {
 
-constexpr std::chrono::seconds lockPatience{1};
+constexpr qsizetype maxCopies = 5;
 constexpr QByteArrayView byteOrderMark("\xEF\xBB\xBF");
 
 bool isLineBreak(char character)
@@ -93,6 +102,48 @@ std::string keyOf(QByteArrayView entry)
     return equals < 0 ? std::string() : entry.first(equals).trimmed().toByteArray().toStdString();
 }
 
+struct Entry
+{
+    QByteArrayView text; ///< its line break included
+    std::string key;     ///< of a setting in no group, otherwise empty
+    bool isTop = false;  ///< whether it is a header that settings in no group can follow
+};
+
+std::vector<Entry> entriesOf(QByteArrayView text)
+{
+    std::vector<Entry> entries;
+    bool isGeneral = true;
+    for (qsizetype begin = 0, end = 0; begin < text.size(); begin = end) {
+        end = endOfEntry(text, begin);
+        const QByteArrayView entry = text.sliced(begin, end - begin);
+        if (isHeader(entry)) {
+            isGeneral = isGeneralHeader(entry);
+            entries.push_back({entry, {}, isGeneral && isPlain(entry)});
+        } else {
+            entries.push_back({entry, isGeneral ? keyOf(entry) : std::string()});
+        }
+    }
+    return entries;
+}
+
+/// The same without the mark that some editors put in front.
+QByteArrayView withoutMark(QByteArrayView text)
+{
+    return text.sliced(text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0);
+}
+
+/// Whether these changes replace something that nobody could read.
+bool losesUnreadable(QByteArrayView text, const SettingValues& changes,
+                     const std::set<std::string>& unreadable)
+{
+    const std::vector<Entry> entries = entriesOf(withoutMark(text));
+    return std::ranges::any_of(entries, [&](const Entry& entry) {
+        // What we write is one line each. One that runs on has swallowed the settings below it.
+        return changes.contains(entry.key) &&
+               (unreadable.contains(entry.key) || std::ranges::any_of(entry.text.trimmed(), isLineBreak));
+    });
+}
+
 /// Bytes in the form that QSettings reads back as bytes.
 QByteArray quoted(const QByteArray& bytes)
 {
@@ -142,10 +193,14 @@ std::optional<QByteArray> contents(QFile& file)
 }
 
 /// Replaces a file whole, or leaves it as it is and returns false.
-bool replace(QSaveFile& file, const QByteArray& text)
+/// \param permissions of a file that is new
+bool replace(QSaveFile& file, const QByteArray& text, std::optional<QFile::Permissions> permissions = {})
 {
     // Not buffered: commit() pays no heed to a buffer that it could not write.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        return false;
+    }
+    if (permissions && !file.setPermissions(*permissions)) {
         return false;
     }
     // A write that falls short gives no reason, the one after it does.
@@ -159,6 +214,94 @@ bool replace(QSaveFile& file, const QByteArray& text)
     }
     return file.commit();
 }
+
+/// Keeps a copy of a file that holds this text; of the copies made before, the newest stay.
+/// \return why it could not be done, nothing on success
+std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
+{
+    const QFileInfo original(path);
+    const QDir folder = original.absoluteDir();
+    const QString stem = original.fileName() + QStringLiteral(".unreadable-");
+    const QStringList before = folder.entryList({stem + QLatin1Char('*')}, QDir::Files, QDir::Name);
+    if (!before.isEmpty()) {
+        // As when what comes after the copy has failed, and is tried again.
+        QFile newest(folder.filePath(before.back()));
+        if (contents(newest) == text) {
+            return std::nullopt;
+        }
+    }
+    // Without colons, which not every file system takes in a name.
+    const QString time = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss.zzz'Z'"));
+    QSaveFile copy(folder.filePath(stem + time));
+    if (!replace(copy, text, original.permissions())) {
+        return QStringLiteral("\"%1\" holds settings that cannot be read, and a copy cannot be kept: %2")
+            .arg(path, copy.errorString());
+    }
+    // Should one of them stay, it does no harm.
+    for (qsizetype index = 0; index + maxCopies <= before.size(); ++index) {
+        QFile::remove(folder.filePath(before.at(index)));
+    }
+    return std::nullopt;
+}
+
+/// The lock file that QSettings would use, for as long as this lives. QLockFile waits for the disk, and one
+/// that was killed while it made the file bars the way for half a minute. Here only the lock on the file
+/// counts, which ends with the program.
+class Lock
+{
+public:
+    explicit Lock(const QString& path) : m_path(QFile::encodeName(path)) {}
+    ~Lock()
+    {
+        if (m_file >= 0) {
+            unlink(m_path.constData());
+            close(m_file);
+        }
+    }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+    /// \return 0, EWOULDBLOCK as long as another program has it, or why there can be no such file
+    int take(std::chrono::milliseconds patience)
+    {
+        const QDeadlineTimer deadline(patience);
+        int error = tryTake();
+        while (error == EWOULDBLOCK && !deadline.hasExpired()) {
+            QThread::msleep(10);
+            error = tryTake();
+        }
+        return error;
+    }
+
+private:
+    int tryTake()
+    {
+        const int file = open(m_path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+        if (file < 0) {
+            return errno;
+        }
+        // Where a file system knows no locks, settings are saved without.
+        const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        if (isTaken || !isAtPath(file)) {
+            close(file);
+            return EWOULDBLOCK;
+        }
+        m_file = file;
+        return 0;
+    }
+
+    /// Whether nobody has removed the file after it was opened.
+    [[nodiscard]] bool isAtPath(int file) const
+    {
+        struct stat opened = {};
+        struct stat present = {};
+        return fstat(file, &opened) == 0 && stat(m_path.constData(), &present) == 0 &&
+               opened.st_dev == present.st_dev && opened.st_ino == present.st_ino;
+    }
+
+    QByteArray m_path;
+    int m_file = -1;
+};
 
 } // namespace
 
@@ -189,35 +332,27 @@ StoredSettings readSettings(const QString& path)
 
 QByteArray withSettings(QByteArrayView text, const SettingValues& changes)
 {
-    QByteArray result = text.startsWith(byteOrderMark) ? byteOrderMark.toByteArray() : QByteArray();
+    const QByteArrayView body = withoutMark(text);
+    QByteArray result = text.first(text.size() - body.size()).toByteArray();
     // New keys go to the top: quotes that nobody has closed may have swallowed the end.
     qsizetype top = result.size();
-    bool hasTopHeader = false;
-    bool isGeneral = true;
+    bool hasTop = false;
     SettingValues missing = changes;
-    for (qsizetype begin = result.size(), end = 0; begin < text.size(); begin = end) {
-        end = endOfEntry(text, begin);
-        const QByteArrayView entry = text.sliced(begin, end - begin);
-        if (isHeader(entry)) {
-            isGeneral = isGeneralHeader(entry);
-            result += entry;
-            if (isGeneral && !hasTopHeader && isPlain(entry)) {
-                hasTopHeader = true;
-                top = result.size();
-            }
-            continue;
-        }
-        const auto change = isGeneral ? changes.find(keyOf(entry)) : changes.end();
+    for (const Entry& entry : entriesOf(body)) {
+        const auto change = changes.find(entry.key);
         if (change == changes.end()) {
-            result += entry;
+            result += entry.text;
         } else if (missing.erase(change->first) > 0) {
             // Further entries for the key have to go: the last one is the one that is read.
             result += lineFor(change->first, change->second);
         }
+        if (entry.isTop && !std::exchange(hasTop, true)) {
+            top = result.size();
+        }
     }
 
     QByteArray lines;
-    if (!hasTopHeader && !missing.empty()) {
+    if (!hasTop && !missing.empty()) {
         lines += "[General]\n";
     }
     for (const auto& [key, value] : missing) {
@@ -226,29 +361,40 @@ QByteArray withSettings(QByteArrayView text, const SettingValues& changes)
     return result.insert(top, lines);
 }
 
-std::optional<QString> writeSettings(const QString& path, const SettingValues& changes)
+std::optional<WritingFailure> writeSettings(const QString& path, const SettingValues& changes,
+                                            const std::set<std::string>& unreadable,
+                                            std::chrono::milliseconds patience)
 {
     const QString folder = QFileInfo(path).absolutePath();
     if (!QDir().mkpath(folder)) {
-        return QStringLiteral("the folder \"%1\" cannot be made; a place that may be written to is expected")
-            .arg(folder);
+        return WritingFailure{
+            QStringLiteral("the folder \"%1\" cannot be made; a place that may be written to is expected")
+                .arg(folder)};
     }
-    QLockFile lock(path + QStringLiteral(".lock")); // the name that QSettings uses
-    if (!lock.tryLock(lockPatience)) {
-        return lock.error() == QLockFile::LockFailedError
-                   ? QStringLiteral("another program is writing \"%1\"").arg(path)
-                   : QStringLiteral(
-                         "the folder \"%1\" cannot be written to; permission and free space are expected")
-                         .arg(folder);
+    Lock lock(path + QStringLiteral(".lock"));
+    const int error = lock.take(patience);
+    if (error == EWOULDBLOCK) {
+        return WritingFailure{QStringLiteral("another program is writing \"%1\"").arg(path), true};
+    }
+    if (error != 0) {
+        return WritingFailure{
+            QStringLiteral(
+                "the folder \"%1\" cannot be written to (%2); permission and free space are expected")
+                .arg(folder, QString::fromStdString(std::generic_category().message(error)))};
     }
     QFile current(path);
     const std::optional<QByteArray> text = contents(current);
     if (!text) {
-        return QStringLiteral("\"%1\" cannot be read: %2").arg(path, current.errorString());
+        return WritingFailure{QStringLiteral("\"%1\" cannot be read: %2").arg(path, current.errorString())};
+    }
+    if (losesUnreadable(*text, changes, unreadable)) {
+        if (const std::optional<QString> failure = keepCopy(path, *text)) {
+            return WritingFailure{*failure};
+        }
     }
     QSaveFile next(path);
     if (!replace(next, withSettings(*text, changes))) {
-        return QStringLiteral("\"%1\" cannot be written: %2").arg(path, next.errorString());
+        return WritingFailure{QStringLiteral("\"%1\" cannot be written: %2").arg(path, next.errorString())};
     }
     return std::nullopt;
 }

@@ -9,8 +9,10 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <chrono>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 
@@ -38,9 +40,20 @@ struct StoredSettings
 /// stays byte for byte, settings that nobody can read included.
 [[nodiscard]] QByteArray withSettings(QByteArrayView text, const SettingValues& changes);
 
+/// Why settings could not be written.
+struct WritingFailure
+{
+    QString message;
+    bool isLocked = false; ///< another program is writing the file, which mostly takes a moment only
+};
+
 /// Puts new values into a settings file, at once and whole or not at all: as long as the new file is not on
-/// disk, the old one stays.
-/// \return why it could not be done, nothing on success
-[[nodiscard]] std::optional<QString> writeSettings(const QString& path, const SettingValues& changes);
+/// disk, the old one stays. Before it replaces what nobody could read, which are the values of the keys in
+/// `unreadable` and those that run on over several lines because a quote is missing, it keeps a copy of the
+/// file beside it, "<path>.unreadable-<time>"; the newest five stay.
+/// \param patience how long to wait for another program that is writing the file
+[[nodiscard]] std::optional<WritingFailure> writeSettings(const QString& path, const SettingValues& changes,
+                                                          const std::set<std::string>& unreadable = {},
+                                                          std::chrono::milliseconds patience = {});
 
 } // namespace tessel

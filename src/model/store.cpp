@@ -95,6 +95,12 @@ QByteArray bytes(const std::string& text)
     return QByteArray::fromStdString(text);
 }
 
+/// Another program's writing takes milliseconds, as a rule.
+constexpr std::chrono::milliseconds lockRetryInterval{100};
+constexpr std::chrono::seconds lockPatience{1};
+/// saveNow() is called twice when the program ends.
+constexpr std::chrono::milliseconds endPatience{500};
+
 std::vector<Look> withNewest(std::vector<Look> looks, const Look& newest)
 {
     looks.push_back(newest);
@@ -121,19 +127,22 @@ double mediaTime()
 Store::Store(StoreEnvironment environment, QObject* parent)
     : QObject(parent)
     , m_environment(std::move(environment))
-    , m_lookTimer(this)
+    , m_laterTimer(this)
     , m_retryTimer(this)
 {
-    m_lookTimer.setSingleShot(true);
-    m_lookTimer.setTimerType(Qt::PreciseTimer);
-    m_lookTimer.setInterval(m_environment.lookDelay);
-    connect(&m_lookTimer, &QTimer::timeout, this, [this] {
-        saveLook();
+    m_laterTimer.setSingleShot(true);
+    m_laterTimer.setTimerType(Qt::PreciseTimer);
+    m_laterTimer.setInterval(m_environment.lookDelay);
+    connect(&m_laterTimer, &QTimer::timeout, this, [this] {
+        addLook();
+        save();
         finish();
     });
     m_retryTimer.setSingleShot(true);
-    m_retryTimer.setInterval(m_environment.retryInterval);
-    connect(&m_retryTimer, &QTimer::timeout, this, [this] { finish(); });
+    connect(&m_retryTimer, &QTimer::timeout, this, [this] {
+        save();
+        finish();
+    });
     load();
 }
 
@@ -157,6 +166,9 @@ void Store::load()
 
     m_state.previous = m_state.look;
     m_state.desktopPrevious = m_state.desktop;
+    for (const SettingProblem& problem : m_problems) {
+        m_unreadable.insert(problem.key.toStdString());
+    }
 }
 
 bool Store::isOnDesktop() const
@@ -319,49 +331,94 @@ void Store::keep(const std::string& key, SettingValue value)
 {
     m_kept[key] = std::visit([](const auto& held) { return QVariant::fromValue(held); }, value);
     m_unsaved[key] = std::move(value);
-    finish();
+    saveLater();
 }
 
 bool Store::saveNow()
 {
-    if (m_lookTimer.isActive()) {
-        m_lookTimer.stop();
-        saveLook();
-    }
+    addLook();
+    save(endPatience);
     finish();
     return m_unsaved.empty();
 }
 
-/// Marks the edited look as to be saved with the next save().
-void Store::saveLook()
+/// Marks a setting as to be saved when the operation ends.
+void Store::setUnsaved(const char* key, SettingValue value)
 {
-    m_unsaved["look"] = bytes(encodeLook(m_state.look));
+    m_unsaved[key] = std::move(value);
+    m_isDue = true;
+}
+
+/// Marks the edited look, if it has changed, as to be saved with the next save().
+void Store::addLook()
+{
+    if (std::exchange(m_isLookUnsaved, false)) {
+        m_unsaved["look"] = bytes(encodeLook(m_state.look));
+    }
 }
 
 /// Saves what is marked as unsaved. Where that fails, it stays marked and is tried again later.
-void Store::save()
+void Store::save(std::chrono::milliseconds patience)
 {
     if (m_unsaved.empty()) {
         return;
     }
-    const std::optional<QString> failure = writeSettings(m_environment.settingsFile, m_unsaved);
+    const auto failure = writeSettings(m_environment.settingsFile, m_unsaved, m_unreadable, patience);
     if (failure) {
-        m_retryTimer.start();
-        if (!std::exchange(m_failing, true)) {
-            m_failure = failure;
-        }
+        retry(*failure);
         return;
     }
+    // The copy holds the other unreadable values too.
+    if (std::erase_if(m_unreadable, [this](const std::string& key) { return m_unsaved.contains(key); }) > 0) {
+        m_unreadable.clear();
+    }
     m_unsaved.clear();
+    if (!m_isLookUnsaved) {
+        m_laterTimer.stop();
+    }
     m_retryTimer.stop();
+    m_lockDeadline.reset();
     m_resumed = std::exchange(m_failing, false);
+}
+
+/// Has what is unsaved saved a little later, if nothing has seen to that already.
+void Store::saveLater()
+{
+    if (!m_laterTimer.isActive()) {
+        m_laterTimer.start();
+    }
+}
+
+/// Has it tried again, and notes the failure if it is news.
+void Store::retry(const WritingFailure& failure)
+{
+    if (failure.isLocked && !m_failing) {
+        if (!m_lockDeadline) {
+            m_lockDeadline.emplace(lockPatience);
+        }
+        if (!m_lockDeadline->hasExpired()) {
+            m_retryTimer.start(lockRetryInterval);
+            return;
+        }
+    }
+    m_lockDeadline.reset();
+    m_retryTimer.start(m_environment.retryInterval);
+    if (!std::exchange(m_failing, true)) {
+        m_failure = failure.message;
+    }
 }
 
 /// Ends every operation: saves, then tells what has happened.
 /// \param applying given when a look was put on the desktop
 void Store::finish(std::optional<ContinueFromEditor> applying)
 {
-    save();
+    if (std::exchange(m_isDue, false)) {
+        if (m_retryTimer.isActive()) {
+            saveLater();
+        } else {
+            save();
+        }
+    }
     // Taken out first: whoever hears of a change may start the next operation.
     const auto changes = std::exchange(m_changes, {});
     const auto refusal = std::exchange(m_refusal, {});
@@ -404,7 +461,7 @@ void Store::updateSetting(Value& field, Value value, Signal signal, const char* 
         return;
     }
     update(field, std::move(value), signal);
-    m_unsaved[key] = std::move(stored);
+    setUnsaved(key, std::move(stored));
 }
 
 /// The same for what is stored as JSON.
@@ -417,7 +474,7 @@ void Store::updateText(Value& field, Value value, Signal signal, const char* key
         return;
     }
     update(field, std::move(value), signal);
-    m_unsaved[key] = bytes(*text);
+    setUnsaved(key, bytes(*text));
 }
 
 /// A value as JSON; none, and a refusal noted, where JSON cannot hold it.
@@ -439,7 +496,8 @@ void Store::edit(Look next)
         return;
     }
     update(m_state.look, std::move(next), &Store::lookChanged);
-    m_lookTimer.start();
+    m_isLookUnsaved = true;
+    m_laterTimer.start();
 }
 
 void Store::fadeTo(Look next)
@@ -466,15 +524,15 @@ void Store::putOnDesktop(Look next, RecordHistory record, bool motion)
     }
     update(m_state.desktopPrevious, m_state.desktop, &Store::desktopPreviousChanged);
     update(m_state.desktopTransitionStart, m_environment.mediaTime(), &Store::desktopTransitionStartChanged);
-    m_unsaved["desktop"] = bytes(encodeLook(next));
-    m_unsaved["appliedMotion"] = motion;
+    setUnsaved("desktop", bytes(encodeLook(next)));
+    setUnsaved("appliedMotion", motion);
     update(m_state.desktop, std::optional(std::move(next)), &Store::desktopChanged);
     update(m_state.appliedMotion, motion, &Store::appliedMotionChanged);
 }
 
 void Store::updateDesktopHistory(std::vector<Look> looks)
 {
-    m_unsaved["desktopHistory"] = bytes(encodeLooks(looks));
+    setUnsaved("desktopHistory", bytes(encodeLooks(looks)));
     update(m_state.desktopHistory, std::move(looks), &Store::desktopHistoryChanged);
 }
 

@@ -7,6 +7,7 @@
 #include "model/settings_file.h"
 #include "model/shuffle.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -29,11 +30,12 @@ struct StoreEnvironment
     QString settingsFile = defaultSettingsFile();
     std::function<double()> mediaTime = tessel::mediaTime; ///< seconds
     RandomSource random = systemSource();
-    std::chrono::milliseconds lookDelay{400};       ///< from the last change of the look to its being saved
+    std::chrono::milliseconds lookDelay{400};       ///< to the saving of what is not saved at once
     std::chrono::milliseconds retryInterval{30000}; ///< between attempts to save while saving fails
 };
 
-/// A setting that could not be read. What the file holds for it stays there until that setting is changed.
+/// A setting that could not be read. What the file holds for it stays there until that setting is changed;
+/// then a copy of the file is kept.
 struct SettingProblem
 {
     QString key;     ///< empty where the file as a whole is meant
@@ -59,7 +61,7 @@ enum class ContinueFromEditor : std::uint8_t
 ///
 /// Every operation first changes all it has to, then saves, and only then emits: the signals of the
 /// properties that really changed, once each; `changed`; and, from an operation that puts a look on the
-/// desktop, `applied`.
+/// desktop, `applied`. While saving fails, operations do not wait for it: it is tried again on the side.
 ///
 /// What JSON cannot hold (encodeLook() says what that is) could not be loaded again. An operation that is
 /// given such a value changes nothing and emits `refused`.
@@ -178,10 +180,12 @@ public:
 
     /// A value that another part of the application keeps among the settings; invalid if there is none.
     [[nodiscard]] QVariant kept(const std::string& key) const;
-    /// Keeps such a value, saved at once. Its key is none of the properties'.
+    /// Keeps such a value. It is saved with whatever is saved next, or after `lookDelay`. Its key is none of
+    /// the properties'.
     void keep(const std::string& key, SettingValue value);
 
-    /// Saves what is not saved yet, as before the program ends.
+    /// Saves what is not saved yet, as before the program ends. It may wait half a second for another program
+    /// that is writing the settings.
     /// \return whether everything is saved
     bool saveNow();
 
@@ -214,8 +218,9 @@ Q_SIGNALS:
     /// A value was not taken; the message says what it held and what would be right.
     void refused(const QString& message);
 
-    /// Saving has begun to fail, or works again with nothing lost. In between it is tried again with every
-    /// change and every `retryInterval`.
+    /// Saving has begun to fail, or works again with nothing lost. In between it is tried again `lookDelay`
+    /// after a change and every `retryInterval`. That another program was writing the settings for less than
+    /// a second is no failure.
     void savingFailed(const QString& message);
     void savingResumed();
 
@@ -248,8 +253,11 @@ private:
     using Signal = void (Store::*)();
 
     void load();
-    void saveLook();
-    void save();
+    void setUnsaved(const char* key, SettingValue value);
+    void addLook();
+    void save(std::chrono::milliseconds patience = {});
+    void saveLater();
+    void retry(const WritingFailure& failure);
     void finish(std::optional<ContinueFromEditor> applying = {});
 
     template<typename Value>
@@ -273,10 +281,14 @@ private:
     std::optional<Look> m_upcoming; ///< once somebody has asked
     std::vector<SettingProblem> m_problems;
     std::map<std::string, QVariant> m_kept;
+    std::set<std::string> m_unreadable; ///< keys in the file, as long as there is no copy of it
     SettingValues m_unsaved;
+    bool m_isLookUnsaved = false; ///< it joins the others when it has been left alone
+    bool m_isDue = false;         ///< whether the operation changed what is saved at once
     bool m_failing = false;
-    QTimer m_lookTimer;  ///< runs while the edited look is not saved
-    QTimer m_retryTimer; ///< runs while saving fails
+    std::optional<QDeadlineTimer> m_lockDeadline; ///< when another program's writing becomes a failure
+    QTimer m_laterTimer;                          ///< runs while something waits for being saved
+    QTimer m_retryTimer;                          ///< runs while saving fails
 
     // What finish() has to tell.
     std::vector<Signal> m_changes;

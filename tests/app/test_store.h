@@ -24,6 +24,8 @@ public:
     /// As after a restart.
     void reopen()
     {
+        if (m_store)
+            m_store->saveNow();
         StoreEnvironment environment;
         environment.settingsFile = settingsFile();
         environment.random = seededSource(7);

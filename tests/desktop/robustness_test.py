@@ -36,7 +36,9 @@ class KillTest(ApplicationTest):
         """New wallpapers, the last perhaps on its way; returns the last look that is certain."""
         for _ in range(chance.randint(1, 3)):
             time.sleep(chance.uniform(0, 0.3))
+            before = self.application.look()
             self.application.do("new-wallpaper")
+            self.assertNotEqual(self.application.look(), before, "It is not saved.")
         acknowledged = self.application.look()
         if chance.random() < 0.5:
             self.wait_for_writing()

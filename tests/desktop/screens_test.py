@@ -97,6 +97,8 @@ class ChangesTest(ApplicationTest):
         self.application.start()
         for count in range(1, 61):
             self.application.do("new-wallpaper")
+            if count < 20:
+                time.sleep(0.15)  # until it is to be seen, and has taken the memory that it takes
             if count == 20:
                 self.application.wait_for_motion()
                 wait_until(self.application.pictures, "the first picture, which is made early")

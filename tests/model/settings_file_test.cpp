@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -13,10 +14,12 @@
 #include <csignal>
 #include <random>
 #include <sys/resource.h>
+#include <thread>
 
 namespace tessel {
 namespace {
 
+using namespace std::chrono_literals;
 using testing::HasSubstr;
 
 class SettingsFile : public testing::Test
@@ -172,13 +175,13 @@ TEST_F(SettingsFile, StaysAsItWasWhenTheDiskIsFull)
     const QByteArray before = "[General]\nedge=1\npresets=" + QByteArray(400, 'p') + "\n";
     put(path(), before);
     for (const rlim_t room : {0U, 1U, 200U, 450U}) {
-        std::optional<QString> failure;
+        std::optional<WritingFailure> failure;
         {
             const FileSizeLimit limit(room);
             failure = writeSettings(path(), {{"look", QByteArray(1000, 'l')}});
         }
         ASSERT_TRUE(failure) << room;
-        EXPECT_THAT(failure->toStdString(), HasSubstr(folder().toStdString())) << room;
+        EXPECT_THAT(failure->message.toStdString(), HasSubstr(folder().toStdString())) << room;
         EXPECT_EQ(textOf(path()), before) << room;
     }
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden),
@@ -194,6 +197,89 @@ TEST_F(SettingsFile, FollowsALink)
     EXPECT_EQ(writeSettings(path(), {{"k", 1}}), std::nullopt);
     EXPECT_EQ(textOf(path("elsewhere")), "k=1\n");
     EXPECT_TRUE(QFileInfo(path()).isSymLink());
+}
+
+TEST_F(SettingsFile, OnlyALivingProgramHoldsTheLock)
+{
+    const QString lock = path("broth.conf.lock");
+    // Killed after it had made the file, before it wrote into it who it was.
+    put(lock, {});
+    EXPECT_EQ(writeSettings(path(), {{"edge", 1}}), std::nullopt);
+    EXPECT_FALSE(QFile::exists(lock));
+
+    QLockFile other(lock);
+    ASSERT_TRUE(other.lock());
+    const std::optional<WritingFailure> failure = writeSettings(path(), {{"edge", 0}});
+    ASSERT_TRUE(failure);
+    EXPECT_TRUE(failure->isLocked);
+    EXPECT_THAT(failure->message.toStdString(), HasSubstr("another program is writing"));
+    EXPECT_EQ(textOf(path()), "[General]\nedge=1\n");
+
+    const std::jthread ending([&other] {
+        std::this_thread::sleep_for(50ms);
+        other.unlock();
+    });
+    EXPECT_EQ(writeSettings(path(), {{"edge", 0}}, {}, 10s), std::nullopt);
+}
+
+TEST_F(SettingsFile, ManyWritersLoseNothing)
+{
+    std::vector<std::jthread> writers;
+    for (const char* key : {"a", "b", "c", "d"}) {
+        writers.emplace_back([this, key] {
+            for (qint64 round = 1; round <= 100; ++round) {
+                while (const auto failure = writeSettings(path(), {{key, round}})) {
+                    ASSERT_TRUE(failure->isLocked) << failure->message.toStdString();
+                }
+            }
+        });
+    }
+    writers.clear();
+    for (const char* key : {"a", "b", "c", "d"}) {
+        EXPECT_EQ(readSettings(path()).values[key].toString(), QStringLiteral("100"));
+    }
+}
+
+TEST_F(SettingsFile, KeepsACopyOfWhatNobodyCouldRead)
+{
+    const auto copies = [this] {
+        QList<QByteArray> texts;
+        for (const QString& name : QDir(folder()).entryList({QStringLiteral("broth.conf.unreadable-*")})) {
+            EXPECT_EQ(QFile::permissions(path(name.toLatin1())), QFile::permissions(path()));
+            texts.append(textOf(path(name.toLatin1())));
+        }
+        return texts;
+    };
+    // A quote is missing: "look" has swallowed the presets.
+    const QByteArray damaged = "[General]\nedge=1\ntea=" + QByteArray(400, 't') +
+                               "\nlook=\"@ByteArray({})\npresets=\"@ByteArray([])\"\n";
+    put(path(), damaged);
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner));
+    EXPECT_EQ(writeSettings(path(), {{"edge", 1}}), std::nullopt);
+    EXPECT_EQ(copies(), QList<QByteArray>());
+    {
+        const FileSizeLimit room(600);
+        for (int attempt = 0; attempt < 2; ++attempt) {
+            EXPECT_TRUE(writeSettings(path(), {{"look", QByteArray(1000, 'l')}}));
+        }
+    }
+    EXPECT_EQ(copies(), QList<QByteArray>{damaged}) << "once";
+    EXPECT_EQ(writeSettings(path(), {{"look", 1}}), std::nullopt);
+    EXPECT_EQ(copies(), QList<QByteArray>{damaged});
+    {
+        // No room for the copy, though for the file.
+        const QByteArray before = textOf(path());
+        const FileSizeLimit room(100);
+        const std::optional<WritingFailure> failure = writeSettings(path(), {{"tea", 1}}, {"tea"});
+        ASSERT_TRUE(failure);
+        EXPECT_THAT(failure->message.toStdString(), HasSubstr("a copy cannot be kept"));
+        EXPECT_EQ(textOf(path()), before);
+    }
+    for (int value = 1; value <= 7; ++value) {
+        EXPECT_EQ(writeSettings(path(), {{"tea", value}}, {"tea"}), std::nullopt);
+    }
+    EXPECT_EQ(copies().size(), 5);
+    EXPECT_EQ(copies().back(), "[General]\nedge=1\ntea=6\nlook=1\n");
 }
 
 } // namespace

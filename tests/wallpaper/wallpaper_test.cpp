@@ -31,6 +31,8 @@ protected:
     void restart()
     {
         wallpaper.reset();
+        if (store)
+            store->saveNow();
         store.reset();
         store = std::make_unique<Store>(
             StoreEnvironment{.settingsFile = home.filePath(QStringLiteral("a.conf"))});
