@@ -4,6 +4,7 @@
 #include "app/commands.h"
 #include "app/open_dialogs.h"
 #include "app/test_store.h"
+#include "file_size_limit.h"
 #include "render/png_file.h"
 #include "wallpaper/photos.h"
 
@@ -16,9 +17,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <set>
-#include <sys/resource.h>
 
 namespace tessel {
 namespace {
@@ -339,25 +338,6 @@ TEST_F(UsePhotoTest, SaysWhereItCannotWrite)
     EXPECT_THAT(alertedReason(), HasSubstr(m_folder.toStdString()));
     EXPECT_EQ(m_store->look(), Look());
 }
-
-/// Lets files grow to a size and no further, as if the disk were full then.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_before{};
-};
 
 TEST_F(UsePhotoTest, LeavesNothingBehindOnAFullDisk)
 {

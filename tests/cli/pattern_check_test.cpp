@@ -112,6 +112,19 @@ std::vector<std::string> complaintsAbout(const std::function<void(Field&, const 
     return complaints(pattern, measure(source, 3));
 }
 
+/// The same of every tone alone.
+std::vector<std::string>
+complaintsAboutTones(const std::function<double(double tone, const FieldRequest&)>& spoil,
+                     Pattern pattern = Pattern::flow)
+{
+    return complaintsAbout(
+        [&](Field& field, const FieldRequest& request) {
+            for (float& tone : field.tones)
+                tone = static_cast<float>(spoil(tone, request));
+        },
+        pattern);
+}
+
 TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
 {
     EXPECT_THAT(complaintsAbout([](Field&, const FieldRequest&) {}), IsEmpty());
@@ -129,15 +142,12 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
                     std::fill_n(field.tones.begin(), 100, std::fmod(request.time, 0.1) < 0.05 ? 0.0F : 1.0F);
                 }),
                 Contains(HasSubstr("change of the liveliest cells")));
-    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
-                    for (float& tone : field.tones)
-                        tone = 0.5F + 0.5F * (tone - 0.5F) +
-                               static_cast<float>(0.2 * std::sin(9.0 * request.time));
+    EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest& request) {
+                    return 0.5 + 0.5 * (tone - 0.5) + 0.2 * std::sin(9.0 * request.time);
                 }),
                 Contains(HasSubstr("mean change from frame to frame")));
-    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
-                    for (float& tone : field.tones)
-                        tone *= request.time > 6000 ? 0.9F : 1.0F;
+    EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest& request) {
+                    return request.time > 6000 ? 0.9 * tone : tone;
                 }),
                 ElementsAre(HasSubstr("where the clock wraps")));
     EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
@@ -152,22 +162,17 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
 
 TEST(PatternCheck, HoldsLightOnDarkToItsOwnTones)
 {
-    const auto darken = [](float share) {
-        return [share](Field& field, const FieldRequest&) {
-            for (float& tone : field.tones)
-                tone = std::max(0.0F, (tone - share) / (1.0F - share));
-        };
+    const auto darken = [](double share) {
+        return
+            [share](double tone, const FieldRequest&) { return std::max(0.0, (tone - share) / (1 - share)); };
     };
-    EXPECT_THAT(complaintsAbout(darken(0.5F), Pattern::halo), IsEmpty());
-    EXPECT_THAT(complaintsAbout(darken(0.2F), Pattern::halo),
+    EXPECT_THAT(complaintsAboutTones(darken(0.5F), Pattern::halo), IsEmpty());
+    EXPECT_THAT(complaintsAboutTones(darken(0.2F), Pattern::halo),
                 ElementsAre(HasSubstr("least share of the darkest")));
-    EXPECT_THAT(complaintsAbout(darken(0.8F), Pattern::halo),
+    EXPECT_THAT(complaintsAboutTones(darken(0.8F), Pattern::halo),
                 Contains(HasSubstr("largest share of the darkest")));
-    EXPECT_THAT(complaintsAbout(darken(0.8F)), ElementsAre(HasSubstr("largest share of one fifth")));
-    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest&) {
-                    for (float& tone : field.tones)
-                        tone = 0.75F * tone;
-                }),
+    EXPECT_THAT(complaintsAboutTones(darken(0.8F)), ElementsAre(HasSubstr("largest share of one fifth")));
+    EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest&) { return 0.75 * tone; }),
                 ElementsAre(HasSubstr("least share of the brightest")));
 }
 

@@ -3,16 +3,15 @@
 
 #include "model/palette.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
 namespace tessel {
 namespace {
-
-using testing::ElementsAre;
 
 Look lookWithPalette(std::int64_t palette)
 {
@@ -34,6 +33,7 @@ TEST(PaletteGroups, AreTheRunsOfTheTableAfterTheCorePalettes)
         {"Metal", 11},    {"Silk", 16},   {"Fold", 12},  {"Threads", 15}, {"Beams", 20},
         {"Exposure", 20}, {"Curtain", 7}, {"Dawn", 11},  {"Planet", 19},  {"Halo", 32},
         {"Orbit", 10},    {"Tiles", 23},  {"Ribbon", 14}};
+    EXPECT_TRUE(std::ranges::all_of(builtInPalettes().first(12), &std::string_view::empty, &Palette::group));
     const std::vector<PaletteGroup>& groups = paletteGroups();
     ASSERT_EQ(groups.size(), families.size());
     int next = 12;
@@ -49,20 +49,20 @@ TEST(PaletteGroups, AreTheRunsOfTheTableAfterTheCorePalettes)
 
 TEST(PaletteName, WrapsPastTheEndOfTheTable)
 {
+    using Limits = std::numeric_limits<std::int64_t>;
     const std::vector<std::pair<std::int64_t, std::string_view>> names{
-        {0, "Ember"},   {112, "Troms\u00F8"}, {221, "Tideline"},
-        {222, "Ember"}, {223, "Tide"},        {std::int64_t{222} * 1'000'000'000'000 + 8, "Paper"}};
+        {0, "Ember"},
+        {112, "Troms\u00F8"},
+        {221, "Tideline"},
+        {222, "Ember"},
+        {223, "Tide"},
+        {std::int64_t{222} * 1'000'000'000'000 + 8, "Paper"},
+        {-1, "Ember"},
+        {Limits::min(), "Ember"},
+        {Limits::max(), "Nimbus"}}; // 2^63 - 1 leaves 79
     for (const auto& [index, name] : names) {
         EXPECT_EQ(paletteName(lookWithPalette(index)), name) << index;
     }
-}
-
-TEST(PaletteName, ExtremeIndicesStayInsideTheTable)
-{
-    const Look last = lookWithPalette(std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(paletteName(last), "Nimbus"); // 2^63 - 1 leaves 79 when divided by 222
-    EXPECT_EQ(paletteName(lookWithPalette(-1)), "Ember");
-    EXPECT_EQ(paletteName(lookWithPalette(std::numeric_limits<std::int64_t>::min())), "Ember");
 }
 
 TEST(DisplayTitle, IsPatternAndPalette)
@@ -82,42 +82,24 @@ TEST(DisplayTitle, IsPatternAndPalette)
     EXPECT_EQ(displayTitle(look), "Nova Nova");
 }
 
-TEST(ResolveStops, TakesTheBuiltInPaletteAndRepeatsItsLastStop)
+TEST(ResolveStops, TakesFiveAtMostAndRepeatsTheLast)
 {
-    const Stops ember = resolveStops(lookWithPalette(222));
-    EXPECT_EQ(ember.count, 5);
-    EXPECT_THAT(ember.slot, ElementsAre(0x0B0503, 0x5A0E02, 0xE0440E, 0xFFB347, 0xFFF1C9));
-
-    const Stops bloom = resolveStops(lookWithPalette(3));
-    EXPECT_EQ(bloom.count, 4);
-    EXPECT_THAT(bloom.slot, ElementsAre(0x14020F, 0x6B0F4E, 0xFF4FA3, 0xFFC2DD, 0xFFC2DD));
-
-    const Stops paper = resolveStops(lookWithStops({}));
-    EXPECT_EQ(paper.count, 2);
-    EXPECT_THAT(paper.slot, ElementsAre(0x1B1B1F, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8));
-}
-
-TEST(ResolveStops, TakesTheFirstFiveOwnStopsInTheirOrder)
-{
-    const Stops seven = resolveStops(lookWithStops({7, 6, 5, 4, 3, 2, 1}));
-    EXPECT_EQ(seven.count, 5);
-    EXPECT_THAT(seven.slot, ElementsAre(7, 6, 5, 4, 3));
-
-    const Stops three = resolveStops(lookWithStops({9, 1, 5}));
-    EXPECT_EQ(three.count, 3);
-    EXPECT_THAT(three.slot, ElementsAre(9, 1, 5, 5, 5));
-
-    const Stops one = resolveStops(lookWithStops({0xABCDEF}));
-    EXPECT_EQ(one.count, 2);
-    EXPECT_THAT(one.slot, ElementsAre(0xABCDEF, 0xABCDEF, 0xABCDEF, 0xABCDEF, 0xABCDEF));
-}
-
-TEST(HexText, HasSixUpperCaseDigits)
-{
-    EXPECT_EQ(hexText(0), "000000");
-    EXPECT_EQ(hexText(0x00000A), "00000A");
-    EXPECT_EQ(hexText(0xABCDEF), "ABCDEF");
-    EXPECT_EQ(hexText(0xFFFFFF), "FFFFFF");
+    struct Case
+    {
+        Look look;
+        int count;
+        std::array<Color, maxStops> slot;
+    };
+    for (const auto& [look, count, slot] :
+         {Case{lookWithPalette(222), 5, {0x0B0503, 0x5A0E02, 0xE0440E, 0xFFB347, 0xFFF1C9}},
+          Case{lookWithPalette(3), 4, {0x14020F, 0x6B0F4E, 0xFF4FA3, 0xFFC2DD, 0xFFC2DD}},
+          Case{lookWithStops({}), 2, {0x1B1B1F, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8}},
+          Case{lookWithStops({7, 6, 5, 4, 3, 2, 1}), 5, {7, 6, 5, 4, 3}},
+          Case{lookWithStops({9, 1, 5}), 3, {9, 1, 5, 5, 5}}, Case{lookWithStops({8}), 2, {8, 8, 8, 8, 8}}}) {
+        const Stops stops = resolveStops(look);
+        EXPECT_EQ(stops.count, count);
+        EXPECT_EQ(stops.slot, slot);
+    }
 }
 
 } // namespace

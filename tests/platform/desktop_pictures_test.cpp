@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/desktop_pictures.h"
+#include "platform/fake_service.h"
 #include "platform/linux/desktop_calls.h"
 #include "platform/linux/gnome_pictures.h"
 #include "platform/linux/lxqt_pictures.h"
@@ -15,9 +16,7 @@
 #include "platform/surroundings.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -31,7 +30,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
 
 namespace tessel {
 namespace {
@@ -46,68 +44,6 @@ MATCHER_P(Has, part, "")
 {
     return arg.contains(QString::fromUtf8(part));
 }
-
-/// Sets a variable of the environment for as long as it lives.
-class Variable
-{
-public:
-    Variable(const char* name, const QByteArray& value)
-        : m_name(name)
-        , m_wasSet(qEnvironmentVariableIsSet(name))
-        , m_before(qgetenv(name))
-    {
-        qputenv(name, value);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-    ~Variable()
-    {
-        if (m_wasSet)
-            qputenv(m_name, m_before);
-        else
-            qunsetenv(m_name);
-    }
-
-private:
-    const char* m_name;
-    const bool m_wasSet;
-    const QByteArray m_before;
-};
-
-/// A desktop's service that answers every call with a function's result; none is an error, and after hang()
-/// nothing is.
-class FakeDesktop : public QDBusVirtualObject
-{
-public:
-    using Answer = std::function<std::optional<QVariantList>(const QString& method, const QVariantList&)>;
-
-    FakeDesktop(QDBusConnection bus, const char* name, const char* path, Answer answer)
-        : m_bus(std::move(bus))
-        , m_answer(std::move(answer))
-    {
-        EXPECT_TRUE(m_bus.registerVirtualObject(QLatin1String(path), this));
-        EXPECT_TRUE(m_bus.registerService(QLatin1String(name)));
-    }
-
-    void hang() { m_hangs = true; }
-
-    [[nodiscard]] QString introspect(const QString& /*path*/) const override { return {}; }
-
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
-    {
-        if (m_hangs)
-            return true;
-        const auto values = m_answer(message.member(), message.arguments());
-        connection.send(values ? message.createReply(*values)
-                               : message.createErrorReply(QDBusError::AccessDenied, QStringLiteral("no")));
-        return true;
-    }
-
-private:
-    QDBusConnection m_bus;
-    const Answer m_answer;
-    bool m_hangs = false;
-};
 
 class DesktopPicturesTest : public testing::Test
 {
@@ -251,7 +187,7 @@ protected:
 
 TEST_F(OnBusTest, AHungDesktopIsWaitedForOnce)
 {
-    FakeDesktop service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
+    FakeService service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                         [](const QString&, const QVariantList&) { return QVariantList(); });
     service.hang();
     DesktopCalls calls(ours, 200ms);
@@ -275,7 +211,7 @@ TEST_F(OnBusTest, AHungDesktopIsWaitedForOnce)
 
 TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
 {
-    FakeDesktop service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
+    FakeService service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                         [](const QString&, const QVariantList&) { return QVariantList(); });
     service.hang();
     auto queue = std::make_unique<QueuedPictures>(QString(),
@@ -319,7 +255,7 @@ protected:
                          {key("HDMI-10", 7, "last-image"), QStringLiteral("/other.png")}};
     QString locked;
     QStringList changed;
-    FakeDesktop service{
+    FakeService service{
         bus.connect(), "org.xfce.Xfconf", "/org/xfce/Xfconf",
         [this](const QString& method, const QVariantList& arguments) { return answer(method, arguments); }};
     XfcePictures xfce{ours, 2};
@@ -361,7 +297,7 @@ TEST_F(OnBusTest, PlasmaIsToldInOneScriptAndSaysWhatItTook)
 {
     QString script;
     std::optional<QVariantList> answer = QVariantList{QStringLiteral("[[2,2],[1,1]]")};
-    const FakeDesktop service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
+    const FakeService service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                               [&](const QString& method, const QVariantList& arguments) {
                                   EXPECT_EQ(method, QStringLiteral("evaluateScript"));
                                   script = arguments.value(0).toString();
@@ -399,7 +335,7 @@ TEST_F(OnBusTest, LxqtIsToldOnePictureForAllMonitors)
     };
     std::vector<QVariantList> calls;
     bool takesIt = true;
-    const FakeDesktop service(bus.connect(), "org.pcmanfm.PCManFM", "/Application",
+    const FakeService service(bus.connect(), "org.pcmanfm.PCManFM", "/Application",
                               [&](const QString& method, const QVariantList& arguments) {
                                   EXPECT_EQ(method, QStringLiteral("setWallpaper"));
                                   calls.push_back(arguments);
@@ -620,16 +556,11 @@ TEST_F(OnX11Test, ANumberThatIsAWindowsNowIsNoReasonToEndItsOwner)
 TEST_F(OnX11Test, TheRootIsSetAgainWhenItGrows)
 {
     EXPECT_THAT(root.apply({two[0]}, Which::all), IsEmpty());
-    QProcess xrandr;
-    xrandr.start(QStringLiteral("xrandr"),
-                 {QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--off")});
-    xrandr.waitForFinished();
-    xrandr.start(QStringLiteral("xrandr"), {QStringLiteral("--fb"), QStringLiteral("600x380")});
-    xrandr.waitForFinished();
+    xrandr("--fb 640x400 --output screen --off");
+    xrandr("--fb 600x380");
     EXPECT_THAT(root.apply({two[0]}, Which::different), IsEmpty());
     EXPECT_EQ(content(rootPixmap()), together({two[0]}, {600, 380}));
-    xrandr.start(QStringLiteral("xrandr"), {QStringLiteral("--fb"), QStringLiteral("640x400")});
-    xrandr.waitForFinished();
+    xrandr("--fb 640x400");
     EXPECT_THAT(root.apply(two, Which::different), IsEmpty());
     EXPECT_EQ(content(rootPixmap()), together(two, {640, 400}));
 }
@@ -735,7 +666,7 @@ TEST_F(DetectionTest, ADesktopThatComesAfterUsGetsThePictures)
     EXPECT_EQ(content(x.root()), together(two, {640, 400}));
 
     QString script;
-    const FakeDesktop plasma(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
+    const FakeService plasma(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                              [&script](const QString&, const QVariantList& arguments) {
                                  script = arguments.value(0).toString();
                                  return QVariantList{QStringLiteral("[[1,1],[1,1]]")};

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 
 namespace tessel {
 
@@ -20,12 +21,18 @@ class FakeService : public QDBusVirtualObject
 {
 public:
     using Method = std::function<QVariantList(const QVariantList& arguments)>;
+    using Answer = std::function<std::optional<QVariantList>(const QString& method, const QVariantList&)>;
 
-    FakeService(QDBusConnection bus, QString name);
+    /// \param path below which it answers
+    FakeService(QDBusConnection bus, QString name, QString path = QStringLiteral("/"));
+    /// One that answers every call with a function's result; none is a refusal.
+    FakeService(QDBusConnection bus, const char* name, const char* path, Answer answer);
     ~FakeService() override;
 
     /// \param member interface and name, such as "org.example.Thing.Do"
     void answer(const QString& member, Method method) { m_methods[member] = std::move(method); }
+    /// From now on it answers nothing.
+    void hang() { m_hangs = true; }
     /// What the properties interface answers for a property's name.
     void setProperty(const QString& name, const QVariant& value) { m_properties[name] = value; }
     /// The same, and tells of it.
@@ -39,7 +46,10 @@ public:
 
 private:
     QDBusConnection m_bus;
-    QString m_name;
+    const QString m_name;
+    const QString m_path;
+    Answer m_answer;
+    bool m_hangs = false;
     std::map<QString, Method> m_methods;
     std::map<QString, QVariant> m_properties;
 };

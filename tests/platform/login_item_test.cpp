@@ -48,19 +48,14 @@ class LoginItemTest : public testing::Test
 protected:
     LoginItemTest()
     {
-        qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit());
-        qputenv("XDG_CONFIG_DIRS", m_system.path().toLocal8Bit());
         write(m_program, "#!/bin/sh\n");
         QFile::setPermissions(m_program, QFile::ReadOwner | QFile::ExeOwner);
-    }
-    ~LoginItemTest() override
-    {
-        qunsetenv("XDG_CONFIG_HOME");
-        qunsetenv("XDG_CONFIG_DIRS");
     }
 
     QTemporaryDir m_home;
     QTemporaryDir m_system;
+    const Variable m_ownFolder{"XDG_CONFIG_HOME", m_home.path().toLocal8Bit()};
+    const Variable m_everybodysFolder{"XDG_CONFIG_DIRS", m_system.path().toLocal8Bit()};
     QString m_own = m_home.path() + entry;
     QString m_everybodys = m_system.path() + entry;
     QString m_program = m_home.filePath(QStringLiteral("bin/tessel broth"));

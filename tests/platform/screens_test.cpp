@@ -5,7 +5,6 @@
 #include "platform/surroundings.h"
 
 #include <QGuiApplication>
-#include <QProcess>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,31 +15,15 @@ using namespace std::chrono_literals;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-void xrandr(const QString& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xrandr"), arguments.split(QLatin1Char(' ')));
-    ASSERT_TRUE(process.waitForFinished());
-    ASSERT_EQ(process.exitCode(), 0);
-}
-
 class ScreensTest : public testing::Test
 {
 protected:
-    explicit ScreensTest(const char* scale = "1")
-    {
-        qputenv("QT_SCALE_FACTOR", scale);
-        qputenv("QT_QPA_PLATFORM", "xcb");
-        m_application = std::make_unique<WithApplication<QGuiApplication>>();
-    }
-    ~ScreensTest() override
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qunsetenv("QT_SCALE_FACTOR");
-    }
+    explicit ScreensTest(const char* scale = "1") : m_scale("QT_SCALE_FACTOR", scale) {}
 
+    const Variable m_platform{"QT_QPA_PLATFORM", "xcb"};
+    const Variable m_scale;
     VirtualDisplay m_display;
-    std::unique_ptr<WithApplication<QGuiApplication>> m_application;
+    WithApplication<QGuiApplication> m_application;
 };
 
 TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
@@ -51,17 +34,17 @@ TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
     const Screen whole{QStringLiteral("screen"), QRect(0, 0, 1280, 800), 1};
     EXPECT_EQ(screens.list(), std::vector{whole});
 
-    xrandr(QStringLiteral("--fb 1280x800 --output screen --off"));
+    xrandr("--fb 1280x800 --output screen --off");
     ASSERT_TRUE(waitUntil([&] { return changes > 0; }));
     EXPECT_THAT(screens.list(), IsEmpty());
 
-    xrandr(QStringLiteral("--output screen --auto"));
+    xrandr("--output screen --auto");
     ASSERT_TRUE(waitUntil([&] { return changes > 1; }));
     EXPECT_EQ(screens.list(), std::vector{whole});
 
-    xrandr(QStringLiteral("--newmode small 24 800 820 840 860 600 602 604 620"));
-    xrandr(QStringLiteral("--addmode screen small"));
-    xrandr(QStringLiteral("--output screen --mode small"));
+    xrandr("--newmode small 24 800 820 840 860 600 602 604 620");
+    xrandr("--addmode screen small");
+    xrandr("--output screen --mode small");
     ASSERT_TRUE(waitUntil([&] { return changes > 2; }));
     ASSERT_THAT(screens.list(), SizeIs(1));
     EXPECT_EQ(screens.list().front().pixels(), QRect(0, 0, 800, 600));

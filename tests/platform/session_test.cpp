@@ -88,9 +88,6 @@ private:
 class SessionTest : public testing::Test
 {
 protected:
-    SessionTest() { qputenv("XDG_SESSION_ID", "37"); }
-    ~SessionTest() override { qunsetenv("XDG_SESSION_ID"); }
-
     LinuxSession& makeSession() { return m_session.emplace(m_bus.connect(), m_bus.connect()); }
 
     /// Waits for what the session finds out about one thing.
@@ -99,6 +96,7 @@ protected:
         EXPECT_TRUE(waitUntil([&] { return m_session->state().*field == value; }));
     }
 
+    const Variable m_sessionId{"XDG_SESSION_ID", "37"};
     WithApplication<QCoreApplication> m_application;
     PrivateBus m_bus;
     std::optional<LinuxSession> m_session;
@@ -221,8 +219,8 @@ void replaceFile(const QString& path, const QByteArray& content)
 TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
 {
     const QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    const Variable configuration("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const Variable desktop("XDG_CURRENT_DESKTOP", "KDE");
     const QString file = home.filePath(QStringLiteral("kdeglobals"));
     replaceFile(file, "[KDE]\nAnimationDurationFactor=0\n");
     makeSession();
@@ -233,8 +231,6 @@ TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
     expectBecomes(&SessionState::reducedMotion, true);
     replaceFile(file, "[KDE]\nwidgetStyle=Breeze\n");
     expectBecomes(&SessionState::reducedMotion, false);
-    qunsetenv("XDG_CURRENT_DESKTOP");
-    qunsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(SessionTest, StartsNothingByAsking)

@@ -3,6 +3,8 @@
 
 #include "platform/surroundings.h"
 
+#include <gtest/gtest.h>
+
 namespace tessel {
 
 Surrounding::~Surrounding()
@@ -44,6 +46,30 @@ VirtualDisplay::VirtualDisplay(const QString& size)
 VirtualDisplay::~VirtualDisplay()
 {
     qunsetenv("DISPLAY");
+}
+
+Variable::Variable(const char* name, const QByteArray& value)
+    : m_name(name)
+    , m_wasSet(qEnvironmentVariableIsSet(name))
+    , m_before(qgetenv(name))
+{
+    qputenv(name, value);
+}
+
+Variable::~Variable()
+{
+    if (m_wasSet)
+        qputenv(m_name, m_before);
+    else
+        qunsetenv(m_name);
+}
+
+void xrandr(const char* arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xrandr"), QString::fromLatin1(arguments).split(QLatin1Char(' ')));
+    ASSERT_TRUE(process.waitForFinished());
+    ASSERT_EQ(process.exitCode(), 0);
 }
 
 void settle(std::chrono::milliseconds duration)

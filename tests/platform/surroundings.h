@@ -59,6 +59,24 @@ private:
     QString m_number;
 };
 
+/// Sets a variable of the environment for as long as it lives.
+class Variable
+{
+public:
+    Variable(const char* name, const QByteArray& value);
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+    ~Variable();
+
+private:
+    const char* m_name;
+    const bool m_wasSet;
+    const QByteArray m_before;
+};
+
+/// Changes the monitors of the display.
+void xrandr(const char* arguments);
+
 /// The event loop that adapters need.
 template<typename Application>
 class WithApplication

@@ -17,7 +17,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <optional>
 #include <xcb/shape.h>
 
 namespace tessel {
@@ -36,46 +35,40 @@ class X11DesktopWindowTest : public testing::Test
 protected:
     X11DesktopWindowTest()
     {
-        qputenv("QT_QPA_PLATFORM", "xcb");
-        m_application.emplace();
-        m_server.emplace();
-        m_context.emplace();
-        m_window = makeDesktopWindow({QStringLiteral("screen"), place, 1}, *m_context);
+        m_window = makeDesktopWindow({QStringLiteral("screen"), place, 1}, m_context);
         m_id = static_cast<xcb_window_t>(QGuiApplication::allWindows().constLast()->winId());
     }
-    ~X11DesktopWindowTest() override { qputenv("QT_QPA_PLATFORM", "offscreen"); }
 
     /// The window in which a file manager draws the desktop.
     xcb_window_t makeDesktop()
     {
-        const xcb_window_t window = xcb_generate_id(m_server->get());
-        xcb_create_window(m_server->get(), XCB_COPY_FROM_PARENT, window, m_server->root(), 0, 0, 1280, 800, 0,
+        const xcb_window_t window = xcb_generate_id(m_server.get());
+        xcb_create_window(m_server.get(), XCB_COPY_FROM_PARENT, window, m_server.root(), 0, 0, 1280, 800, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-        const std::uint32_t type = m_server->atom("_NET_WM_WINDOW_TYPE_DESKTOP");
-        m_server->setProperty(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {&type, 1});
-        xcb_map_window(m_server->get(), window);
-        m_server->sync();
+        const std::uint32_t type = m_server.atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+        m_server.setProperty(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {&type, 1});
+        xcb_map_window(m_server.get(), window);
+        m_server.sync();
         return window;
     }
 
     /// Tells the order of the windows as window managers do.
     void stack(const std::vector<std::uint32_t>& fromBelow)
     {
-        m_server->setProperty(m_server->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, fromBelow);
-        m_server->sync();
+        m_server.setProperty(m_server.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, fromBelow);
+        m_server.sync();
     }
 
     std::vector<std::uint32_t> belongsTo()
     {
-        return m_server->property(m_id, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW);
+        return m_server.property(m_id, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW);
     }
 
     /// What of the window is not there.
     QRegion holes()
     {
         const XcbPointer<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
-            m_server->get(), xcb_shape_get_rectangles(m_server->get(), m_id, XCB_SHAPE_SK_BOUNDING),
-            nullptr));
+            m_server.get(), xcb_shape_get_rectangles(m_server.get(), m_id, XCB_SHAPE_SK_BOUNDING), nullptr));
         QRegion missing(QRect({}, place.size()));
         const xcb_rectangle_t* first = xcb_shape_get_rectangles_rectangles(reply.get());
         for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
@@ -86,22 +79,23 @@ protected:
     void countShowings()
     {
         static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-        xcb_change_window_attributes(m_server->get(), m_id, XCB_CW_EVENT_MASK, &events);
-        m_server->sync();
+        xcb_change_window_attributes(m_server.get(), m_id, XCB_CW_EVENT_MASK, &events);
+        m_server.sync();
     }
 
     int showings()
     {
-        m_server->sync();
-        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_server->get())})
+        m_server.sync();
+        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_server.get())})
             m_showings += (event->response_type & 0x7F) == XCB_MAP_NOTIFY ? 1 : 0;
         return m_showings;
     }
 
+    const Variable m_platform{"QT_QPA_PLATFORM", "xcb"};
     VirtualDisplay m_display;
-    std::optional<WithApplication<QGuiApplication>> m_application;
-    std::optional<X11Connection> m_server;
-    std::optional<GlContext> m_context;
+    WithApplication<QGuiApplication> m_application;
+    X11Connection m_server;
+    GlContext m_context;
     std::unique_ptr<DesktopWindow> m_window;
     xcb_window_t m_id = XCB_WINDOW_NONE;
     int m_showings = 0;
@@ -165,7 +159,7 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
         for (const QRect& icon : icons)
             painter.fillRect(icon, Qt::white);
         painter.end();
-        upload(*m_server, desktop, on, {});
+        upload(m_server, desktop, on, {});
     };
     const auto withRims = [](const QRegion& icons) {
         QRegion result;

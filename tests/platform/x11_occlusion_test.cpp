@@ -11,6 +11,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 #include <xcb/shape.h>
 
@@ -159,21 +160,15 @@ TEST_F(X11OcclusionTest, AHiddenWindowCoversNothing)
 {
     const xcb_window_t window = show(monitor);
     expectBecomes(true);
-    struct Case
-    {
-        const char* property;
-        std::uint32_t hides;
-        std::uint32_t shows;
-        bool ofRoot = false;
-    };
-    const std::vector<Case> cases{
-        {"_NET_WM_STATE", m_server.atom("_NET_WM_STATE_HIDDEN"), m_server.atom("_NET_WM_STATE_FULLSCREEN")},
-        {"_NET_WM_STATE", m_server.atom("_NET_WM_STATE_SHADED"), m_server.atom("_NET_WM_STATE_ABOVE")},
-        {"WM_STATE", 3, 1},
-        {"_NET_WM_DESKTOP", 1, 0},
-        {"_NET_WM_DESKTOP", 1, 0xFFFFFFFF},
+    const std::vector<std::tuple<const char*, std::uint32_t, std::uint32_t, bool>> cases{
+        {"_NET_WM_STATE", m_server.atom("_NET_WM_STATE_HIDDEN"), m_server.atom("_NET_WM_STATE_FULLSCREEN"),
+         false},
+        {"_NET_WM_STATE", m_server.atom("_NET_WM_STATE_SHADED"), m_server.atom("_NET_WM_STATE_ABOVE"), false},
+        {"WM_STATE", 3, 1, false},
+        {"_NET_WM_DESKTOP", 1, 0, false},
+        {"_NET_WM_DESKTOP", 1, 0xFFFFFFFF, false},
         {"_NET_WM_WINDOW_TYPE", m_server.atom("_NET_WM_WINDOW_TYPE_DESKTOP"),
-         m_server.atom("_NET_WM_WINDOW_TYPE_DOCK")},
+         m_server.atom("_NET_WM_WINDOW_TYPE_DOCK"), false},
         {"_NET_SHOWING_DESKTOP", 1, 0, true},
     };
     for (const auto& [property, hides, shows, ofRoot] : cases) {

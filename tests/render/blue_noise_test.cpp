@@ -26,73 +26,50 @@ Ranks whiteNoise()
     return ranks;
 }
 
-bool hasDot(const Ranks& ranks, double share, int x, int y)
+std::vector<std::array<int, 2>> dotsOf(const Ranks& ranks, double share)
 {
-    const auto place = static_cast<std::size_t>(y) * side + static_cast<std::size_t>(x);
-    return ranks[place] < share * blueNoiseCount;
-}
-
-using Line = std::array<std::complex<double>, side>;
-
-Line fourier(const Line& line)
-{
-    Line result;
-    for (int k = 0; k < side; ++k) {
-        for (int i = 0; i < side; ++i)
-            result[static_cast<std::size_t>(k)] +=
-                line[static_cast<std::size_t>(i)] * std::polar(1.0, -2 * std::numbers::pi * k * i / side);
+    std::vector<std::array<int, 2>> dots;
+    for (int place = 0; place < side * side; ++place) {
+        if (ranks[static_cast<std::size_t>(place)] < share * blueNoiseCount)
+            dots.push_back({place % side, place / side});
     }
-    return result;
+    return dots;
 }
 
 /// Mean power, over all directions, of the waves at least three times as long as the mean distance of the
 /// dots (or of the gaps, whichever are rarer), as a share of the mean power of all waves: 1 for white noise.
 double lowPower(const Ranks& ranks, double share)
 {
-    std::vector<Line> rows(side);
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] =
-                hasDot(ranks, share, x, y) ? 1 : 0;
-        rows[static_cast<std::size_t>(y)] = fourier(rows[static_cast<std::size_t>(y)]);
-    }
+    const auto dots = dotsOf(ranks, share);
     const double highest = side * std::sqrt(std::min(share, 1 - share)) / 3;
-    std::array<double, 2> sums{};
-    std::array<int, 2> counts{};
-    for (int u = 0; u < side; ++u) {
-        Line column;
-        std::transform(rows.begin(), rows.end(), column.begin(),
-                       [u](const Line& row) { return row[static_cast<std::size_t>(u)]; });
-        column = fourier(column);
-        for (int v = u == 0 ? 1 : 0; v < side; ++v) {
-            const double frequency = std::hypot(std::min(u, side - u), std::min(v, side - v));
-            const double power = std::norm(column[static_cast<std::size_t>(v)]);
-            for (const std::size_t kind : {std::size_t{0}, std::size_t{1}}) {
-                if (kind == 0 || frequency <= highest) {
-                    sums[kind] += power;
-                    ++counts[kind];
-                }
-            }
+    double sum = 0;
+    int waves = 0;
+    for (int u = static_cast<int>(-highest); u <= highest; ++u) {
+        for (int v = u > 0 ? 0 : 1; std::hypot(u, v) <= highest; ++v) {
+            std::complex<double> wave;
+            for (const auto& [x, y] : dots)
+                wave += std::polar(1.0, 2 * std::numbers::pi * (u * x + v * y) / side);
+            sum += std::norm(wave);
+            ++waves;
         }
     }
-    return sums[1] / counts[1] / (sums[0] / counts[0]);
+    // The power of all waves together is known from the number of dots (Parseval).
+    const auto count = static_cast<double>(dots.size());
+    return sum / waves / (count * (blueNoiseCount - count) / (blueNoiseCount - 1));
 }
 
 /// The shortest way between two dots, across the borders too.
 double leastDistance(const Ranks& ranks, double share)
 {
+    const auto way = [](int from, int to) {
+        return std::min((from - to + side) % side, (to - from + side) % side);
+    };
+    const auto dots = dotsOf(ranks, share);
     double least = side;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            if (!hasDot(ranks, share, x, y))
-                continue;
-            for (int dy = 0; dy <= side / 2; ++dy) {
-                for (int dx = 1 - side / 2; dx <= side / 2; ++dx) {
-                    if ((dx != 0 || dy != 0) && hasDot(ranks, share, (x + dx + side) % side, (y + dy) % side))
-                        least = std::min(least, std::hypot(dx, dy));
-                }
-            }
-        }
+    for (std::size_t one = 0; one < dots.size(); ++one) {
+        for (std::size_t other = 0; other < one; ++other)
+            least = std::min(
+                least, std::hypot(way(dots[one][0], dots[other][0]), way(dots[one][1], dots[other][1])));
     }
     return least;
 }

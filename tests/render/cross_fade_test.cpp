@@ -56,21 +56,6 @@ TEST_F(CrossFade, ReachesFromOneSideOfTheHandleToTheOther)
                     1.5);
 }
 
-TEST_F(CrossFade, ShowsOneLookAloneAtItsEnds)
-{
-    Look from;
-    Look to;
-    to.pattern = Pattern::image;
-    const Picture a = draw(from, 160, 90);
-    const Picture b = draw(to, 160, 90);
-    const auto at = [&](float mix) {
-        return renderStill(encoder,
-                           {.previous = from, .current = to, .width = 160, .height = 90, .mix = mix});
-    };
-    EXPECT_TRUE(std::equal(a.pixels.get(), a.pixels.get() + a.pixelCount(), at(0.0F)->pixels.get()));
-    EXPECT_TRUE(std::equal(b.pixels.get(), b.pixels.get() + b.pixelCount(), at(1.0F)->pixels.get()));
-}
-
 TEST_F(CrossFade, ShowsTwoPhotosOfDifferentShapes)
 {
     QImage dark(64, 16, QImage::Format_Grayscale8);

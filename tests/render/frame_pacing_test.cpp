@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <tuple>
 #include <vector>
 
 namespace tessel {
@@ -125,20 +126,12 @@ int desktopRate(float speed, int ceiling, double transitionAge = longAgo, std::o
 
 TEST(FramesPerSecond, DesktopFollowsTheSpeedUpToItsCeiling)
 {
-    struct Border
-    {
-        float speed;
-        int atIt;
-        int belowIt;
-    };
-    for (const Border& border :
-         {Border{.speed = 0.6F, .atIt = 30, .belowIt = 20}, Border{.speed = 0.2F, .atIt = 20, .belowIt = 15},
-          Border{.speed = 0.06F, .atIt = 15, .belowIt = 10},
-          Border{.speed = 0.02F, .atIt = 10, .belowIt = 5}}) {
-        SCOPED_TRACE(border.speed);
-        EXPECT_EQ(desktopRate(border.speed, 30), border.atIt);
-        EXPECT_EQ(desktopRate(std::nextafter(border.speed, 0.0F), 30), border.belowIt);
-        EXPECT_EQ(desktopRate(border.speed, 10), 10);
+    for (const auto& [speed, atIt, belowIt] :
+         {std::tuple{0.6F, 30, 20}, {0.2F, 20, 15}, {0.06F, 15, 10}, {0.02F, 10, 5}}) {
+        SCOPED_TRACE(speed);
+        EXPECT_EQ(desktopRate(speed, 30), atIt);
+        EXPECT_EQ(desktopRate(std::nextafter(speed, 0.0F), 30), belowIt);
+        EXPECT_EQ(desktopRate(speed, 10), 10);
     }
     EXPECT_EQ(desktopRate(100, 30), 30);
     EXPECT_EQ(desktopRate(0.01F, 10), 5);
@@ -192,31 +185,24 @@ LoadGovernor governorAt(int ceiling)
 
 TEST(LoadGovernor, ChangesTheCeilingBeyondTheBordersOnly)
 {
-    struct Border
-    {
-        int from;
-        double milliseconds;
-        double direction; ///< in which the ceiling changes
-        int to;
-    };
     constexpr double up = 1.0 / 64;
     constexpr double down = -up;
-    for (const Border& border : {Border{.from = 30, .milliseconds = 26, .direction = up, .to = 20},
-                                 Border{.from = 20, .milliseconds = 40, .direction = up, .to = 15},
-                                 Border{.from = 20, .milliseconds = 16, .direction = down, .to = 30},
-                                 Border{.from = 15, .milliseconds = 55, .direction = up, .to = 10},
-                                 Border{.from = 15, .milliseconds = 30, .direction = down, .to = 20},
-                                 Border{.from = 10, .milliseconds = 45, .direction = down, .to = 15}}) {
-        SCOPED_TRACE(testing::Message() << border.from << " at " << border.milliseconds);
-        LoadGovernor governor = governorAt(border.from);
+    for (const auto& [from, milliseconds, direction, to] : {std::tuple{30, 26, up, 20},
+                                                            {20, 40, up, 15},
+                                                            {20, 16, down, 30},
+                                                            {15, 55, up, 10},
+                                                            {15, 30, down, 20},
+                                                            {10, 45, down, 15}}) {
+        SCOPED_TRACE(testing::Message() << from << " at " << milliseconds);
+        LoadGovernor governor = governorAt(from);
         // A sample cannot be negative: come closer from any height without crossing the border.
-        while (sampleFor(governor, border.milliseconds) < 0)
-            governor.addSample(border.milliseconds);
-        governor.addSample(sampleFor(governor, border.milliseconds));
-        EXPECT_EQ(governor.gpuMilliseconds(), border.milliseconds);
-        EXPECT_EQ(governor.ceiling(), border.from);
-        governor.addSample(sampleFor(governor, border.milliseconds + border.direction));
-        EXPECT_EQ(governor.ceiling(), border.to);
+        while (sampleFor(governor, milliseconds) < 0)
+            governor.addSample(milliseconds);
+        governor.addSample(sampleFor(governor, milliseconds));
+        EXPECT_EQ(governor.gpuMilliseconds(), milliseconds);
+        EXPECT_EQ(governor.ceiling(), from);
+        governor.addSample(sampleFor(governor, milliseconds + direction));
+        EXPECT_EQ(governor.ceiling(), to);
     }
 }
 
@@ -230,18 +216,6 @@ std::vector<int> ceilings(LoadGovernor& governor, const std::vector<double>& sam
             passed.push_back(governor.ceiling());
     }
     return passed;
-}
-
-TEST(LoadGovernor, FollowsALoadDownAndBackUp)
-{
-    LoadGovernor governor;
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 10)), ElementsAre(30));
-    EXPECT_THAT(ceilings(governor, {40}), ElementsAre(30)) << "one slow frame is smoothed: 25 ms";
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 60)), ElementsAre(30, 20, 15, 10));
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 50)), ElementsAre(10)) << "between 45 and 55";
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 35)), ElementsAre(10, 15));
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 20)), ElementsAre(15, 20));
-    EXPECT_THAT(ceilings(governor, std::vector<double>(20, 5)), ElementsAre(20, 30));
 }
 
 TEST(LoadGovernor, DoesNotOscillateUnderAnySteadyLoadWithNoise)

@@ -45,19 +45,19 @@ protected:
     }
 };
 
-QByteArray pngOf(const QImage& image)
+QByteArray encoded(const QImage& image, const char* format)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    image.save(&buffer, format);
     return bytes;
 }
 
 /// A PNG whose header promises this size; the pixels never come.
 QByteArray pngPromising(std::uint32_t width, std::uint32_t height)
 {
-    QByteArray bytes = pngOf(QImage(1, 1, QImage::Format_RGB32));
+    QByteArray bytes = encoded(QImage(1, 1, QImage::Format_RGB32), "PNG");
     for (int i = 0; i < 4; ++i) {
         bytes[16 + i] = static_cast<char>(width >> (24 - 8 * i));
         bytes[20 + i] = static_cast<char>(height >> (24 - 8 * i));
@@ -83,11 +83,7 @@ QByteArray turnedJpeg(const QImage& image)
                                              0x00, 'M',  'M',  0x00, 0x2A, 0x00, 0x00, 0x00, 0x08,
                                              0x00, 0x01, 0x01, 0x12, 0x00, 0x03, 0x00, 0x00, 0x00,
                                              0x01, 0x00, 0x06, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00};
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG");
-    return bytes.insert(2, QByteArray(reinterpret_cast<const char*>(exif), sizeof exif));
+    return encoded(image, "JPG").insert(2, QByteArray(reinterpret_cast<const char*>(exif), sizeof exif));
 }
 
 TEST_F(PhotoFile, IsTurnedUprightByItsOrientation)
@@ -104,7 +100,7 @@ TEST_F(PhotoFile, IsTurnedUprightByItsOrientation)
 
 TEST_F(PhotoFile, SaysWhatIsWrongWithIt)
 {
-    const QByteArray png = pngOf(QImage(300, 200, QImage::Format_RGB32));
+    const QByteArray png = encoded(QImage(300, 200, QImage::Format_RGB32), "PNG");
     EXPECT_EQ(problemWith("/nonexistent/photo.jpg"), "there is no such file");
     EXPECT_EQ(problemWith(folder.path().toStdString()), "it is a folder, not a picture");
     EXPECT_EQ(problemWith("/dev/zero"), "it is not an ordinary file");

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -20,19 +21,14 @@ template<typename Result, typename... Arguments, Result (*&Function)(Arguments..
 struct Counted<Function>
 {
     static inline long calls = 0;
-    static inline Result (*original)(Arguments...) = nullptr;
     static Result call(Arguments... arguments)
     {
         ++graphicsObjects;
         ++calls;
-        return original(arguments...);
+        return other(arguments...);
     }
-    static void install()
-    {
-        original = Function;
-        Function = call;
-    }
-    static void remove() { Function = original; }
+    static inline Result (*other)(Arguments...) = call;
+    static void exchange() { std::swap(Function, other); }
 };
 
 } // namespace
@@ -66,17 +62,17 @@ protected:
     {
         // The loader looks a function up when it is first called; only then does it hold what it calls.
         glDeleteShader(glCreateShader(GL_VERTEX_SHADER));
-        Counted<epoxy_glGenTextures>::install();
-        Counted<epoxy_glTexImage2D>::install();
-        Counted<epoxy_glGenFramebuffers>::install();
-        Counted<epoxy_glCreateShader>::install();
+        countCreations();
     }
-    ~SteadyState() override
+    ~SteadyState() override { countCreations(); }
+
+    /// Begins to count, or ends it.
+    static void countCreations()
     {
-        Counted<epoxy_glGenTextures>::remove();
-        Counted<epoxy_glTexImage2D>::remove();
-        Counted<epoxy_glGenFramebuffers>::remove();
-        Counted<epoxy_glCreateShader>::remove();
+        Counted<epoxy_glGenTextures>::exchange();
+        Counted<epoxy_glTexImage2D>::exchange();
+        Counted<epoxy_glGenFramebuffers>::exchange();
+        Counted<epoxy_glCreateShader>::exchange();
     }
 
     GlTexture texture = makeTexture(colorFormat, 320, 180);

@@ -4,7 +4,6 @@
 #include "graphics.h"
 
 #include <algorithm>
-#include <numbers>
 
 namespace tessel {
 namespace {
@@ -114,16 +113,6 @@ TEST_F(Still, SlicesGiveTheWholePicture)
             << title(dither);
         EXPECT_FALSE(drawing.take()) << "it is there once";
     }
-}
-
-TEST_F(Still, ComesRoundWithTheClock)
-{
-    const Look look;
-    const Picture start = draw(look, 320, 180, 0.0);
-    const Picture later = draw(look, 320, 180, 5.0);
-    const Picture round = draw(look, 320, 180, 2000.0 * std::numbers::pi);
-    EXPECT_GT(differing(start, later), start.pixelCount() / 20) << "it moves";
-    EXPECT_LT(differing(start, round), start.pixelCount() / 200) << "without a jump";
 }
 
 TEST_F(Still, BatchesGiveOnePictureForEachLook)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "model/palette.h"
+#include "model/look_json.h"
 #include "render/uniforms.h"
 
 #include <gmock/gmock.h>
@@ -14,21 +14,9 @@ using testing::ElementsAreArray;
 
 TEST(LookBlock, FollowsTheLayoutAndLeavesTheSpeedOut)
 {
-    Look look;
-    look.pattern = Pattern::neuro;
-    look.dither = Dither::benday;
-    look.pixel = 3;
-    look.levels = 7;
-    look.scale = 1.5F;
-    look.warp = 0.5F;
-    look.speed = 99;
-    look.contrast = 2;
-    look.offset = 0.25F;
-    look.grain = 0.1F;
-    look.vignette = 0.75F;
-    look.invert = true;
-    look.seed = 42;
-    look.custom = {0xFF0000, 0x00FF00, 0x0000FF};
+    const Look look = decodeLook(
+        R"({"pattern":35,"dither":9,"pixel":3,"levels":7,"scale":1.5,"warp":0.5,"speed":99,"contrast":2,)"
+        R"("offset":0.25,"grain":0.1,"vignette":0.75,"invert":true,"seed":42,"custom":[16711680,65280,255]})");
     const std::array<float, lookBlockLength> expected{35, 9,  3, 7, 1.5F, 0.5F, 2, 0.25F, 0.1F, 0.75F,
                                                       1,  42, 3, 1, 0,    0,    0, 1,     0,    0,
                                                       0,  1,  0, 0, 1,    0,    0, 1};

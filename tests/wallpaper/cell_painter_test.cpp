@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "render/graphics.h"
 #include "wallpaper/cell_painter.h"
 #include "wallpaper/surroundings.h"
 
@@ -23,17 +22,9 @@ protected:
             .previous = look, .current = look, .width = 333, .height = 250, .time = time, .reference = 400};
     }
 
-    std::string difference(const Frame& frame)
+    bool shows(const Frame& frame)
     {
-        const auto picture = renderStill(encoder, frame);
-        for (int y = 0; y < picture->height; ++y) {
-            for (int x = 0; x < picture->width; ++x) {
-                if (colorOf(picture->row(y)[static_cast<std::size_t>(x)]) !=
-                    colorOf(record->image.pixel(x, y)))
-                    return std::to_string(x) + ", " + std::to_string(y);
-            }
-        }
-        return {};
+        return countSame(record->image, *renderStill(encoder, frame)) == 333 * 250;
     }
 
     std::shared_ptr<WindowRecord> record = std::make_shared<WindowRecord>();
@@ -52,7 +43,7 @@ TEST_F(CellPainterTest, ShowsWhatTheRendererDraws)
                 const Frame frame = frameOf(look, time);
                 ASSERT_TRUE(CellPainter::canPaint(frame));
                 painter.paint(encoder, frame, *window);
-                EXPECT_EQ(difference(frame), "") << title(dither) << " " << pixel << " at " << time;
+                EXPECT_TRUE(shows(frame)) << title(dither) << " " << pixel << " at " << time;
             }
         }
     }
@@ -72,7 +63,7 @@ TEST_F(CellPainterTest, TouchesOnlyWhatHasChanged)
     record->image.fill(Qt::magenta);
     painter.invalidate();
     painter.paint(encoder, frameOf(look, 1.02), *window);
-    EXPECT_EQ(difference(frameOf(look, 1.02)), "");
+    EXPECT_TRUE(shows(frameOf(look, 1.02)));
 }
 
 TEST_F(CellPainterTest, LeavesTheRestToOpenGl)

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "model/look_json.h"
-#include "render/graphics.h"
 #include "render/png_file.h"
 #include "wallpaper/still_maker.h"
 #include "wallpaper/surroundings.h"
@@ -16,6 +15,7 @@
 namespace tessel {
 namespace {
 
+using namespace std::chrono_literals;
 using testing::HasSubstr;
 
 class StillMakerTest : public Graphics
@@ -54,13 +54,7 @@ TEST_F(StillMakerTest, MakesAFileForEveryScreen)
         EXPECT_EQ(QImage(picture.file).size(), screens[i].pixels().size());
         EXPECT_EQ(readLookText(picture.file.toStdString()), encodeLook(look));
     }
-    const Picture drawn = draw(look, 320, 180, 3.0);
-    const QImage read = QImage(written[0][0].file).convertToFormat(QImage::Format_RGB32);
-    for (int y = 0; y < 180; ++y) {
-        for (int x = 0; x < 320; ++x)
-            ASSERT_EQ(colorOf(read.pixel(x, y)), colorOf(drawn.row(y)[static_cast<std::size_t>(x)]))
-                << x << ", " << y;
-    }
+    EXPECT_EQ(countSame(QImage(written[0][0].file), draw(look, 320, 180, 3.0)), 320 * 180);
 }
 
 TEST_F(StillMakerTest, TellsOnlyOfTheLatestRequest)
@@ -69,16 +63,16 @@ TEST_F(StillMakerTest, TellsOnlyOfTheLatestRequest)
     for (int seed = 0; seed < 5; ++seed) {
         look.seed = static_cast<float>(seed);
         maker.request({look}, screens);
-        letPass(seed);
+        settle(std::chrono::milliseconds(seed));
     }
     ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
-    letPass(200);
+    settle(200ms);
     ASSERT_EQ(written.size(), 1U);
     EXPECT_EQ(readLookText(written[0][0].file.toStdString()), encodeLook(look));
 
     maker.request({look}, screens);
     maker.cancel();
-    letPass(200);
+    settle(200ms);
     EXPECT_EQ(written.size(), 1U);
 }
 
@@ -88,7 +82,7 @@ TEST_F(StillMakerTest, AFolderThatCannotBeWrittenIsNamed)
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     maker.request({}, screens);
     ASSERT_TRUE(waitUntil([&] { return !failures.empty(); }));
-    letPass(100);
+    settle(100ms);
     ASSERT_EQ(failures.size(), 1U) << "once for all screens";
     EXPECT_THAT(failures[0].toStdString(), HasSubstr("Wallpapers/wall-"));
     EXPECT_TRUE(written.empty());

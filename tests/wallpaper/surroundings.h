@@ -7,10 +7,10 @@
 #include "platform/desktop_window.h"
 #include "platform/occlusion.h"
 #include "platform/session.h"
+#include "platform/surroundings.h"
+#include "render/graphics.h"
 
 #include <QColorSpace>
-#include <QElapsedTimer>
-#include <QEventLoop>
 #include <QImage>
 #include <QPainter>
 
@@ -20,24 +20,16 @@
 
 namespace tessel {
 
-/// Runs the event loop until something is so.
-/// \return false if that takes more than ten seconds
-inline bool waitUntil(const std::function<bool()>& condition)
+/// How many pixels of an image are those of a picture of its size.
+inline int countSame(const QImage& image, const Picture& picture)
 {
-    QElapsedTimer time;
-    time.start();
-    QEventLoop loop;
-    while (!condition() && time.elapsed() < 10000)
-        loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    return condition();
-}
-
-/// Runs the event loop for a while.
-inline void letPass(int milliseconds)
-{
-    QElapsedTimer time;
-    time.start();
-    (void)waitUntil([&] { return time.elapsed() >= milliseconds; });
+    int same = 0;
+    for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x)
+            same +=
+                colorOf(image.pixel(x, y)) == colorOf(picture.row(y)[static_cast<std::size_t>(x)]) ? 1 : 0;
+    }
+    return same;
 }
 
 /// What a window has shown, and what was asked of it; outlives the window.

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "model/look_json.h"
-#include "render/graphics.h"
 #include "render/png_file.h"
 #include "wallpaper/surroundings.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -88,10 +88,10 @@ protected:
     }
 
     /// How many frames the last window draws in a while.
-    int framesIn(int milliseconds)
+    int framesIn(std::chrono::milliseconds duration)
     {
         const int before = windows.back()->frames;
-        letPass(milliseconds);
+        settle(duration);
         return windows.back()->frames - before;
     }
 
@@ -110,7 +110,7 @@ protected:
 TEST_F(WallpaperTest, ANewStartTouchesNothing)
 {
     wallpaper->start();
-    letPass(100);
+    settle(100ms);
     EXPECT_TRUE(windows.empty());
     EXPECT_EQ(pictures.sets + pictures.restores, 0);
     EXPECT_FALSE(QDir(home.filePath(QStringLiteral("Wallpapers"))).exists());
@@ -128,7 +128,7 @@ TEST_F(WallpaperTest, AStillIsShownLiveAndThenBecomesThePicture)
     EXPECT_FALSE(session.isWatching);
     const QByteArray kept = store->kept("latestPictures").toByteArray();
     EXPECT_EQ(QJsonDocument::fromJson(kept).array().at(0).toString(), pictures.shown[0].file);
-    EXPECT_EQ(framesIn(300), 0);
+    EXPECT_EQ(framesIn(300ms), 0);
 }
 
 TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
@@ -138,9 +138,9 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(2));
     EXPECT_TRUE(waitUntil([&] { return windows.back()->pictureBehind == pictures.shown[0].file; }));
-    letPass(100);
+    settle(100ms);
     EXPECT_EQ(visibleWindows(), 1);
-    EXPECT_GT(framesIn(500), 4);
+    EXPECT_GT(framesIn(500ms), 4);
     store->applyToDesktop(*store->desktop(), RecordHistory::no, false, ContinueFromEditor::no);
     ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
     EXPECT_EQ(pictures.sets, 2);
@@ -160,10 +160,10 @@ TEST_F(WallpaperTest, ABurstOfLooksMakesOneStillOfTheLast)
     wallpaper->start();
     for (int seed = 0; seed < 10; ++seed) {
         apply(seed, false);
-        letPass(30);
+        settle(30ms);
     }
     ASSERT_TRUE(waitUntil([&] { return pictures.sets > 0 && visibleWindows() == 0; }));
-    letPass(300);
+    settle(300ms);
     EXPECT_EQ(pictures.sets, 1);
     EXPECT_THAT(shownSeeds(), ElementsAre(9));
     EXPECT_EQ(QDir(home.filePath(QStringLiteral("Wallpapers"))).entryList(QDir::Files).size(), 1);
@@ -188,7 +188,7 @@ TEST_F(WallpaperTest, FollowsTheScreens)
     screens.set({});
     EXPECT_EQ(visibleWindows(), 0);
     apply(4, true);
-    letPass(600);
+    settle(600ms);
     EXPECT_EQ(pictures.sets, 2) << "nothing to show it on";
     screens.set(one);
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3 && visibleWindows() == 1; }));
@@ -220,7 +220,7 @@ TEST_F(WallpaperTest, OnlyTheNewestPictureTakesTheWindowsDown)
             QMetaObject::invokeMethod(&pictures, answer, Qt::QueuedConnection);
     };
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2; }));
-    letPass(100);
+    settle(100ms);
     EXPECT_EQ(visibleWindows(), 1);
     answer();
     EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
@@ -232,20 +232,21 @@ TEST_F(WallpaperTest, DoesNothingThatNobodySees)
     apply(5, true);
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
     occlusion.cover(left);
-    EXPECT_EQ(framesIn(300), 0);
+    EXPECT_EQ(framesIn(300ms), 0);
     occlusion.cover({});
-    EXPECT_GT(framesIn(300), 2);
+    EXPECT_GT(framesIn(300ms), 2);
     for (const SessionState& unseen :
          {SessionState{.asleep = true}, SessionState{.locked = true}, SessionState{.screensOff = true}}) {
         session.become(unseen);
-        EXPECT_EQ(framesIn(200), 0);
+        EXPECT_EQ(framesIn(200ms), 0);
         session.become({});
-        EXPECT_GT(framesIn(200), 1);
+        EXPECT_GT(framesIn(200ms), 1);
     }
     Look resting = lookWithSeed(5);
     resting.speed = 0;
     store->applyToDesktop(resting, RecordHistory::no, true, ContinueFromEditor::no);
-    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1 && framesIn(200) == 0; })) << "nothing can move";
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1 && framesIn(200ms) == 0; }))
+        << "nothing can move";
 }
 
 TEST_F(WallpaperTest, OnlyTheCoveredScreenRests)
@@ -256,7 +257,7 @@ TEST_F(WallpaperTest, OnlyTheCoveredScreenRests)
     ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 2 && pictures.sets == 1; }));
     occlusion.cover(left);
     const int before = windows[0]->frames;
-    EXPECT_GT(framesIn(300), 2) << "the other one";
+    EXPECT_GT(framesIn(300ms), 2) << "the other one";
     EXPECT_EQ(windows[0]->frames, before);
 }
 
@@ -270,9 +271,9 @@ TEST_F(WallpaperTest, AnUnknownDesktopKeepsOurWindows)
     const Picture still = draw(lookWithSeed(6), 320, 180, wallpaper->clocks().phase(Source::desktop));
     const QImage expected(reinterpret_cast<const uchar*>(still.pixels.get()), 320, 180, QImage::Format_RGB32);
     EXPECT_TRUE(windows[0]->holds(expected));
-    letPass(100);
+    settle(100ms);
     EXPECT_EQ(visibleWindows(), 1);
-    EXPECT_EQ(framesIn(300), 0);
+    EXPECT_EQ(framesIn(300ms), 0);
 
     restart();
     wallpaper->start();
@@ -286,7 +287,7 @@ TEST_F(WallpaperTest, ADesktopThatRefusesIsReportedAndOurWindowsStay)
     wallpaper->start();
     apply(7, false);
     ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty() && !windows[0]->holds({}); }));
-    letPass(100);
+    settle(100ms);
     EXPECT_EQ(failures, QStringList{QStringLiteral("ONE did not take it")});
     EXPECT_EQ(visibleWindows(), 1);
     pictures.failures.clear();
@@ -328,7 +329,7 @@ TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)
     restart();
     wallpaper->start();
     ASSERT_TRUE(waitUntil([&] { return pictures.restores == 1; }));
-    letPass(300);
+    settle(300ms);
     EXPECT_EQ(pictures.shown[0].file, file);
     EXPECT_EQ(pictures.sets, 1);
     EXPECT_EQ(visibleWindows(), 0);
@@ -379,7 +380,7 @@ TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
     store->applyToDesktop(lookWithSeed(1), RecordHistory::yes, true, ContinueFromEditor::yes);
     EXPECT_NEAR(wallpaper->clocks().phase(Source::desktop), 123.5, 0.2);
     ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
-    letPass(300);
+    settle(300ms);
     wallpaper->stop();
     EXPECT_EQ(visibleWindows(), 0);
     const double phase = wallpaper->clocks().phase(Source::desktop);
@@ -387,7 +388,7 @@ TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
     restart();
     wallpaper->start();
     EXPECT_NEAR(wallpaper->clocks().phase(Source::desktop), phase, 0.2);
-    letPass(50);
+    settle(50ms);
     apply(2, true);
     EXPECT_GE(wallpaper->clocks().phase(Source::desktop), phase) << "restored once only";
 }
@@ -406,15 +407,7 @@ TEST_F(WallpaperTest, ALookThatHasToBeBuiltIsNotWaitedFor)
 
     const auto showsFresh = [&] {
         const Picture picture = draw(fresh, 320, 180, wallpaper->clocks().phase(Source::desktop));
-        int same = 0;
-        for (int y = 0; y < 180; ++y) {
-            for (int x = 0; x < 320; ++x)
-                same += colorOf(windows.back()->image.pixel(x, y)) ==
-                                colorOf(picture.row(y)[static_cast<std::size_t>(x)])
-                            ? 1
-                            : 0;
-        }
-        return same > 320 * 180 * 9 / 10;
+        return countSame(windows.back()->image, picture) > 320 * 180 * 9 / 10;
     };
     EXPECT_TRUE(waitUntil(showsFresh));
 }
