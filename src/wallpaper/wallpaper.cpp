@@ -323,13 +323,14 @@ void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
     tellMissingPhoto();
     m_written = pictures;
     const QStringList files = filesOf(pictures);
+    m_environment.store.keep(picturesKey, encodePaths(files));
+    tellPictureBehind();
     if (m_environment.pictures != nullptr) {
         ++m_settingCalls;
         m_environment.pictures->set(pictures);
     } else if (!m_environment.store.appliedMotion()) {
         hold(pictures);
     }
-    m_environment.store.keep(picturesKey, encodePaths(files));
     m_scene.anticipate(m_environment.store.upcoming(), sizes());
     m_stills.run([folder = m_environment.folder, screens = static_cast<int>(pictures.size()),
                   files] { pruneStills(folder, screens, files); },
@@ -345,8 +346,6 @@ void Wallpaper::picturesSet(const QStringList& failures)
         return;
     if (!failures.isEmpty())
         Q_EMIT stillFailed(failures.join(QLatin1Char('\n')));
-    else
-        tellPictureBehind();
     if (m_environment.store.appliedMotion() || m_windows == Windows::down)
         return;
     if (failures.isEmpty())

@@ -76,6 +76,17 @@ std::vector<std::uint32_t> X11Connection::property(xcb_window_t window, const st
     return {items, items + reply->value_len};
 }
 
+std::string X11Connection::text(xcb_window_t window, const std::string& name, xcb_atom_t type)
+{
+    static constexpr std::uint32_t longest = 256;
+    const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
+    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    if (reply == nullptr || reply->format != 8)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
 void X11Connection::setProperty(xcb_window_t window, const std::string& name, xcb_atom_t type,
                                 std::span<const std::uint32_t> items)
 {

@@ -52,6 +52,8 @@ public:
     /// The 32-bit items of a window's property; none if it is missing or of another type.
     [[nodiscard]] std::vector<std::uint32_t> property(xcb_window_t window, const std::string& name,
                                                       xcb_atom_t type);
+    /// The bytes of a window's property; none if it is missing or of another type.
+    [[nodiscard]] std::string text(xcb_window_t window, const std::string& name, xcb_atom_t type);
     void setProperty(xcb_window_t window, const std::string& name, xcb_atom_t type,
                      std::span<const std::uint32_t> items);
 

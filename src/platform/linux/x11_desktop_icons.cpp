@@ -6,6 +6,8 @@
 #include "platform/linux/icon_mask.h"
 #include "platform/linux/x11_connection.h"
 
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QImageReader>
 #include <QTimer>
@@ -24,15 +26,21 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// From a change until it is looked at, so that a burst of them is looked at once.
+/// From a change until it is looked at, so that a burst of them is looked at once; and at least so many times
+/// what a look takes.
 constexpr auto pace = 40ms;
+constexpr int breaks = 4;
 /// Without a change, for so long, until a desktop that got another picture is taken to show it: some fade.
+/// One with something on it that never stops moving is looked at all the same after a while.
 constexpr auto quiet = 300ms;
+constexpr auto patience = 2s;
 /// Without a change, until the picture is forgotten: it can be tens of megabytes.
 constexpr auto memory = 5s;
 
-/// How much of a desktop icons can hide. Where more differs it shows another picture.
+/// How much of a desktop icons can hide. Where more differs it shows another picture. Once it has been seen
+/// to show ours, only a sudden change of more than that can mean another; a rubber band grows by and by.
 constexpr double mostHidden = 0.25;
+constexpr double mostHiddenAtOnce = 0.5;
 
 /// The rows that are asked for at a time.
 constexpr int bandHeight = 128;
@@ -76,8 +84,7 @@ public:
         if (!isOtherDesktop && !isOtherPicture)
             return;
         m_picture = {};
-        m_isTrusted = false;
-        m_changed = m_place;
+        distrust();
         m_pause.start(isOtherDesktop ? 0ms : quiet);
         m_events->drain();
     }
@@ -156,21 +163,43 @@ private:
         m_changed |= area.translated(m_area.topLeft()) & m_place;
         if (m_changed.isEmpty())
             return;
-        if (!m_isTrusted)
-            m_pause.start(quiet);
-        else if (!m_pause.isActive())
-            m_pause.start(pace);
+        if (!m_pause.isActive() || (!m_isTrusted && !m_patience.hasExpired()))
+            m_pause.start(m_isTrusted ? m_pace : quiet);
     }
 
     void look()
     {
+        QElapsedTimer time;
+        time.start();
         locate();
         m_memory.start(memory);
-        m_isTrusted = readPicture() && compare(m_changed & m_area) && m_mask.share() < mostHidden;
-        m_changed = m_isTrusted ? QRect() : m_place;
-        if (m_isTrusted)
-            cut();
+        if (readPicture() && compare(m_changed & m_area) && isBelievable())
+            trust();
+        else
+            distrust();
         m_events->drain();
+        m_pace =
+            std::max<std::chrono::milliseconds>(pace, breaks * std::chrono::milliseconds(time.elapsed()));
+    }
+
+    [[nodiscard]] bool isBelievable() const
+    {
+        return m_mask.share() < (m_isTrusted ? m_share + mostHiddenAtOnce : mostHidden);
+    }
+
+    void trust()
+    {
+        m_isTrusted = true;
+        m_share = m_mask.share();
+        m_changed = {};
+        cut();
+    }
+
+    void distrust()
+    {
+        m_isTrusted = false;
+        m_patience.setRemainingTime(patience);
+        m_changed = m_place;
     }
 
     bool readPicture()
@@ -253,7 +282,10 @@ private:
     QString m_file;
     QImage m_picture;         ///< the file's, while it is needed, in as few bytes as the file has
     bool m_isTrusted = false; ///< the desktop has been seen to show the picture
-    QRect m_changed;          ///< since the last look, among all pixels
+    double m_share = 0;       ///< that was hidden then
+    QDeadlineTimer m_patience;
+    std::chrono::milliseconds m_pace = pace;
+    QRect m_changed; ///< since the last look, among all pixels
     IconMask m_mask;
     std::vector<std::uint32_t> m_shape; ///< that the window has; empty for none
 };

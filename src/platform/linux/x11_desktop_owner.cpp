@@ -8,7 +8,6 @@
 #include <QRect>
 
 #include <algorithm>
-#include <string_view>
 #include <unistd.h>
 
 namespace tessel {
@@ -82,18 +81,11 @@ bool contains(X11Connection& connection, xcb_window_t window, QPoint pixel)
 
 std::string className(X11Connection& connection, xcb_window_t window)
 {
-    const auto cookie =
-        xcb_get_property(connection.get(), 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 256);
-    const XcbPointer<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection.get(), cookie, nullptr));
-    if (reply == nullptr || reply->format != 8)
-        return {};
     // Two names, each ended by a zero: that of the window and that of its class.
-    const std::string_view names(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                                 static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
+    const std::string names = connection.text(window, "WM_CLASS", XCB_ATOM_STRING);
     const std::size_t first = std::min(names.find('\0'), names.size() - 1);
-    const std::string_view second = names.substr(first + 1);
-    return std::string(second.substr(0, second.find('\0')));
+    const std::string second = names.substr(first + 1);
+    return second.substr(0, second.find('\0'));
 }
 
 } // namespace

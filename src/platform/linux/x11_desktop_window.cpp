@@ -90,6 +90,8 @@ public:
         static constexpr std::uint32_t noExposures = 0;
         xcb_create_gc(m_drawing, m_graphics, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
         resizeToPixels();
+        if (context.isSoftware())
+            leaveFramesUnsynchronized();
         // The other connection must not speak of a window that the server does not know yet.
         waitForServer();
         chooseEvents(m_window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -112,6 +114,7 @@ public:
             return;
         chooseEvents(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
         m_below = desktopWindowAt(m_connection, m_place.center());
+        m_canBelong = canBelong();
         m_icons.watch(m_below, m_behind);
         // The window manager is to see this before it takes the window in. Qt takes it away again as it shows
         // the window.
@@ -214,6 +217,17 @@ private:
                              size.data());
     }
 
+    /// Some window managers show nothing until a frame has been announced, which Qt does only for those that
+    /// it draws itself.
+    void leaveFramesUnsynchronized()
+    {
+        waitForServer();
+        xcb_delete_property(m_connection.get(), m_window, m_connection.atom("_NET_WM_SYNC_REQUEST_COUNTER"));
+        std::vector<std::uint32_t> protocols = m_connection.property(m_window, "WM_PROTOCOLS", XCB_ATOM_ATOM);
+        std::erase(protocols, m_connection.atom("_NET_WM_SYNC_REQUEST"));
+        m_connection.setProperty(m_window, "WM_PROTOCOLS", XCB_ATOM_ATOM, protocols);
+    }
+
     void makeImage()
     {
         const auto bytes =
@@ -240,7 +254,7 @@ private:
     /// Window managers keep a window that belongs to another above that one, even when the user clicks there.
     void bindToDesktop()
     {
-        if (m_below == XCB_WINDOW_NONE)
+        if (m_below == XCB_WINDOW_NONE || !m_canBelong)
             xcb_delete_property(m_drawing, m_window, XCB_ATOM_WM_TRANSIENT_FOR);
         else
             xcb_change_property(m_drawing, XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_TRANSIENT_FOR,
@@ -275,10 +289,22 @@ private:
         return std::find(own, fromBelow.end(), other) != fromBelow.end();
     }
 
-    bool isManaged()
+    bool isManaged() { return manager() != XCB_WINDOW_NONE; }
+
+    /// A window of the window manager's own.
+    xcb_window_t manager()
     {
-        return !m_connection.property(m_connection.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW)
-                    .empty();
+        const auto windows =
+            m_connection.property(m_connection.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW);
+        return windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
+    }
+
+    /// Not with KWin (5.27): it crashes when the desktop's program ends while another window belongs to its.
+    bool canBelong()
+    {
+        const xcb_window_t window = manager();
+        return window == XCB_WINDOW_NONE ||
+               m_connection.text(window, "_NET_WM_NAME", m_connection.atom("UTF8_STRING")) != "KWin";
     }
 
     void handle(const xcb_generic_event_t& event)
@@ -286,7 +312,15 @@ private:
         const int type = event.response_type & 0x7F;
         if (type == XCB_REPARENT_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_CONFIGURE_NOTIFY)
             letClicksThrough();
-        else if (type == XCB_PROPERTY_NOTIFY && !m_restacking.isActive() && isOrder(event))
+        else if (type == XCB_PROPERTY_NOTIFY && isOrder(event))
+            followOrder();
+    }
+
+    void followOrder()
+    {
+        if (!m_canBelong && m_surface.isVisible() && isBelow(m_below))
+            m_surface.raise();
+        if (!m_restacking.isActive())
             m_restacking.start();
     }
 
@@ -329,6 +363,7 @@ private:
     const xcb_gcontext_t m_graphics;
     const std::uint8_t m_depth = m_connection.screen().root_depth;
     xcb_window_t m_below = XCB_WINDOW_NONE;   ///< in which another program draws the desktop
+    bool m_canBelong = true;                  ///< whether the window manager may know that ours belongs to it
     xcb_window_t m_refused = XCB_WINDOW_NONE; ///< the one that ours was last shown anew to get above
     X11DesktopIcons m_icons;
     QString m_behind; ///< the file of the desktop's picture
