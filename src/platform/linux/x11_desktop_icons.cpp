@@ -75,13 +75,15 @@ public:
 
     void watch(xcb_window_t desktop, const QString& file)
     {
-        if (!m_server && !connectToServer())
+        if (!m_server)
+            connectToServer();
+        if (!m_events)
             return;
         const bool isOtherDesktop = follow(desktop);
-        if (m_events && desktop == XCB_WINDOW_NONE)
-            cut();
         const bool isOtherPicture = std::exchange(m_file, file) != file;
-        if (!isOtherDesktop && !isOtherPicture)
+        if (desktop == XCB_WINDOW_NONE)
+            cut();
+        if (desktop == XCB_WINDOW_NONE || (!isOtherDesktop && !isOtherPicture))
             return;
         m_picture = {};
         distrust();
@@ -92,12 +94,12 @@ public:
     void rest() { follow(XCB_WINDOW_NONE); }
 
 private:
-    bool connectToServer()
+    void connectToServer()
     {
         X11Connection& server = m_server.emplace();
         if (!server.isValid() || !hasExtensions(server.get()) ||
             xcb_get_setup(server.get())->bitmap_format_bit_order != XCB_IMAGE_ORDER_LSB_FIRST)
-            return false;
+            return;
         agreeOnVersions(server.get());
         m_events.emplace(server);
         m_pause.setSingleShot(true);
@@ -105,7 +107,6 @@ private:
         connect(&*m_events, &X11Events::received, this, &X11IconWatch::handle);
         connect(&m_pause, &QTimer::timeout, this, &X11IconWatch::look);
         connect(&m_memory, &QTimer::timeout, this, [this] { m_picture = {}; });
-        return true;
     }
 
     /// \return whether that is a window of which nothing is known yet
