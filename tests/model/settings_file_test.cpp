@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "file_size_limit.h"
 #include "model/settings_file.h"
 
 #include <QDir>
@@ -11,9 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <random>
-#include <sys/resource.h>
 #include <thread>
 
 namespace tessel {
@@ -146,29 +145,6 @@ TEST_F(SettingsFile, ReadsWhatItCanOfADamagedFile)
     EXPECT_TRUE(readSettings(path("folder")).problem);
     EXPECT_TRUE(writeSettings(path("folder"), {{"k", 1}}));
 }
-
-/// As if the disk had room for so many bytes in each file and no more.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limited{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-};
 
 TEST_F(SettingsFile, StaysAsItWasWhenTheDiskIsFull)
 {

@@ -90,10 +90,10 @@ public:
         static constexpr std::uint32_t noExposures = 0;
         xcb_create_gc(m_drawing, m_graphics, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
         resizeToPixels();
-        if (context.isSoftware())
-            leaveFramesUnsynchronized();
         // The other connection must not speak of a window that the server does not know yet.
         waitForServer();
+        if (context.isSoftware())
+            leaveFramesUnsynchronized();
         chooseEvents(m_window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         m_connection.setProperty(m_window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {&everyWorkspace, 1});
         m_connection.sync();
@@ -221,7 +221,6 @@ private:
     /// it draws itself.
     void leaveFramesUnsynchronized()
     {
-        waitForServer();
         xcb_delete_property(m_connection.get(), m_window, m_connection.atom("_NET_WM_SYNC_REQUEST_COUNTER"));
         std::vector<std::uint32_t> protocols = m_connection.property(m_window, "WM_PROTOCOLS", XCB_ATOM_ATOM);
         std::erase(protocols, m_connection.atom("_NET_WM_SYNC_REQUEST"));
