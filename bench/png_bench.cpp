@@ -203,10 +203,9 @@ void compare(const char* name, const Picture& picture, const std::string& folder
         folder + "/ours.png", [](const Picture& p, const std::string& f) { writePng(p, "{}", f); }, {}};
     Contender qt{folder + "/qt.png", saveWithQt, {}};
     Contender libpng{folder + "/libpng.png", saveWithLibpng, {}};
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < rounds; ++i)
         for (Contender* contender : {&ours, &qt, &libpng})
             contender->run(picture);
-    }
     const double time = median(ours.times);
     std::printf("%-22s %8.0f %8.0f %8.0f %10.0f %10.0f %10.0f %8.1f %8.3f %8.1f\n", name, time,
                 median(qt.times), median(libpng.times), ours.bytes(), qt.bytes(), libpng.bytes(),

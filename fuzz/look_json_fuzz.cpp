@@ -23,9 +23,8 @@ void check(const char* what, std::string_view json, Decode decode, Encode encode
             return std::nullopt;
         }
     }();
-    if (!value) {
+    if (!value)
         return;
-    }
     const std::string text = encode(*value);
     const auto again = decode(text);
     if (again != *value || encode(again) != text) {

@@ -236,10 +236,9 @@ void Dialogs::close(QDialog& dialog, const std::function<void()>& ended)
 
 void Dialogs::handBackFocus(const Open& closed)
 {
-    for (Open& open : m_open) {
+    for (Open& open : m_open)
         if (open.focusBefore == closed.window)
             open.focusBefore = closed.focusBefore;
-    }
     if (closed.isUserElsewhere)
         return;
     if (!m_open.empty())
@@ -277,10 +276,9 @@ void Dialogs::prepareWindow(QWindow& window)
 /// A dialog that is being hidden goes by itself, which is not the user's doing.
 void Dialogs::noteActivation(const QObject* dialog, bool isActive)
 {
-    for (Open& open : m_open) {
+    for (Open& open : m_open)
         if (open.dialog == dialog)
             open.isUserElsewhere = !isActive && !open.dialog->isHidden();
-    }
 }
 
 } // namespace tessel

@@ -47,10 +47,9 @@ char cell(const IconMask& mask, int column, int row)
 bool touchesInk(const IconMask& mask, int column, int row)
 {
     for (int dy = -1; dy <= 1; ++dy) {
-        for (int dx = -1; dx <= 1; ++dx) {
+        for (int dx = -1; dx <= 1; ++dx)
             if (cell(mask, column + dx, row + dy) == 'R')
                 return true;
-        }
     }
     return false;
 }
@@ -72,10 +71,9 @@ int firstPixelFrom(double border)
 void fill(QImage& image, const QRect& rectangle, QRgb color)
 {
     const QRect inside = rectangle & image.rect();
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+    for (int y = inside.top(); y <= inside.bottom(); ++y)
         for (int x = inside.left(); x <= inside.right(); ++x)
             image.setPixel(x, y, color);
-    }
 }
 
 /// The art in the middle of a bitmap, `pixel` bitmap pixels to one of its own.

@@ -37,10 +37,9 @@ std::vector<Pattern> patternsNamed(const std::string& name)
 {
     if (name.empty())
         return {allPatterns().begin(), allPatterns().end()};
-    for (const Pattern pattern : allPatterns()) {
+    for (const Pattern pattern : allPatterns())
         if (CLI::detail::to_lower(std::string(title(pattern))) == CLI::detail::to_lower(name))
             return {pattern};
-    }
     throw std::runtime_error(name + " is not a pattern; `tessel list patterns` prints them");
 }
 

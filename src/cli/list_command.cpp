@@ -45,10 +45,9 @@ void printText(const nlohmann::ordered_json& list)
             std::cout << '\n' << group << '\n';
         }
         std::cout << std::setw(3) << entry["index"].get<int>() << "  " << entry["name"].get<std::string>();
-        if (entry.contains("hex")) {
+        if (entry.contains("hex"))
             for (const Color color : entry["hex"])
                 std::cout << ' ' << hexText(color);
-        }
         std::cout << '\n';
     }
 }

@@ -177,10 +177,9 @@ PatternMeasures measure(const FieldSource& draw, int seeds)
         watch.lap() * 1e6 / (static_cast<double>(seeds) * static_cast<double>(fields.front().tones.size()));
     for (const Field& field : fields)
         measureTones(measures, field, seeds);
-    for (std::size_t a = 0; a < fields.size(); ++a) {
+    for (std::size_t a = 0; a < fields.size(); ++a)
         for (std::size_t b = a + 1; b < fields.size(); ++b)
             measures.seedDistance = std::min(measures.seedDistance, mean(changes(fields[a], fields[b])));
-    }
     for (int seed = 0; seed < seeds; ++seed) {
         measureMotion(measures, draw, seed);
         measureAgreement(measures, draw, seed);

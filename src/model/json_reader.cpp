@@ -48,21 +48,18 @@ bool continuesCharacter(char byte)
 /// The first `limit` bytes or a few less, so that no UTF-8 character is cut in two.
 std::string_view cutText(std::string_view text, std::size_t limit)
 {
-    if (text.size() <= limit) {
+    if (text.size() <= limit)
         return text;
-    }
-    while (limit > 0 && continuesCharacter(text[limit])) {
+    while (limit > 0 && continuesCharacter(text[limit]))
         --limit;
-    }
     return text.substr(0, limit);
 }
 
 std::string shortened(std::string_view text)
 {
     constexpr std::size_t limit = 40;
-    if (text.size() <= limit) {
+    if (text.size() <= limit)
         return std::string(text);
-    }
     return std::string(cutText(text, limit - 3)) + "...";
 }
 
@@ -82,9 +79,8 @@ std::string lineAndColumn(std::string_view text, std::size_t offset)
 std::string_view characterAt(std::string_view text, std::size_t offset)
 {
     std::size_t length = 1;
-    while (offset + length < text.size() && length < 4 && continuesCharacter(text[offset + length])) {
+    while (offset + length < text.size() && length < 4 && continuesCharacter(text[offset + length]))
         ++length;
-    }
     return text.substr(offset, length);
 }
 
@@ -101,9 +97,8 @@ public:
 
     bool number_unsigned(Library::number_unsigned_t value) override
     {
-        if (std::in_range<std::int64_t>(value)) {
+        if (std::in_range<std::int64_t>(value))
             return add({static_cast<std::int64_t>(value)});
-        }
         return add({Number{std::to_string(value), static_cast<double>(value)}});
     }
 
@@ -143,9 +138,8 @@ public:
     bool parse_error(std::size_t position, const std::string& token,
                      const nlohmann::detail::exception& error) override
     {
-        if (error.id == numberOverflow) {
+        if (error.id == numberOverflow)
             throwOverflow(token);
-        }
         // `position` counts the bytes read, the offending one included, or one more at the end of the text.
         const std::size_t offset = std::min(position - 1, text.size());
         throw JsonError(lineAndColumn(text, offset) + ": " + reason(offset, error.what()));
@@ -185,11 +179,10 @@ private:
             return true;
         }
         Frame& frame = frames.back();
-        if (auto* items = std::get_if<Array>(&frame.container.value)) {
+        if (auto* items = std::get_if<Array>(&frame.container.value))
             items->push_back(std::move(node));
-        } else {
+        else
             std::get<Object>(frame.container.value).push_back({std::move(frame.key), std::move(node)});
-        }
         return true;
     }
 
@@ -204,9 +197,8 @@ private:
                 name = "entry " + std::to_string(items->size() + 1);
                 continue;
             }
-            if (level > 0 && (items == nullptr || afterEntry)) {
+            if (level > 0 && (items == nullptr || afterEntry))
                 name += ": ";
-            }
             name +=
                 items != nullptr ? '[' + std::to_string(items->size()) + ']' : inQuotes(frames[level].key);
         }
@@ -221,31 +213,25 @@ private:
     [[noreturn]] void throwOverflow(const std::string& digits) const
     {
         std::string_view right;
-        for (const Frame& frame : frames) {
-            if (const std::string_view forKey = expected(frame.key); !forKey.empty()) {
+        for (const Frame& frame : frames)
+            if (const std::string_view forKey = expected(frame.key); !forKey.empty())
                 right = forKey;
-            }
-        }
         throw JsonError((frames.empty() ? "the JSON" : place(frames.size())) + " holds " + shortened(digits) +
                         "; " + std::string(right.empty() ? "no number may be that large" : right));
     }
 
     [[nodiscard]] std::string reason(std::size_t offset, std::string_view message) const
     {
-        if (complete) {
+        if (complete)
             return "there is more text after the end of the JSON value";
-        }
-        if (offset == text.size()) {
+        if (offset == text.size())
             return "the text ends before the JSON value is complete";
-        }
         // What follows this mark quotes the text that was read, which may be long or no UTF-8.
         message = message.substr(0, message.find("; last read: "));
-        if (message.ends_with("ill-formed UTF-8 byte")) {
+        if (message.ends_with("ill-formed UTF-8 byte"))
             return "the text is not UTF-8 here";
-        }
-        if (message.ends_with("invalid literal")) {
+        if (message.ends_with("invalid literal"))
             return inQuotes(characterAt(text, offset)) + " cannot stand here";
-        }
         const std::string_view mark = " - ";
         const std::size_t markAt = message.find(mark);
         return std::string(markAt == std::string_view::npos ? message : message.substr(markAt + mark.size()));
@@ -263,14 +249,12 @@ private:
 Node read(std::string_view text, Expectation expected)
 {
     // To the library a NUL is the end of the text, whatever comes after it.
-    if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
+    if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos)
         throw JsonError(lineAndColumn(text, nul) + ": a NUL character cannot stand in JSON");
-    }
     const DecimalPoint decimalPoint;
     Builder builder(text, expected);
-    if (!Library::sax_parse(text.begin(), text.end(), &builder)) {
+    if (!Library::sax_parse(text.begin(), text.end(), &builder))
         throw JsonError("the text is not JSON"); // every cause known to us has thrown already
-    }
     return builder.takeRoot();
 }
 

@@ -22,9 +22,8 @@ template<typename Enum, std::size_t count>
 constexpr std::array<Enum, count> inRawOrder()
 {
     std::array<Enum, count> all{};
-    for (std::size_t raw = 0; raw < count; ++raw) {
+    for (std::size_t raw = 0; raw < count; ++raw)
         all[raw] = static_cast<Enum>(raw);
-    }
     return all;
 }
 
@@ -62,17 +61,15 @@ const std::array<Dither, ditherCount>& allDithers()
 
 std::optional<Pattern> patternFromRaw(std::int64_t raw)
 {
-    if (raw < 0 || raw >= patternCount) {
+    if (raw < 0 || raw >= patternCount)
         return std::nullopt;
-    }
     return static_cast<Pattern>(raw);
 }
 
 std::optional<Dither> ditherFromRaw(std::int64_t raw)
 {
-    if (raw < 0 || raw >= ditherCount) {
+    if (raw < 0 || raw >= ditherCount)
         return std::nullopt;
-    }
     return static_cast<Dither>(raw);
 }
 
@@ -111,15 +108,13 @@ std::size_t std::hash<tessel::Look>::operator()(const tessel::Look& look) const 
     hasher.add(look.invert);
     hasher.add(look.seed);
     hasher.add(look.imagePath.has_value());
-    if (look.imagePath) {
+    if (look.imagePath)
         hasher.add(*look.imagePath);
-    }
     hasher.add(look.custom.has_value());
     if (look.custom) {
         hasher.add(look.custom->size());
-        for (const tessel::Color color : *look.custom) {
+        for (const tessel::Color color : *look.custom)
             hasher.add(color);
-        }
     }
     return hasher.hash();
 }

@@ -110,9 +110,8 @@ public:
     {
         text += '[';
         for (std::size_t index = 0; index < entries.size(); ++index) {
-            if (index > 0) {
+            if (index > 0)
                 text += ',';
-            }
             where = entryPrefix(index);
             writeEntry(entries[index]);
         }
@@ -136,9 +135,8 @@ public:
         writeFloat("vignette", look.vignette);
         writeBool("invert", look.invert);
         writeFloat("seed", look.seed);
-        if (look.imagePath) {
+        if (look.imagePath)
             writeString("imagePath", *look.imagePath, isPath(*look.imagePath));
-        }
         if (look.custom) {
             writeKey("custom");
             writeColors(*look.custom, quotedKey("custom"));
@@ -168,9 +166,8 @@ public:
                 refuse(where + name + '[' + std::to_string(index) + ']', std::to_string(color),
                        colorExpected);
             }
-            if (index > 0) {
+            if (index > 0)
                 text += ',';
-            }
             text += std::to_string(color);
         }
         text += ']';
@@ -179,18 +176,16 @@ public:
 private:
     void writeKey(std::string_view key)
     {
-        if (text.back() != '{') {
+        if (text.back() != '{')
             text += ',';
-        }
         text += quotedKey(key);
         text += ':';
     }
 
     void writeRaw(std::string_view key, std::int64_t value, bool isRight)
     {
-        if (!isRight) {
+        if (!isRight)
             refuse(where + quotedKey(key), std::to_string(value), expectedFor(key));
-        }
         writeKey(key);
         text += std::to_string(value);
     }
@@ -200,9 +195,8 @@ private:
         std::array<char, 32> digits{};
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         const std::string_view shortest(digits.data(), static_cast<std::size_t>(end - digits.data()));
-        if (!std::isfinite(value)) {
+        if (!std::isfinite(value))
             refuse(where + quotedKey(key), std::string(shortest), expectedFor(key));
-        }
         writeKey(key);
         // An integer literal has no negative zero.
         text += shortest == "-0" ? std::string_view("-0.0") : shortest;
@@ -231,24 +225,20 @@ private:
 
 std::optional<float> floatFrom(const Node& node)
 {
-    if (const auto* integer = std::get_if<std::int64_t>(&node.value)) {
+    if (const auto* integer = std::get_if<std::int64_t>(&node.value))
         return static_cast<float>(*integer);
-    }
     const auto* number = std::get_if<json::Number>(&node.value);
-    if (number == nullptr) {
+    if (number == nullptr)
         return std::nullopt;
-    }
     // Straight from the digits: by way of a double the value would be rounded twice.
     const std::string& digits = number->digits;
     float value = 0.0F;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc()) {
+    if (result.ec == std::errc())
         return value;
-    }
     // Out of range means too large, or so small that the nearest float is zero.
-    if (std::abs(number->approximate) < 1.0) {
+    if (std::abs(number->approximate) < 1.0)
         return std::copysign(0.0F, static_cast<float>(number->approximate));
-    }
     return std::nullopt;
 }
 
@@ -306,28 +296,24 @@ public:
 
     void readColorList(std::string_view key, std::optional<std::vector<Color>>& target) const
     {
-        if (const Node* node = given(key)) {
+        if (const Node* node = given(key))
             target = readColors(alternative<Array>(key, *node), where + quotedKey(key));
-        }
     }
 
     void require(std::string_view key) const
     {
         const Node* node = json::find(object, key);
-        if (node == nullptr) {
+        if (node == nullptr)
             throw JsonError(where + quotedKey(key) + " is missing; " + std::string(expectedFor(key)));
-        }
-        if (std::holds_alternative<std::nullptr_t>(node->value)) {
+        if (std::holds_alternative<std::nullptr_t>(node->value))
             refuse(where + quotedKey(key), describe(*node), expectedFor(key));
-        }
     }
 
     /// Refuses what a key holds although its type is right.
     void check(std::string_view key, bool isRight) const
     {
-        if (!isRight) {
+        if (!isRight)
             refuse(where + quotedKey(key), describe(*given(key)), expectedFor(key));
-        }
     }
 
     /// The object that a key holds, with the prefix for messages about it.
@@ -347,18 +333,16 @@ private:
     [[nodiscard]] const Alternative& alternative(std::string_view key, const Node& node) const
     {
         const auto* value = std::get_if<Alternative>(&node.value);
-        if (value == nullptr) {
+        if (value == nullptr)
             refuse(where + quotedKey(key), describe(node), expectedFor(key));
-        }
         return *value;
     }
 
     template<typename Alternative>
     void readAlternative(std::string_view key, Alternative& target) const
     {
-        if (const Node* node = given(key)) {
+        if (const Node* node = given(key))
             target = alternative<Alternative>(key, *node);
-        }
     }
 
     /// \param convert gives an optional value, empty where the node is not right
@@ -366,13 +350,11 @@ private:
     void readWith(std::string_view key, Target& target, Convert convert) const
     {
         const Node* node = given(key);
-        if (node == nullptr) {
+        if (node == nullptr)
             return;
-        }
         const auto value = convert(*node);
-        if (!value) {
+        if (!value)
             refuse(where + quotedKey(key), describe(*node), expectedFor(key));
-        }
         target = *value;
     }
 
@@ -407,9 +389,8 @@ Look readLook(const Fields& fields)
 
 Preset readPreset(const Fields& fields)
 {
-    for (const std::string_view key : {"id", "name", "look", "motion"}) {
+    for (const std::string_view key : {"id", "name", "look", "motion"})
         fields.require(key);
-    }
     Preset preset;
     fields.read("id", preset.id);
     fields.check("id", isUuid(preset.id));
@@ -433,9 +414,8 @@ template<typename Container>
 const Container& container(const Node& node, std::string_view where, std::string_view rule)
 {
     const auto* value = std::get_if<Container>(&node.value);
-    if (value == nullptr) {
+    if (value == nullptr)
         throw JsonError(std::string(where) + std::string(rule) + ", this is " + std::string(typeName(node)));
-    }
     return *value;
 }
 
@@ -449,9 +429,8 @@ std::vector<Entry> readEntries(std::string_view text, std::string_view rule, Rea
     const auto& array = container<Array>(root, {}, rule);
     std::vector<Entry> entries;
     entries.reserve(array.size());
-    for (std::size_t index = 0; index < array.size(); ++index) {
+    for (std::size_t index = 0; index < array.size(); ++index)
         entries.push_back(readEntry(array[index], entryPrefix(index)));
-    }
     return entries;
 }
 

@@ -19,9 +19,8 @@ std::vector<PaletteGroup> buildGroups()
     const std::span<const Palette> palettes = builtInPalettes();
     for (std::size_t index = corePaletteCount; index < palettes.size(); ++index) {
         const std::string_view name = palettes[index].group;
-        if (groups.empty() || groups.back().name != name) {
+        if (groups.empty() || groups.back().name != name)
             groups.push_back({name, {}});
-        }
         groups.back().indices.push_back(static_cast<int>(index));
     }
     return groups;
@@ -70,9 +69,8 @@ Stops resolveStops(const Look& look)
 
     Stops stops;
     stops.count = std::max(static_cast<int>(drawn.size()), 2); // a single stop stands twice
-    for (std::size_t slot = 0; slot < maxStops; ++slot) {
+    for (std::size_t slot = 0; slot < maxStops; ++slot)
         stops.slot[slot] = drawn[std::min(slot, drawn.size() - 1)];
-    }
     return stops;
 }
 

@@ -323,9 +323,8 @@ constexpr Family families[] = {
 
 constexpr std::size_t paletteCount = [] {
     std::size_t count = 0;
-    for (const Family& family : families) {
+    for (const Family& family : families)
         count += family.rows.size();
-    }
     return count;
 }();
 

@@ -53,12 +53,10 @@ qsizetype endOfEntry(QByteArrayView text, qsizetype begin)
     bool comment = false;
     for (qsizetype at = begin; at < text.size(); ++at) {
         const char character = text[at];
-        if (isLineBreak(character) && !quoted) {
+        if (isLineBreak(character) && !quoted)
             return at + 1;
-        }
-        if (comment) {
+        if (comment)
             continue;
-        }
         if (character == '"') {
             quoted = !quoted;
         } else if (character == ';' && !quoted) {
@@ -67,9 +65,8 @@ qsizetype endOfEntry(QByteArrayView text, qsizetype begin)
             ++at;
             // A break of two characters is one break.
             if (at + 1 < text.size() && isLineBreak(text[at]) && isLineBreak(text[at + 1]) &&
-                text[at] != text[at + 1]) {
+                text[at] != text[at + 1])
                 ++at;
-            }
         }
     }
     return text.size();
@@ -155,9 +152,8 @@ QByteArray quoted(const QByteArray& bytes)
         if (afterHex) {
             text += "\\x" + QByteArray(1, character).toHex();
         } else {
-            if (character == '"' || character == '\\') {
+            if (character == '"' || character == '\\')
                 text += '\\';
-            }
             text += character;
         }
     }
@@ -167,27 +163,24 @@ QByteArray quoted(const QByteArray& bytes)
 QByteArray lineFor(const std::string& key, const SettingValue& value)
 {
     QByteArray text;
-    if (const auto* flag = std::get_if<bool>(&value)) {
+    if (const auto* flag = std::get_if<bool>(&value))
         text = *flag ? "true" : "false";
-    } else if (const auto* number = std::get_if<qint64>(&value)) {
+    else if (const auto* number = std::get_if<qint64>(&value))
         text = QByteArray::number(*number);
-    } else if (const auto* real = std::get_if<double>(&value)) {
+    else if (const auto* real = std::get_if<double>(&value))
         text = QByteArray::number(*real, 'g', QLocale::FloatingPointShortest);
-    } else {
+    else
         text = quoted(std::get<QByteArray>(value));
-    }
     return QByteArray::fromStdString(key) + '=' + text + '\n';
 }
 
 /// What a file holds; none when it is there but cannot be read.
 std::optional<QByteArray> contents(QFile& file)
 {
-    if (!file.exists()) {
+    if (!file.exists())
         return QByteArray();
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    }
     QByteArray text = file.readAll();
     return file.error() == QFileDevice::NoError ? std::optional(text) : std::nullopt;
 }
@@ -197,19 +190,16 @@ std::optional<QByteArray> contents(QFile& file)
 bool replace(QSaveFile& file, const QByteArray& text, std::optional<QFile::Permissions> permissions = {})
 {
     // Not buffered: commit() pays no heed to a buffer that it could not write.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    }
-    if (permissions && !file.setPermissions(*permissions)) {
+    if (permissions && !file.setPermissions(*permissions))
         return false;
-    }
     // A write that falls short gives no reason, the one after it does.
     qsizetype written = 0;
     while (written < text.size()) {
         const qint64 step = file.write(text.data() + written, text.size() - written);
-        if (step <= 0) {
+        if (step <= 0)
             return false;
-        }
         written += step;
     }
     return file.commit();
@@ -226,9 +216,8 @@ std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
     if (!before.isEmpty()) {
         // As when what comes after the copy has failed, and is tried again.
         QFile newest(folder.filePath(before.back()));
-        if (contents(newest) == text) {
+        if (contents(newest) == text)
             return std::nullopt;
-        }
     }
     // Without colons, which not every file system takes in a name.
     const QString time = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss.zzz'Z'"));
@@ -238,9 +227,8 @@ std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
             .arg(path, copy.errorString());
     }
     // Should one of them stay, it does no harm.
-    for (qsizetype index = 0; index + maxCopies <= before.size(); ++index) {
+    for (qsizetype index = 0; index + maxCopies <= before.size(); ++index)
         QFile::remove(folder.filePath(before.at(index)));
-    }
     return std::nullopt;
 }
 
@@ -277,9 +265,8 @@ private:
     int tryTake()
     {
         const int file = open(m_path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-        if (file < 0) {
+        if (file < 0)
             return errno;
-        }
         // Where a file system knows no locks, settings are saved without.
         const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
         if (isTaken || !isAtPath(file)) {
@@ -315,9 +302,8 @@ StoredSettings readSettings(const QString& path)
 {
     const QSettings file(path, QSettings::IniFormat);
     StoredSettings stored;
-    for (const QString& key : file.childKeys()) {
+    for (const QString& key : file.childKeys())
         stored.values.emplace(key.toStdString(), file.value(key));
-    }
     // Only now: the keys are read when they are asked for.
     if (file.status() == QSettings::AccessError) {
         stored.problem =
@@ -346,18 +332,15 @@ QByteArray withSettings(QByteArrayView text, const SettingValues& changes)
             // Further entries for the key have to go: the last one is the one that is read.
             result += lineFor(change->first, change->second);
         }
-        if (entry.isTop && !std::exchange(hasTop, true)) {
+        if (entry.isTop && !std::exchange(hasTop, true))
             top = result.size();
-        }
     }
 
     QByteArray lines;
-    if (!hasTop && !missing.empty()) {
+    if (!hasTop && !missing.empty())
         lines += "[General]\n";
-    }
-    for (const auto& [key, value] : missing) {
+    for (const auto& [key, value] : missing)
         lines += lineFor(key, value);
-    }
     return result.insert(top, lines);
 }
 
@@ -373,9 +356,8 @@ std::optional<WritingFailure> writeSettings(const QString& path, const SettingVa
     }
     Lock lock(path + QStringLiteral(".lock"));
     const int error = lock.take(patience);
-    if (error == EWOULDBLOCK) {
+    if (error == EWOULDBLOCK)
         return WritingFailure{QStringLiteral("another program is writing \"%1\"").arg(path), true};
-    }
     if (error != 0) {
         return WritingFailure{
             QStringLiteral(
@@ -384,18 +366,15 @@ std::optional<WritingFailure> writeSettings(const QString& path, const SettingVa
     }
     QFile current(path);
     const std::optional<QByteArray> text = contents(current);
-    if (!text) {
+    if (!text)
         return WritingFailure{QStringLiteral("\"%1\" cannot be read: %2").arg(path, current.errorString())};
-    }
     if (losesUnreadable(*text, changes, unreadable)) {
-        if (const std::optional<QString> failure = keepCopy(path, *text)) {
+        if (const std::optional<QString> failure = keepCopy(path, *text))
             return WritingFailure{*failure};
-        }
     }
     QSaveFile next(path);
-    if (!replace(next, withSettings(*text, changes))) {
+    if (!replace(next, withSettings(*text, changes)))
         return WritingFailure{QStringLiteral("\"%1\" cannot be written: %2").arg(path, next.errorString())};
-    }
     return std::nullopt;
 }
 

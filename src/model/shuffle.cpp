@@ -26,9 +26,8 @@ constexpr std::array<Pattern, patternCount - 1> buildShufflePatterns()
     std::size_t count = 0;
     for (std::size_t raw = 0; raw < patternCount; ++raw) {
         const auto pattern = static_cast<Pattern>(raw);
-        if (pattern != Pattern::image) {
+        if (pattern != Pattern::image)
             patterns[count++] = pattern;
-        }
     }
     return patterns;
 }
@@ -40,9 +39,8 @@ std::uint32_t below(std::uint32_t n, std::mt19937_64& engine)
     // The 2^64 values of the engine do not divide evenly by n: the first (2^64 mod n) are drawn again.
     const std::uint64_t uneven = (std::numeric_limits<std::uint64_t>::max() - n + 1) % n;
     std::uint64_t value = engine();
-    while (value < uneven) {
+    while (value < uneven)
         value = engine();
-    }
     return static_cast<std::uint32_t>(value % n);
 }
 

@@ -20,18 +20,16 @@ public:
         : m_values(std::move(settings.values))
         , m_problems(notes)
     {
-        if (settings.problem) {
+        if (settings.problem)
             m_problems.push_back({{}, *settings.problem});
-        }
     }
 
     template<typename Field, typename Value>
     void readJson(const char* key, Field& field, Value (*decode)(std::string_view))
     {
         const QVariant* value = find(key);
-        if (value == nullptr) {
+        if (value == nullptr)
             return;
-        }
         if (value->typeId() != QMetaType::QByteArray && value->typeId() != QMetaType::QString) {
             note(key, *value, QStringLiteral("JSON text in quotes is expected"));
             return;
@@ -46,9 +44,8 @@ public:
     void read(const char* key, bool& field)
     {
         const QVariant* value = find(key);
-        if (value == nullptr) {
+        if (value == nullptr)
             return;
-        }
         const QString text = value->toString().toLower();
         if (text != QStringLiteral("true") && text != QStringLiteral("false")) {
             note(key, *value, QStringLiteral("true or false is expected"));
@@ -60,9 +57,8 @@ public:
     void read(const char* key, qint64& field)
     {
         const QVariant* value = find(key);
-        if (value == nullptr) {
+        if (value == nullptr)
             return;
-        }
         bool isNumber = false;
         const qint64 number = value->toString().toLongLong(&isNumber);
         if (!isNumber) {
@@ -104,9 +100,8 @@ constexpr std::chrono::milliseconds endPatience{500};
 std::vector<Look> withNewest(std::vector<Look> looks, const Look& newest)
 {
     looks.push_back(newest);
-    if (looks.size() > maxHistory) {
+    if (looks.size() > maxHistory)
         looks.erase(looks.begin(), looks.end() - static_cast<std::ptrdiff_t>(maxHistory));
-    }
     return looks;
 }
 
@@ -166,9 +161,8 @@ void Store::load()
 
     m_state.previous = m_state.look;
     m_state.desktopPrevious = m_state.desktop;
-    for (const SettingProblem& problem : m_problems) {
+    for (const SettingProblem& problem : m_problems)
         m_unreadable.insert(problem.key.toStdString());
-    }
 }
 
 bool Store::isOnDesktop() const
@@ -178,9 +172,8 @@ bool Store::isOnDesktop() const
 
 void Store::setLook(Look next)
 {
-    if (encoded(next, encodeLook)) {
+    if (encoded(next, encodeLook))
         edit(std::move(next));
-    }
     finish();
 }
 
@@ -242,17 +235,15 @@ void Store::setStopsBeforeEdit(std::optional<std::vector<Color>> stops)
 
 void Store::changeLook(Look next)
 {
-    if (encoded(next, encodeLook)) {
+    if (encoded(next, encodeLook))
         fadeToNew(std::move(next));
-    }
     finish();
 }
 
 void Store::undo()
 {
-    if (m_state.history.empty()) {
+    if (m_state.history.empty())
         return;
-    }
     Look last = m_state.history.back();
     update(m_state.history, withoutNewest(m_state.history), &Store::historyChanged);
     fadeTo(std::move(last));
@@ -272,9 +263,8 @@ void Store::applyToDesktop(Look next, RecordHistory record, std::optional<bool> 
 
 void Store::previousWallpaper()
 {
-    if (m_state.desktopHistory.empty()) {
+    if (m_state.desktopHistory.empty())
         return;
-    }
     const Look last = m_state.desktopHistory.back();
     updateDesktopHistory(withoutNewest(m_state.desktopHistory));
     fadeTo(last);
@@ -284,9 +274,8 @@ void Store::previousWallpaper()
 
 const Look& Store::upcoming()
 {
-    if (!m_upcoming) {
+    if (!m_upcoming)
         m_upcoming = randomLook(m_environment.random, std::nullopt);
-    }
     return *m_upcoming;
 }
 
@@ -304,17 +293,14 @@ void Store::shuffle()
 
 void Store::endEditing()
 {
-    if (!m_state.stopsBeforeEdit) {
+    if (!m_state.stopsBeforeEdit)
         return;
-    }
     // An empty list and none mean the same colours: then the look stays exactly as it is.
     Look restored = m_state.look;
-    if (restored.custom.value_or(std::vector<Color>()) != *m_state.stopsBeforeEdit) {
+    if (restored.custom.value_or(std::vector<Color>()) != *m_state.stopsBeforeEdit)
         restored.custom = m_state.stopsBeforeEdit->empty() ? std::nullopt : m_state.stopsBeforeEdit;
-    }
-    if (encoded(restored, encodeLook)) {
+    if (encoded(restored, encodeLook))
         edit(std::move(restored));
-    }
     update(m_state.draftStops, {}, &Store::draftStopsChanged);
     update(m_state.draftStopsIndex, {}, &Store::draftStopsIndexChanged);
     update(m_state.stopsBeforeEdit, {}, &Store::stopsBeforeEditChanged);
@@ -352,30 +338,26 @@ void Store::setUnsaved(const char* key, SettingValue value)
 /// Marks the edited look, if it has changed, as to be saved with the next save().
 void Store::addLook()
 {
-    if (std::exchange(m_isLookUnsaved, false)) {
+    if (std::exchange(m_isLookUnsaved, false))
         m_unsaved["look"] = bytes(encodeLook(m_state.look));
-    }
 }
 
 /// Saves what is marked as unsaved. Where that fails, it stays marked and is tried again later.
 void Store::save(std::chrono::milliseconds patience)
 {
-    if (m_unsaved.empty()) {
+    if (m_unsaved.empty())
         return;
-    }
     const auto failure = writeSettings(m_environment.settingsFile, m_unsaved, m_unreadable, patience);
     if (failure) {
         retry(*failure);
         return;
     }
     // The copy holds the other unreadable values too.
-    if (std::erase_if(m_unreadable, [this](const std::string& key) { return m_unsaved.contains(key); }) > 0) {
+    if (std::erase_if(m_unreadable, [this](const std::string& key) { return m_unsaved.contains(key); }) > 0)
         m_unreadable.clear();
-    }
     m_unsaved.clear();
-    if (!m_isLookUnsaved) {
+    if (!m_isLookUnsaved)
         m_laterTimer.stop();
-    }
     m_retryTimer.stop();
     m_lockDeadline.reset();
     m_resumed = std::exchange(m_failing, false);
@@ -384,18 +366,16 @@ void Store::save(std::chrono::milliseconds patience)
 /// Has what is unsaved saved a little later, if nothing has seen to that already.
 void Store::saveLater()
 {
-    if (!m_laterTimer.isActive()) {
+    if (!m_laterTimer.isActive())
         m_laterTimer.start();
-    }
 }
 
 /// Has it tried again, and notes the failure if it is news.
 void Store::retry(const WritingFailure& failure)
 {
     if (failure.isLocked && !m_failing) {
-        if (!m_lockDeadline) {
+        if (!m_lockDeadline)
             m_lockDeadline.emplace(lockPatience);
-        }
         if (!m_lockDeadline->hasExpired()) {
             m_retryTimer.start(lockRetryInterval);
             return;
@@ -403,9 +383,8 @@ void Store::retry(const WritingFailure& failure)
     }
     m_lockDeadline.reset();
     m_retryTimer.start(m_environment.retryInterval);
-    if (!std::exchange(m_failing, true)) {
+    if (!std::exchange(m_failing, true))
         m_failure = failure.message;
-    }
 }
 
 /// Ends every operation: saves, then tells what has happened.
@@ -413,53 +392,44 @@ void Store::retry(const WritingFailure& failure)
 void Store::finish(std::optional<ContinueFromEditor> applying)
 {
     if (std::exchange(m_isDue, false)) {
-        if (m_retryTimer.isActive()) {
+        if (m_retryTimer.isActive())
             saveLater();
-        } else {
+        else
             save();
-        }
     }
     // Taken out first: whoever hears of a change may start the next operation.
     const auto changes = std::exchange(m_changes, {});
     const auto refusal = std::exchange(m_refusal, {});
     const auto failure = std::exchange(m_failure, {});
     const bool resumed = std::exchange(m_resumed, false);
-    for (const Signal signal : changes) {
+    for (const Signal signal : changes)
         Q_EMIT(this->*signal)();
-    }
-    if (!changes.empty()) {
+    if (!changes.empty())
         Q_EMIT changed();
-    }
-    if (applying) {
+    if (applying)
         Q_EMIT applied(*applying);
-    }
-    if (refusal) {
+    if (refusal)
         Q_EMIT refused(*refusal);
-    }
-    if (failure) {
+    if (failure)
         Q_EMIT savingFailed(*failure);
-    }
-    if (resumed) {
+    if (resumed)
         Q_EMIT savingResumed();
-    }
 }
 
 /// Assigns; an equal value is stored too, since equal floats can differ in the sign of zero.
 template<typename Value>
 void Store::update(Value& field, Value value, Signal signal)
 {
-    if (field != value) {
+    if (field != value)
         m_changes.push_back(signal);
-    }
     field = std::move(value);
 }
 
 template<typename Value>
 void Store::updateSetting(Value& field, Value value, Signal signal, const char* key, SettingValue stored)
 {
-    if (field == value) {
+    if (field == value)
         return;
-    }
     update(field, std::move(value), signal);
     setUnsaved(key, std::move(stored));
 }
@@ -470,9 +440,8 @@ void Store::updateText(Value& field, Value value, Signal signal, const char* key
                        std::string (*encode)(const Value&))
 {
     const std::optional<std::string> text = encoded(value, encode);
-    if (!text || *text == encode(field)) {
+    if (!text || *text == encode(field))
         return;
-    }
     update(field, std::move(value), signal);
     setUnsaved(key, bytes(*text));
 }
@@ -492,9 +461,8 @@ std::optional<std::string> Store::encoded(const Value& value, std::string (*enco
 /// Sets the edited look and has it saved later.
 void Store::edit(Look next)
 {
-    if (encodeLook(next) == encodeLook(m_state.look)) {
+    if (encodeLook(next) == encodeLook(m_state.look))
         return;
-    }
     update(m_state.look, std::move(next), &Store::lookChanged);
     m_isLookUnsaved = true;
     m_laterTimer.start();
@@ -510,18 +478,16 @@ void Store::fadeTo(Look next)
 /// Fades to a look that differs and records the one it replaces.
 void Store::fadeToNew(Look next)
 {
-    if (next == m_state.look) {
+    if (next == m_state.look)
         return;
-    }
     update(m_state.history, withNewest(m_state.history, m_state.look), &Store::historyChanged);
     fadeTo(std::move(next));
 }
 
 void Store::putOnDesktop(Look next, RecordHistory record, bool motion)
 {
-    if (record == RecordHistory::yes && m_state.desktop && *m_state.desktop != next) {
+    if (record == RecordHistory::yes && m_state.desktop && *m_state.desktop != next)
         updateDesktopHistory(withNewest(m_state.desktopHistory, *m_state.desktop));
-    }
     update(m_state.desktopPrevious, m_state.desktop, &Store::desktopPreviousChanged);
     update(m_state.desktopTransitionStart, m_environment.mediaTime(), &Store::desktopTransitionStartChanged);
     setUnsaved("desktop", bytes(encodeLook(next)));

@@ -197,12 +197,11 @@ public:
         std::vector<ColorTable> tables(bands.size());
         std::atomic<bool> tooMany = false;
         inParallel(bands.size(), [&](std::size_t i) {
-            for (int y = bands[i].first; y < bands[i].last && !tooMany; ++y) {
+            for (int y = bands[i].first; y < bands[i].last && !tooMany; ++y)
                 if (equalsRowAbove(picture, y))
                     rows.m_repeated[static_cast<std::size_t>(y)] = 1;
                 else if (!indexRow(picture.row(y), tables[i], rows.numbersOf(y)))
                     tooMany = true;
-            }
         });
         if (tooMany || !rows.joinTables(tables))
             return std::nullopt;

@@ -211,10 +211,9 @@ public:
         if (readChunk() != "IHDR")
             fail("is a damaged PNG file: it does not begin with its header");
         std::optional<std::string> look;
-        for (std::string type = readChunk(); type != "IEND"; type = readChunk()) {
+        for (std::string type = readChunk(); type != "IEND"; type = readChunk())
             if (type == "iTXt" && !look && std::string_view(m_text).starts_with(keyword))
                 look = lookIn(std::string_view(m_text).substr(keyword.size()));
-        }
         return look;
     }
 

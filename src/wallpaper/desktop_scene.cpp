@@ -79,10 +79,9 @@ void DesktopScene::prepare(const CrossFade& fade, const std::vector<QSize>& size
 /// The same cross-fade, without the photos that need not be read again.
 CrossFade DesktopScene::withoutKnownPhotos(CrossFade fade) const
 {
-    for (Look* look : {&fade.previous, &fade.current}) {
+    for (Look* look : {&fade.previous, &fade.current})
         if (look->imagePath && m_encoder.photos().holds(*look->imagePath))
             look->imagePath.reset();
-    }
     return fade;
 }
 

@@ -115,10 +115,9 @@ std::optional<std::set<QString>> photosInUse(const Store& store)
     };
     add(store.look());
     add(store.previous());
-    for (const std::optional<Look>& look : {store.desktop(), store.desktopPrevious()}) {
+    for (const std::optional<Look>& look : {store.desktop(), store.desktopPrevious()})
         if (look)
             add(*look);
-    }
     for (const Look& look : store.history())
         add(look);
     for (const Look& look : store.desktopHistory())
@@ -130,10 +129,9 @@ std::optional<std::set<QString>> photosInUse(const Store& store)
 
 void removePhotos(const QString& folder, const std::set<QString>& inUse, const QDateTime& madeBefore)
 {
-    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::NoSymLinks))
         if (isCopy(file) && !inUse.contains(file.fileName()) && file.lastModified() < madeBefore)
             QFile::remove(file.filePath());
-    }
 }
 
 } // namespace tessel

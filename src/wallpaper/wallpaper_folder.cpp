@@ -24,10 +24,9 @@ void removeTorsos(QDir& directory)
 {
     const QDateTime hourAgo = QDateTime::currentDateTime().addSecs(-3600);
     const QDir::Filters filters = QDir::Files | QDir::Hidden;
-    for (const QFileInfo& file : directory.entryInfoList({QStringLiteral(".tessel-*.tmp")}, filters)) {
+    for (const QFileInfo& file : directory.entryInfoList({QStringLiteral(".tessel-*.tmp")}, filters))
         if (file.lastModified() < hourAgo)
             directory.remove(file.fileName());
-    }
 }
 
 } // namespace
@@ -43,10 +42,9 @@ void pruneStills(const QString& folder, int screens, const QStringList& inUse)
     QStringList names = directory.entryList({QStringLiteral("wall-*")}, QDir::Files);
     std::ranges::stable_sort(names, std::ranges::greater(), timeOf);
     const qsizetype kept = qsizetype{std::max(screens, 1)} * generationsKept;
-    for (const QString& name : names.mid(std::min(kept, names.size()))) {
+    for (const QString& name : names.mid(std::min(kept, names.size())))
         if (!inUse.contains(directory.filePath(name)))
             directory.remove(name);
-    }
     removeTorsos(directory);
 }
 

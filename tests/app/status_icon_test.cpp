@@ -24,10 +24,9 @@ IconMask emptyMask()
 int inkCount(const QImage& image)
 {
     int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             count += qAlpha(image.pixel(x, y)) == 255 ? 1 : 0;
-    }
     return count;
 }
 
@@ -35,10 +34,9 @@ QRect inkBounds(const QImage& image)
 {
     QRect bounds;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (qAlpha(image.pixel(x, y)) != 0)
                 bounds |= QRect(x, y, 1, 1);
-        }
     }
     return bounds;
 }
@@ -99,10 +97,9 @@ TEST(StatusIcon, IsEnlargedByHalvesOfPixelsForPanels)
     EXPECT_EQ(large.copy(2, 2, 44, 44), small.scaled(44, 44));
     EXPECT_EQ(inkCount(large), 4 * inkCount(small));
     const QImage between = panelImage(bowlMask(), 33, PanelTone::light);
-    for (int y = 0; y < 30; ++y) {
+    for (int y = 0; y < 30; ++y)
         for (int x = 0; x < 33; ++x)
             ASSERT_EQ(qAlpha(between.pixel(x, y + 2)), qAlpha(statusImage(bowlMask()).pixel(x, y)));
-    }
 }
 
 TEST(StatusIcon, KeepsItsWeightWhenMadeSmaller)
@@ -110,10 +107,9 @@ TEST(StatusIcon, KeepsItsWeightWhenMadeSmaller)
     const auto weight = [](int side) {
         const QImage image = panelImage(bowlMask(), side, PanelTone::light, Rim::faint);
         double sum = 0;
-        for (int y = 0; y < side; ++y) {
+        for (int y = 0; y < side; ++y)
             for (int x = 0; x < side; ++x)
                 sum += qAlpha(image.pixel(x, y)) / 255.0;
-        }
         return sum / (side * side);
     };
     const double whole = inkCount(panelImage(bowlMask(), 22, PanelTone::light)) / (22.0 * 22.0);

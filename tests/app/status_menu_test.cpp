@@ -43,10 +43,9 @@ std::vector<std::string> titles(const std::vector<MenuRow>& rows)
 std::vector<std::string> checkedTitles(const std::vector<MenuRow>& rows)
 {
     std::vector<std::string> list;
-    for (const MenuRow& row : rows) {
+    for (const MenuRow& row : rows)
         if (row.checked.value_or(false))
             list.push_back(row.title.toStdString());
-    }
     return list;
 }
 

@@ -121,9 +121,8 @@ TEST(DecodeLook, ReadsEveryKey)
 
 TEST(DecodeLook, RaisesSpeedAndPalette)
 {
-    for (const char* const speed : {"0", "-1", "-0.0", "0.009", "-3e38", "1e-999"}) {
+    for (const char* const speed : {"0", "-1", "-0.0", "0.009", "-3e38", "1e-999"})
         EXPECT_EQ(decodeLook(R"({"speed":)" + std::string(speed) + "}").speed, 0.01F) << speed;
-    }
     EXPECT_EQ(decodeLook(R"({"speed":0.011})").speed, 0.011F);
     EXPECT_EQ(decodeLook(R"({"palette":-3})").palette, 0);
     EXPECT_EQ(decodeLook(R"({"palette":-9223372036854775808})").palette, 0);
@@ -183,11 +182,9 @@ TEST(DecodeLook, NamesKeyValueAndWhatIsRight)
         EXPECT_EQ(lookFailure("{\"" + key + "\":" + value + "}"),
                   '"' + key + "\" holds " + value + "; " + expected);
     };
-    for (const auto& [key, expected, values] : wrong) {
-        for (const std::string& value : values) {
+    for (const auto& [key, expected, values] : wrong)
+        for (const std::string& value : values)
             expectRefused(key, value, expected);
-        }
-    }
 
     const std::vector<std::pair<std::string, std::string>> cases{
         {R"({"levels":[5]})", R"("levels" holds an array; )" + anyFloat},
@@ -208,18 +205,16 @@ TEST(DecodeLook, NamesKeyValueAndWhatIsRight)
         {"\"{}\"", "a look is a JSON object, this is a string"},
         {"1e999", "the JSON holds 1e999; no number may be that large"},
     };
-    for (const auto& [json, message] : cases) {
+    for (const auto& [json, message] : cases)
         EXPECT_EQ(lookFailure(json), message) << json;
-    }
 }
 
 TEST(DecodeLook, CutsLongValuesShortAndKeepsThemPrintable)
 {
     const std::string tea = "\xE8\x8C\xB6"; // three bytes
     std::string path = "\x7F\xC2\x9B";      // DEL and the one-character form of ESC [
-    for (int count = 0; count < 1000; ++count) {
+    for (int count = 0; count < 1000; ++count)
         path += tea;
-    }
     const std::string message = lookFailure(R"({"pattern":")" + path + R"("})");
     EXPECT_THAT(message, StartsWith(R"("pattern" holds "\u007f\u009b\u8336)"));
     EXPECT_THAT(message, HasSubstr(R"(\u8336..."; a whole number)"));
@@ -261,15 +256,13 @@ TEST(DecodeLook, SaysWhereTheSyntaxBreaks)
         {std::string("{}\0{", 4), "line 1, column 3: a NUL character cannot stand in JSON"},
         {std::string("{\"a\":\"\0\"}", 9), "line 1, column 7: a NUL character cannot stand in JSON"},
     };
-    for (const auto& [json, message] : cases) {
+    for (const auto& [json, message] : cases)
         EXPECT_EQ(lookFailure(json), message) << json;
-    }
     for (const char* const json :
          {R"({"seed":01})", R"({"seed":.5})", R"({"seed":1,})", R"({seed:1})", R"({"seed" 1})",
           R"({"custom":[1 2]})", R"({/**/})", R"({"name":"\ud800"})", R"({"name":"\x41"})",
-          R"({"seed":0x10})", "{]", "\xEF\xBB{}"}) {
+          R"({"seed":0x10})", "{]", "\xEF\xBB{}"})
         EXPECT_THAT(lookFailure(json), StartsWith("line 1, column ")) << json;
-    }
 }
 
 TEST(DecodeLook, StopsAtDeepNesting)
@@ -284,9 +277,8 @@ TEST(DecodeLook, StopsAtDeepNesting)
     brackets.resize(10'000'000, '[');
     EXPECT_THAT(lookFailure(brackets), StartsWith("the JSON is nested more than 32 deep"));
     std::string objects;
-    for (int depth = 0; depth < 100'000; ++depth) {
+    for (int depth = 0; depth < 100'000; ++depth)
         objects += R"({"a":)";
-    }
     EXPECT_THAT(lookFailure(objects), StartsWith("the JSON is nested more than 32 deep"));
 }
 
@@ -296,9 +288,8 @@ TEST(DecodeLook, DoesNotDependOnTheLocale)
     setenv("LOCPATH", TEST_LOCALES, 1);
     int tried = 0;
     for (const char* const name : {"de_DE.UTF-8", "ps_AF.UTF-8"}) { // a comma, and a sign of two bytes
-        if (std::setlocale(LC_NUMERIC, name) == nullptr) {
+        if (std::setlocale(LC_NUMERIC, name) == nullptr)
             continue;
-        }
         ++tried;
         const Look look = decodeLook(R"({"scale":2.75,"warp":1.5e1,"grain":-0.125})");
         const std::string text = encodeLook(look);
@@ -310,9 +301,8 @@ TEST(DecodeLook, DoesNotDependOnTheLocale)
         EXPECT_THAT(text, HasSubstr(R"("scale":2.75)")) << name;
     }
     unsetenv("LOCPATH");
-    if (tried == 0) {
+    if (tried == 0)
         GTEST_SKIP() << "localedef could not make the locales";
-    }
 }
 
 TEST(DecodeLists, SayWhichEntryIsWrong)
@@ -373,9 +363,8 @@ TEST(DecodePresets, ChecksTheId)
          {"", "6F9619FF8B86D011B42D00C04FC964FF", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}",
           "6F9619FF-8B86-D011-B42D-00C04FC964F", "6F9619FF-8B86-D011-B42D-00C04FC964FFF",
           "6F9619FG-8B86-D011-B42D-00C04FC964FF", "6F9619Fg-8B86-D011-B42D-00C04FC964FF",
-          "6F9619FF-8B86-D011-B42D000C04FC964FF", "6F9619FF-8B86-D011-B42D-00C04FC964F-"}) {
+          "6F9619FF-8B86-D011-B42D000C04FC964FF", "6F9619FF-8B86-D011-B42D-00C04FC964F-"})
         EXPECT_THAT(failure(decodePresets, presetJson(id)), StartsWith(R"(entry 1: "id" holds ")")) << id;
-    }
 }
 
 /// Looks from every corner: floats of any finite bit pattern, text of any characters, any colours.
@@ -392,19 +381,16 @@ public:
         look.dither = static_cast<Dither>(engine() % ditherCount);
         for (float Look::*const field :
              {&Look::pixel, &Look::levels, &Look::scale, &Look::warp, &Look::contrast, &Look::offset,
-              &Look::grain, &Look::vignette, &Look::seed}) {
+              &Look::grain, &Look::vignette, &Look::seed})
             look.*field = finiteFloat();
-        }
         look.speed = std::max(finiteFloat(), 0.01F);
         look.invert = engine() % 2 == 0;
-        if (engine() % 2 == 0) {
+        if (engine() % 2 == 0)
             look.imagePath = text(1);
-        }
         if (engine() % 2 == 0) {
             look.custom.emplace(engine() % 9);
-            for (Color& color : *look.custom) {
+            for (Color& color : *look.custom)
                 color = static_cast<Color>(engine() & 0xFFFFFFU);
-            }
         }
         return look;
     }
@@ -426,9 +412,8 @@ private:
     float finiteFloat()
     {
         float value = std::numeric_limits<float>::infinity();
-        while (!std::isfinite(value)) {
+        while (!std::isfinite(value))
             value = std::bit_cast<float>(static_cast<std::uint32_t>(engine()));
-        }
         return value;
     }
 
@@ -437,9 +422,8 @@ private:
         const std::array<std::uint32_t, 5> limits{0x20, 0x80, 0x800, 0xD800, 0x110000};
         for (;;) {
             const auto point = static_cast<char32_t>(engine() % limits.at(engine() % limits.size()));
-            if (point >= least && (point < 0xD800 || point > 0xDFFF)) {
+            if (point >= least && (point < 0xD800 || point > 0xDFFF))
                 return point;
-            }
         }
     }
 

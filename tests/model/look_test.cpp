@@ -50,9 +50,8 @@ TEST(LookValue, EveryFieldCountsForEqualityAndHash)
     std::unordered_set<std::size_t> hashes;
     for (std::size_t first = 0; first < looks.size(); ++first) {
         hashes.insert(std::hash<Look>{}(looks[first]));
-        for (std::size_t second = 0; second < looks.size(); ++second) {
+        for (std::size_t second = 0; second < looks.size(); ++second)
             EXPECT_EQ(looks[first] == looks[second], first == second) << first << " and " << second;
-        }
     }
     EXPECT_EQ(hashes.size(), looks.size());
 }
@@ -85,9 +84,8 @@ TEST(PresetValue, AllFourFieldsCountForEqualityAndHash)
     EXPECT_EQ(distinct.size(), presets.size());
     EXPECT_TRUE(distinct.contains(Preset(preset)));
     std::unordered_set<std::size_t> hashes;
-    for (const Preset& each : presets) {
+    for (const Preset& each : presets)
         hashes.insert(std::hash<Preset>{}(each));
-    }
     EXPECT_EQ(hashes.size(), presets.size());
 }
 

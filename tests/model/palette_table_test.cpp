@@ -45,11 +45,9 @@ Ramp rampOf(const Palette& palette)
 std::vector<std::string_view> namesWhere(const std::function<bool(const Ramp&)>& holds)
 {
     std::vector<std::string_view> names;
-    for (const Palette& palette : builtInPalettes()) {
-        if (holds(rampOf(palette))) {
+    for (const Palette& palette : builtInPalettes())
+        if (holds(rampOf(palette)))
             names.push_back(palette.name);
-        }
-    }
     return names;
 }
 
@@ -74,9 +72,8 @@ double hueTravel(const Ramp& ramp)
     double travel = 0;
     const Oklab* last = nullptr;
     for (const Oklab& stop : ramp) {
-        if (chroma(stop) < 0.02) {
+        if (chroma(stop) < 0.02)
             continue;
-        }
         if (last != nullptr) {
             const double cross = last->a * stop.b - last->b * stop.a;
             const double dot = last->a * stop.a + last->b * stop.b;
@@ -105,9 +102,8 @@ std::array<Oklab, samplePlaces> samples(const Ramp& ramp)
 std::uint64_t fingerprint(std::string_view text)
 {
     std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char letter : text) {
+    for (const char letter : text)
         hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001B3;
-    }
     return hash;
 }
 
@@ -115,9 +111,8 @@ TEST(PaletteTable, KeepsEveryNameInItsPlace)
 {
     // Saved looks hold the index alone, so a renamed or moved palette changes people's wallpapers.
     std::string names;
-    for (const Palette& palette : builtInPalettes()) {
+    for (const Palette& palette : builtInPalettes())
         names += std::string(palette.name) + '\n';
-    }
     EXPECT_EQ(fingerprint(names), 0x3DCCFBA77CC4F785) << names;
 }
 
@@ -127,9 +122,8 @@ TEST(PaletteTable, KeepsTheFixedPalettes)
     const std::vector<std::size_t> fixed{0,  1,  2,  3,  4,  5,   6,   7,   8,   9,   10,  11, 12,
                                          23, 39, 51, 66, 86, 106, 113, 124, 143, 175, 185, 208};
     for (const std::size_t index : fixed) {
-        for (const Color stop : builtInPalettes()[index].hex) {
+        for (const Color stop : builtInPalettes()[index].hex)
             stops += hexText(stop) + ' ';
-        }
         stops += '\n';
     }
     EXPECT_EQ(fingerprint(stops), 0x864AE54C828A5233) << stops;
@@ -153,19 +147,16 @@ TEST(PaletteTable, HasNoTwins)
     constexpr double clearlyVisible = 0.05;
     const std::span<const Palette> table = builtInPalettes();
     std::vector<std::array<Oklab, samplePlaces>> sampled;
-    for (const Palette& palette : table) {
+    for (const Palette& palette : table)
         sampled.push_back(samples(rampOf(palette)));
-    }
     std::vector<std::string> twins;
     for (std::size_t one = 0; one < table.size(); ++one) {
         for (std::size_t other = one + 1; other < table.size(); ++other) {
             double sum = 0;
-            for (std::size_t place = 0; place < samplePlaces; ++place) {
+            for (std::size_t place = 0; place < samplePlaces; ++place)
                 sum += distance(sampled[one][place], sampled[other][place]);
-            }
-            if (sum / samplePlaces < clearlyVisible) {
+            if (sum / samplePlaces < clearlyVisible)
                 twins.push_back(std::string(table[one].name) + " and " + std::string(table[other].name));
-            }
         }
     }
     // Only fixed palettes may be this close.

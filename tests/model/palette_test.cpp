@@ -40,9 +40,8 @@ TEST(PaletteGroups, AreTheRunsOfTheTableAfterTheCorePalettes)
     for (std::size_t place = 0; place < groups.size(); ++place) {
         EXPECT_EQ(groups[place].name, families[place].first);
         EXPECT_EQ(groups[place].indices.size(), families[place].second) << groups[place].name;
-        for (const int index : groups[place].indices) {
+        for (const int index : groups[place].indices)
             EXPECT_EQ(index, next++);
-        }
     }
     EXPECT_EQ(next, 222);
 }
@@ -60,9 +59,8 @@ TEST(PaletteName, WrapsPastTheEndOfTheTable)
         {-1, "Ember"},
         {Limits::min(), "Ember"},
         {Limits::max(), "Nimbus"}}; // 2^63 - 1 leaves 79
-    for (const auto& [index, name] : names) {
+    for (const auto& [index, name] : names)
         EXPECT_EQ(paletteName(lookWithPalette(index)), name) << index;
-    }
 }
 
 TEST(DisplayTitle, IsPatternAndPalette)

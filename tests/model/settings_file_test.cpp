@@ -51,9 +51,8 @@ private:
 TEST_F(SettingsFile, GivesBackEveryByte)
 {
     QByteArray bytes;
-    for (int value = 0; value < 256; ++value) {
+    for (int value = 0; value < 256; ++value)
         bytes.append(static_cast<char>(value)).append('f').append(static_cast<char>(value));
-    }
     ASSERT_EQ(writeSettings(path("a/b/broth.conf"), {{"bytes", bytes}, {"flag", true}, {"number", -5}}),
               std::nullopt);
     const StoredSettings stored = readSettings(path("a/b/broth.conf"));
@@ -88,11 +87,9 @@ std::map<QString, QVariant> allValues(const QString& path)
 {
     const QSettings file(path, QSettings::IniFormat);
     std::map<QString, QVariant> values;
-    for (const QString& key : file.allKeys()) {
-        if (!QStringLiteral("/%1/").arg(key).contains(QStringLiteral("//"))) {
+    for (const QString& key : file.allKeys())
+        if (!QStringLiteral("/%1/").arg(key).contains(QStringLiteral("//")))
             values[key] = file.value(key);
-        }
-    }
     return values;
 }
 
@@ -110,9 +107,8 @@ TEST_F(SettingsFile, AgreesWithQSettingsOnWhatIsWhere)
     std::uniform_int_distribution<int> length(0, 25);
     for (int round = 0; round < 2000; ++round) {
         QByteArray text;
-        for (int left = length(engine); left > 0; --left) {
+        for (int left = length(engine); left > 0; --left)
             text += pieces[piece(engine)];
-        }
         // Files of their own each time: QSettings remembers what it has read under a name.
         const QString before = path((std::to_string(round) + ".before").c_str());
         const QString after = path((std::to_string(round) + ".after").c_str());
@@ -203,17 +199,14 @@ TEST_F(SettingsFile, ManyWritersLoseNothing)
     std::vector<std::jthread> writers;
     for (const char* key : {"a", "b", "c", "d"}) {
         writers.emplace_back([this, key] {
-            for (qint64 round = 1; round <= 100; ++round) {
-                while (const auto failure = writeSettings(path(), {{key, round}})) {
+            for (qint64 round = 1; round <= 100; ++round)
+                while (const auto failure = writeSettings(path(), {{key, round}}))
                     ASSERT_TRUE(failure->isLocked) << failure->message.toStdString();
-                }
-            }
         });
     }
     writers.clear();
-    for (const char* key : {"a", "b", "c", "d"}) {
+    for (const char* key : {"a", "b", "c", "d"})
         EXPECT_EQ(readSettings(path()).values[key].toString(), QStringLiteral("100"));
-    }
 }
 
 TEST_F(SettingsFile, KeepsACopyOfWhatNobodyCouldRead)
@@ -235,9 +228,8 @@ TEST_F(SettingsFile, KeepsACopyOfWhatNobodyCouldRead)
     EXPECT_EQ(copies(), QList<QByteArray>());
     {
         const FileSizeLimit room(600);
-        for (int attempt = 0; attempt < 2; ++attempt) {
+        for (int attempt = 0; attempt < 2; ++attempt)
             EXPECT_TRUE(writeSettings(path(), {{"look", QByteArray(1000, 'l')}}));
-        }
     }
     EXPECT_EQ(copies(), QList<QByteArray>{damaged}) << "once";
     EXPECT_EQ(writeSettings(path(), {{"look", 1}}), std::nullopt);
@@ -251,9 +243,8 @@ TEST_F(SettingsFile, KeepsACopyOfWhatNobodyCouldRead)
         EXPECT_THAT(failure->message.toStdString(), HasSubstr("a copy cannot be kept"));
         EXPECT_EQ(textOf(path()), before);
     }
-    for (int value = 1; value <= 7; ++value) {
+    for (int value = 1; value <= 7; ++value)
         EXPECT_EQ(writeSettings(path(), {{"tea", value}}, {"tea"}), std::nullopt);
-    }
     EXPECT_EQ(copies().size(), 5);
     EXPECT_EQ(copies().back(), "[General]\nedge=1\ntea=6\nlook=1\n");
 }

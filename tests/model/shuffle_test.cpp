@@ -121,20 +121,17 @@ TEST(SeededSource, IsTheSameOnEveryMachine)
     // The C++ standard fixes the 10000th value of this engine, seeded with 5489, as 9981545732273789042.
     const RandomSource standard = seededSource(5489);
     std::uint32_t last = 0;
-    for (int draw = 0; draw < 10'000; ++draw) {
+    for (int draw = 0; draw < 10'000; ++draw)
         last = standard(0xFFFFFFFF);
-    }
     EXPECT_EQ(last, 9'981'545'732'273'789'042U % 0xFFFFFFFFU);
 }
 
 TEST(SeededSource, StaysInRangeForEveryKindOfRange)
 {
     const RandomSource random = seededSource(1);
-    for (const std::uint32_t n : {1U, 2U, 3U, 100U, steps + 1, 0x80000001U, 0xFFFFFFFFU}) {
-        for (int draw = 0; draw < 1000; ++draw) {
+    for (const std::uint32_t n : {1U, 2U, 3U, 100U, steps + 1, 0x80000001U, 0xFFFFFFFFU})
+        for (int draw = 0; draw < 1000; ++draw)
             ASSERT_LT(random(n), n);
-        }
-    }
 }
 
 TEST(SystemSource, DiffersFromRunToRun)

@@ -321,9 +321,8 @@ TEST_F(StoreTest, ChangingTheLookFadesFromTheOldOne)
     EXPECT_EQ(store->previous(), lookWithSeed(1));
     EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1)));
 
-    for (int seed = 100; seed < 145; ++seed) {
+    for (int seed = 100; seed < 145; ++seed)
         store->changeLook(lookWithSeed(seed));
-    }
     EXPECT_EQ(store->history().size(), 40);
     EXPECT_EQ(store->history().front(), lookWithSeed(104));
     EXPECT_EQ(store->history().back(), lookWithSeed(143));
@@ -724,9 +723,8 @@ TEST_F(StoreTest, ObserversMayStartTheNextOperation)
 {
     const auto store = makeStore();
     QObject::connect(store.get(), &Store::lookChanged, [&] {
-        if (store->look() == lookWithSeed(1)) {
+        if (store->look() == lookWithSeed(1))
             store->changeLook(lookWithSeed(2));
-        }
     });
     SignalLog log(*store);
     store->changeLook(lookWithSeed(1));

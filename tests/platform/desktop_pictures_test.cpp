@@ -83,10 +83,9 @@ QImage together(const std::vector<DesktopPicture>& pictures, QSize size)
         const QImage part(picture.file);
         const QPoint corner = picture.screen.pixels().topLeft();
         for (int y = 0; y < part.height(); ++y) {
-            for (int x = 0; x < part.width(); ++x) {
+            for (int x = 0; x < part.width(); ++x)
                 if (whole.rect().contains(corner + QPoint(x, y)))
                     whole.setPixel(corner + QPoint(x, y), part.pixel(x, y));
-            }
         }
     }
     return whole;

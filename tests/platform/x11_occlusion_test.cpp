@@ -115,10 +115,9 @@ private:
     xcb_visualid_t argbVisual()
     {
         auto depths = xcb_screen_allowed_depths_iterator(&m_server.screen());
-        for (; depths.rem > 0; xcb_depth_next(&depths)) {
+        for (; depths.rem > 0; xcb_depth_next(&depths))
             if (depths.data->depth == argbDepth)
                 return xcb_depth_visuals(depths.data)->visual_id;
-        }
         ADD_FAILURE() << "the X server has no visual with an alpha channel";
         return XCB_NONE;
     }

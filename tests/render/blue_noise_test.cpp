@@ -29,10 +29,9 @@ Ranks whiteNoise()
 std::vector<std::array<int, 2>> dotsOf(const Ranks& ranks, double share)
 {
     std::vector<std::array<int, 2>> dots;
-    for (int place = 0; place < side * side; ++place) {
+    for (int place = 0; place < side * side; ++place)
         if (ranks[static_cast<std::size_t>(place)] < share * blueNoiseCount)
             dots.push_back({place % side, place / side});
-    }
     return dots;
 }
 

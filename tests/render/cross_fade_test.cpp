@@ -28,10 +28,9 @@ TEST_F(CrossFade, BlendsThePicturesOfTheTwoLooks)
     const auto mixed =
         renderStill(encoder, {.previous = from, .current = to, .width = 300, .height = 200, .mix = 0.25F});
     ASSERT_TRUE(mixed);
-    for (int y = 0; y < 200; ++y) {
+    for (int y = 0; y < 200; ++y)
         for (int x = 0; x < 300; ++x)
             ASSERT_NEAR(channelOf(*mixed, x, y), 0.75 * channelOf(a, x, y) + 0.25 * channelOf(b, x, y), 1.5);
-    }
 }
 
 TEST_F(CrossFade, ReachesFromOneSideOfTheHandleToTheOther)

@@ -161,10 +161,9 @@ TEST(LoadGovernor, MeasuresTheFirstAndThenEveryThirtiethFrame)
 {
     LoadGovernor governor;
     std::vector<int> measured;
-    for (int frame = 1; frame <= 70; ++frame) {
+    for (int frame = 1; frame <= 70; ++frame)
         if (governor.countFrame())
             measured.push_back(frame);
-    }
     EXPECT_THAT(measured, ElementsAre(1, 31, 61));
 }
 

@@ -15,10 +15,9 @@ protected:
     [[nodiscard]] int inkOf(int glyph) const
     {
         int ink = 0;
-        for (int y = 0; y < glyphCellSize; ++y) {
+        for (int y = 0; y < glyphCellSize; ++y)
             for (int x = 0; x < glyphCellSize; ++x)
                 ink += atlas.constScanLine(y)[glyph * glyphCellSize + x];
-        }
         return ink;
     }
 };

@@ -66,10 +66,9 @@ Look Graphics::greyLook(uint grey)
 Look Graphics::rampLook()
 {
     QImage ramp(512, 288, QImage::Format_Grayscale8);
-    for (int y = 0; y < ramp.height(); ++y) {
+    for (int y = 0; y < ramp.height(); ++y)
         for (int x = 0; x < ramp.width(); ++x)
             ramp.scanLine(y)[x] = static_cast<uchar>(x / 2);
-    }
     return photoLook(ramp);
 }
 

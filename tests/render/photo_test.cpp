@@ -145,10 +145,9 @@ TEST_F(PhotoFile, CoversThePictureFromItsMiddle)
 {
     // Three bands; a square picture of a wide photo shows the middle one only.
     QImage bands(300, 100, QImage::Format_Grayscale8);
-    for (int y = 0; y < 100; ++y) {
+    for (int y = 0; y < 100; ++y)
         for (int x = 0; x < 300; ++x)
             bands.scanLine(y)[x] = x >= 100 && x < 200 ? 255 : 0;
-    }
     Look look = photoLook(bands);
     look.dither = Dither::posterize;
     look.custom = {0x000000, 0xFFFFFF};

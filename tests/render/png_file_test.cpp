@@ -37,10 +37,9 @@ using Bytes = std::vector<std::byte>;
 Picture paint(int width, int height, const std::function<std::uint32_t(int x, int y)>& color)
 {
     Picture picture(width, height);
-    for (int y = 0; y < height; ++y) {
+    for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             picture.row(y)[static_cast<std::size_t>(x)] = color(x, y);
-    }
     return picture;
 }
 

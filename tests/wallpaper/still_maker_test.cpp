@@ -133,10 +133,9 @@ TEST(WallpaperFolderTest, KeepsFourStillsForEachScreenAndThoseInUse)
         QFile file(folder.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     };
-    for (int time = 0; time < 9; ++time) {
+    for (int time = 0; time < 9; ++time)
         for (int screen = 0; screen < 3; ++screen)
             touch(stillFileName(1731686400000 + time, screen));
-    }
     touch(QStringLiteral("wall-notes.txt"));
     touch(QStringLiteral("holiday.png"));
     touch(QStringLiteral(".tessel-17-0.tmp"));

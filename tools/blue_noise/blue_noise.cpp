@@ -75,11 +75,10 @@ private:
     [[nodiscard]] int best(bool amongDots, std::int64_t sign) const
     {
         int found = -1;
-        for (int place = 0; place < places; ++place) {
+        for (int place = 0; place < places; ++place)
             if (has(place) == amongDots &&
                 (found < 0 || sign * m_sums[index(place)] > sign * m_sums[index(found)]))
                 found = place;
-        }
         return found;
     }
 

@@ -128,10 +128,9 @@ std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus)
 {
     const Signs signs = readSigns(bus);
     auto found = running(signs);
-    for (auto& [desktop, backend] : found) {
+    for (auto& [desktop, backend] : found)
         if (isNamed(signs, desktop))
             return std::move(backend);
-    }
     if (!found.empty())
         return std::move(found.front().second);
     if (signs.isX11WithoutDesktop)

@@ -49,10 +49,9 @@ void GnomePictures::change(const std::vector<DesktopPicture>& pictures, Which wh
                                                   {QStringLiteral("picture-uri-dark"), url},
                                                   {QStringLiteral("picture-filename"), file}};
     changeScaling(pictures.size() > 1);
-    for (const auto& [key, value] : values) {
+    for (const auto& [key, value] : values)
         if (known.contains(key) && (which == Which::all || setting(key) != quoted(value)))
             changeSetting(key, quoted(value));
-    }
 }
 
 void GnomePictures::changeScaling(bool severalMonitors)

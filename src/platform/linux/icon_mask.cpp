@@ -87,10 +87,9 @@ std::vector<std::uint32_t> IconMask::shapeAround() const
     std::vector<std::uint32_t> shape(m_differs.size(), ~0U);
     for (int y = 0; y < m_size.height(); ++y) {
         const std::size_t first = static_cast<std::size_t>(y) * m_wordsPerRow;
-        for (int near = std::max(y - rim, 0); near <= std::min(y + rim, m_size.height() - 1); ++near) {
+        for (int near = std::max(y - rim, 0); near <= std::min(y + rim, m_size.height() - 1); ++near)
             for (std::size_t index = 0; index < m_wordsPerRow; ++index)
                 shape[first + index] &= ~spread(row(near), index);
-        }
     }
     return shape;
 }

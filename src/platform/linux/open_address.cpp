@@ -26,10 +26,9 @@ QStringList findOpener()
     for (const QStringList& command :
          {QStringList{QStringLiteral("xdg-open")}, QStringList{QStringLiteral("kde-open5")},
           QStringList{QStringLiteral("kde-open")},
-          QStringList{QStringLiteral("gio"), QStringLiteral("open")}}) {
+          QStringList{QStringLiteral("gio"), QStringLiteral("open")}})
         if (!QStandardPaths::findExecutable(command.front()).isEmpty())
             return command;
-    }
     return {};
 }
 

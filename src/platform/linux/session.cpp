@@ -216,13 +216,12 @@ void LinuxSession::watchMotionSettings(const QDBusConnection& sessionBus)
     auto* portal = new BusService(sessionBus, QStringLiteral("org.freedesktop.portal.Desktop"), this);
     connect(portal, &BusService::appeared, this, [this, portal] {
         portal->listen(portalPath, portalInterface, QStringLiteral("SettingChanged"));
-        for (const MotionSetting& setting : motionSettings) {
+        for (const MotionSetting& setting : motionSettings)
             portal->call(
                 portalPath, portalInterface, QStringLiteral("Read"),
                 {QString(setting.space), QString(setting.key)}, [this, &setting](const QDBusMessage& reply) {
                     setReducedMotion(setting.key, setting.isReduced(unwrapped(reply.arguments().value(0))));
                 });
-        }
     });
     connect(portal, &BusService::received, this, [this](const QDBusMessage& message) {
         const QVariantList arguments = message.arguments();

@@ -92,10 +92,9 @@ std::string className(X11Connection& connection, xcb_window_t window)
 
 std::optional<std::string> desktopOwner(X11Connection& connection)
 {
-    for (const xcb_window_t window : desktopWindows(connection, windows(connection))) {
+    for (const xcb_window_t window : desktopWindows(connection, windows(connection)))
         if (!isOurs(connection, window) && isBackground(connection, window))
             return className(connection, window);
-    }
     return std::nullopt;
 }
 
@@ -103,11 +102,10 @@ xcb_window_t desktopWindowAt(X11Connection& connection, QPoint pixel)
 {
     const std::vector<xcb_window_t> fromBelow = stackedWindows(connection);
     xcb_window_t uppermost = XCB_WINDOW_NONE;
-    for (const xcb_window_t window : desktopWindows(connection, fromBelow)) {
+    for (const xcb_window_t window : desktopWindows(connection, fromBelow))
         if (!isOurs(connection, window) && isBackground(connection, window) &&
             contains(connection, window, pixel))
             uppermost = window;
-    }
     return uppermost;
 }
 

@@ -399,10 +399,9 @@ void X11Occlusion::followCompositor(xcb_window_t owner)
 void X11Occlusion::askWindows()
 {
     std::vector<std::pair<Window*, Question>> questions;
-    for (auto& [id, window] : m_windows) {
+    for (auto& [id, window] : m_windows)
         if (!window.isKnown)
             questions.emplace_back(&window, Question(m_connection.get(), m_connection.root(), *m_atoms, id));
-    }
     for (auto& [window, question] : questions)
         *window = question.read();
 }
@@ -410,10 +409,9 @@ void X11Occlusion::askWindows()
 void X11Occlusion::addUp()
 {
     m_covered = {};
-    for (const auto& [id, window] : m_windows) {
+    for (const auto& [id, window] : m_windows)
         if (!m_isShowingDesktop && (window.workspace == m_workspace || window.workspace == everyWorkspace))
             m_covered += m_compositor != XCB_WINDOW_NONE ? window.opaque : window.whole;
-    }
     bool isDifferent = false;
     for (Answer& answer : m_answers) {
         const bool before = std::exchange(answer.isCovered, computeCovered(answer.pixels));

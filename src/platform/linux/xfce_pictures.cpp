@@ -71,10 +71,9 @@ void XfcePictures::apply(const DesktopPicture& picture, Which which)
             change(style, zoomed);
     }
     const QVariantMap after = settings(monitor);
-    for (const QString& folder : folders) {
+    for (const QString& folder : folders)
         if (after.value(folder + QStringLiteral("last-image")) != picture.file)
             throw DesktopError{QStringLiteral("its settings were changed at the same time, or are locked.")};
-    }
 }
 
 QVariantMap XfcePictures::settings(const QString& folder)
