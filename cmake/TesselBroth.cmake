@@ -10,6 +10,7 @@ target_compile_definitions(tessel_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_
 if(TESSEL_SANITIZE)
     target_compile_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)
+    target_compile_definitions(tessel_options INTERFACE TESSEL_SANITIZED)
     target_link_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE})
 endif()
 

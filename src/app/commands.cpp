@@ -3,6 +3,7 @@
 
 #include "app/commands.h"
 
+#include "base/identity.h"
 #include "model/palette.h"
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
@@ -27,8 +28,6 @@
 namespace tessel {
 
 namespace {
-
-const QString componentName = QStringLiteral("org.tesselbroth.TesselBroth");
 
 /// How long a photo that nobody uses any more is kept: a look can be outside of the store too, in a PNG file
 /// for example.
@@ -159,7 +158,7 @@ void saveAsPreset(Store& store, Dialogs& dialogs)
 
 void checkForUpdates(Dialogs& dialogs)
 {
-    openSoftwareCentre(componentName, &dialogs, [&dialogs](bool isTaken) {
+    openSoftwareCentre(identity::id, &dialogs, [&dialogs](bool isTaken) {
         if (isTaken)
             return;
         dialogs.alert(

@@ -4,6 +4,7 @@
 #include "app/dialogs.h"
 
 #include "app/status_icon.h"
+#include "base/identity.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -95,7 +96,7 @@ QDialogButtonBox* makeButtons(const Alert& alert, QDialog& dialog)
 std::unique_ptr<QDialog> makeDialog(const Alert& alert, std::unique_ptr<QLineEdit> field = nullptr)
 {
     auto dialog = std::make_unique<QDialog>();
-    dialog->setWindowTitle(QStringLiteral("Tessel Broth"));
+    dialog->setWindowTitle(identity::name);
     dialog->setAccessibleDescription(idOf(alert));
     dialog->setAttribute(Qt::WA_ShowWithoutActivating, alert.takeFocus == TakeFocus::no);
     auto* layout = new QGridLayout(dialog.get());

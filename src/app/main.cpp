@@ -3,6 +3,7 @@
 
 #include "app/app_delegate.h"
 #include "app/status_icon.h"
+#include "base/identity.h"
 #include "platform/gl_context.h"
 
 #include <QApplication>
@@ -19,10 +20,10 @@ constexpr int usageError = 2;
 
 void setNames()
 {
-    QCoreApplication::setApplicationName(QStringLiteral("Tessel Broth"));
+    QCoreApplication::setApplicationName(identity::name);
     QCoreApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessel Broth"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.tesselbroth.TesselBroth"));
+    QGuiApplication::setApplicationDisplayName(identity::name);
+    QGuiApplication::setDesktopFileName(identity::id);
 }
 
 void print(std::FILE* stream, const QString& text)

@@ -3,6 +3,7 @@
 
 #include "app/status_menu.h"
 
+#include "base/identity.h"
 #include "model/palette.h"
 
 #include <QApplication>
@@ -114,10 +115,8 @@ std::vector<MenuRow> creditRows(const StatusCommands& commands)
     const auto page = [&](const QString& id, const QString& title, const QString& address) {
         return row(id, title, [open = commands.openWebPage, address] { open(address); });
     };
-    return {page(QStringLiteral("web-page"), QStringLiteral("Web Page"),
-                 QStringLiteral("https://tesselbroth.org")),
-            page(QStringLiteral("source-code"), QStringLiteral("Source Code"),
-                 QStringLiteral("https://tesselbroth.org/source"))};
+    return {page(QStringLiteral("web-page"), QStringLiteral("Web Page"), identity::webPage),
+            page(QStringLiteral("source-code"), QStringLiteral("Source Code"), identity::sourcePage)};
 }
 
 MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)

@@ -4,6 +4,7 @@
 #include "app/tray_icon.h"
 
 #include "app/status_icon.h"
+#include "base/identity.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -31,7 +32,7 @@ void TrayIcon::renew()
     m_hasPanel = hasPanel();
     m_icon = std::make_unique<QSystemTrayIcon>();
     drawIcon();
-    m_icon->setToolTip(QStringLiteral("Tessel Broth"));
+    m_icon->setToolTip(identity::name);
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {

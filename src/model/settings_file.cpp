@@ -6,6 +6,8 @@
 
 #include "model/settings_file.h"
 
+#include "base/identity.h"
+
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -295,7 +297,7 @@ private:
 QString defaultSettingsFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Tessel Broth/Tessel Broth.conf");
+           QStringLiteral("/%1/%2.conf").arg(identity::folder, identity::name);
 }
 
 StoredSettings readSettings(const QString& path)

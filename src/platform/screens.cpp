@@ -3,7 +3,7 @@
 
 #include "platform/screens.h"
 
-#include "platform/linux/x11_connection.h"
+#include "platform/linux/x11/x11_connection.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>

@@ -3,31 +3,15 @@
 
 #pragma once
 
+#include "base/file_error.h"
 #include "render/picture.h"
 #include "render/png_encoder.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace tessel {
-
-/// A file that cannot be written or read. The message names it and says why, in words for people.
-class FileError : public std::runtime_error
-{
-public:
-    enum class Code : std::uint8_t
-    {
-        noPermission, ///< the folder cannot be written to, or the file may not be read
-        unknown,
-    };
-
-    FileError(Code errorCode, const std::string& message) : std::runtime_error(message), code(errorCode) {}
-
-    Code code;
-};
 
 /// Writes the picture as encodePng() encodes it. The file appears whole or not at all: until it is complete
 /// on the disk, an older file of that name stays what it was, also after an error. A link is followed to the

@@ -3,8 +3,9 @@
 
 #include "wallpaper/photos.h"
 
+#include "base/file_error.h"
+#include "base/identity.h"
 #include "render/photo.h"
-#include "render/png_file.h"
 
 #include <QDir>
 #include <QFile>
@@ -80,8 +81,8 @@ bool isCopy(const QFileInfo& file)
 
 QString defaultPhotoFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/Tessel Broth/Photos");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder + QStringLiteral("/Photos");
 }
 
 QString copyPhoto(const QString& file, const QString& folder)

@@ -3,6 +3,7 @@
 
 #include "wallpaper/wallpaper.h"
 
+#include "base/identity.h"
 #include "model/look_json.h"
 #include "render/png_file.h"
 #include "wallpaper/wallpaper_folder.h"
@@ -74,8 +75,8 @@ bool shows(const DesktopPicture& picture, const std::string& json)
 
 QString defaultWallpaperFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/Tessel Broth/Wallpapers");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder + QStringLiteral("/Wallpapers");
 }
 
 Wallpaper::Wallpaper(WallpaperEnvironment environment)

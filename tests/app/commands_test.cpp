@@ -3,9 +3,9 @@
 
 #include "app/commands.h"
 #include "app/open_dialogs.h"
-#include "app/test_store.h"
-#include "file_size_limit.h"
 #include "render/png_file.h"
+#include "support/file_size_limit.h"
+#include "support/test_store.h"
 #include "wallpaper/photos.h"
 
 #include <QDir>

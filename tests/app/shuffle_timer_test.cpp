@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/shuffle_timer.h"
-#include "app/test_store.h"
+#include "support/test_store.h"
 
 #include <QTest>
 #include <gtest/gtest.h>

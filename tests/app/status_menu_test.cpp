@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/status_menu.h"
-#include "app/test_store.h"
+#include "support/test_store.h"
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "cli/pattern_check.h"
-#include "render/graphics.h"
+#include "support/drawing_test.h"
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class EveryPattern : public Graphics, public testing::WithParamInterface<Pattern>
+class EveryPattern : public DrawingTest, public testing::WithParamInterface<Pattern>
 {
 };
 

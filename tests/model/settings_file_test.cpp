@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "file_size_limit.h"
 #include "model/settings_file.h"
+#include "support/file_size_limit.h"
 
 #include <QDir>
 #include <QFile>

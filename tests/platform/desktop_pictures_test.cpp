@@ -2,18 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/desktop_pictures.h"
-#include "platform/fake_service.h"
-#include "platform/linux/desktop_calls.h"
-#include "platform/linux/gnome_pictures.h"
-#include "platform/linux/lxqt_pictures.h"
-#include "platform/linux/plasma_pictures.h"
-#include "platform/linux/queued_pictures.h"
-#include "platform/linux/root_pictures.h"
-#include "platform/linux/spanned_picture.h"
-#include "platform/linux/x11_backdrop.h"
-#include "platform/linux/x11_connection.h"
-#include "platform/linux/xfce_pictures.h"
-#include "platform/surroundings.h"
+#include "platform/linux/desktops/desktop_calls.h"
+#include "platform/linux/desktops/gnome_pictures.h"
+#include "platform/linux/desktops/lxqt_pictures.h"
+#include "platform/linux/desktops/plasma_pictures.h"
+#include "platform/linux/desktops/queued_pictures.h"
+#include "platform/linux/desktops/root_pictures.h"
+#include "platform/linux/desktops/spanned_picture.h"
+#include "platform/linux/desktops/xfce_pictures.h"
+#include "platform/linux/x11/x11_backdrop.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "support/fake_service.h"
+#include "support/surroundings.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/fake_service.h"
 #include "platform/linux/login_item.h"
-#include "platform/surroundings.h"
+#include "support/fake_service.h"
+#include "support/surroundings.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/linux/running_instance.h"
-#include "platform/surroundings.h"
+#include "support/surroundings.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCall>

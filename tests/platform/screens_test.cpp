@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/screens.h"
-#include "platform/surroundings.h"
+#include "support/surroundings.h"
 
 #include <QGuiApplication>
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/fake_service.h"
-#include "platform/linux/session.h"
-#include "platform/surroundings.h"
+#include "platform/linux/linux_session.h"
+#include "support/fake_service.h"
+#include "support/surroundings.h"
 
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>

@@ -3,9 +3,9 @@
 
 #include "platform/desktop_window.h"
 #include "platform/gl_context.h"
-#include "platform/linux/x11_backdrop.h"
-#include "platform/linux/x11_connection.h"
-#include "platform/surroundings.h"
+#include "platform/linux/x11/x11_backdrop.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "support/surroundings.h"
 
 #include <QGuiApplication>
 #include <QImage>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/linux/x11_focus.h"
-#include "platform/surroundings.h"
+#include "platform/linux/x11/x11_focus.h"
+#include "support/surroundings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

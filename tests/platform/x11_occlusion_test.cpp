@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/linux/x11_connection.h"
-#include "platform/linux/x11_occlusion.h"
-#include "platform/surroundings.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_occlusion.h"
+#include "support/surroundings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
+#include "support/drawing_test.h"
 
 #include <cstdlib>
 
 namespace tessel {
 namespace {
 
-using CrossFade = Graphics;
+using CrossFade = DrawingTest;
 
 int channelOf(const Picture& picture, int x, int y)
 {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
 #include "model/palette.h"
 #include "shaders/shaders.h"
+#include "support/drawing_test.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -36,7 +36,7 @@ std::string caseName(const testing::TestParamInfo<Dither>& info)
     return name;
 }
 
-class AnyDither : public Graphics, public testing::WithParamInterface<Dither>
+class AnyDither : public DrawingTest, public testing::WithParamInterface<Dither>
 {
 };
 
@@ -56,7 +56,7 @@ TEST_P(AnyDither, HoldsOnlyColoursOfThePalette)
     }
 }
 
-class InkDither : public Graphics, public testing::WithParamInterface<Dither>
+class InkDither : public DrawingTest, public testing::WithParamInterface<Dither>
 {
 };
 
@@ -98,7 +98,7 @@ TEST_P(AnyDither, SurvivesSlidersFarOutOfRange)
 INSTANTIATE_TEST_SUITE_P(Dithers, AnyDither, testing::ValuesIn(allDithers().begin() + 1, allDithers().end()),
                          caseName);
 
-class CellDither : public Graphics, public testing::WithParamInterface<Dither>
+class CellDither : public DrawingTest, public testing::WithParamInterface<Dither>
 {
 };
 
@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(Dithers, CellDither,
                          testing::Values(Dither::posterize, Dither::bayer4, Dither::bayer8, Dither::noise),
                          caseName);
 
-using Smooth = Graphics;
+using Smooth = DrawingTest;
 
 TEST_F(Smooth, RunsFromTheFirstStopToTheLastWithoutASteppedTone)
 {
@@ -151,7 +151,7 @@ TEST_F(Smooth, BlendsStopsInOklab)
     EXPECT_NEAR(static_cast<double>(pixel & 0xFFU), 0xFF, 3);
 }
 
-using Tone = Graphics;
+using Tone = DrawingTest;
 
 TEST_F(Tone, ShiftsAlongTheRampWithoutAJump)
 {

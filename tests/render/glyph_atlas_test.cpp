@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
 #include "render/glyph_atlas.h"
+#include "support/drawing_test.h"
 
 namespace tessel {
 namespace {
 
-class GlyphAtlas : public Graphics
+class GlyphAtlas : public DrawingTest
 {
 protected:
     QImage atlas = drawGlyphAtlas();

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
 #include "render/photo.h"
 #include "render/photo_cache.h"
+#include "support/drawing_test.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -15,7 +15,7 @@
 namespace tessel {
 namespace {
 
-class PhotoFile : public Graphics
+class PhotoFile : public DrawingTest
 {
 protected:
     QTemporaryDir folder;

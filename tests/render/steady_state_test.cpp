@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
+#include "support/drawing_test.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -55,7 +55,7 @@ void operator delete(void* memory, std::size_t) noexcept
 namespace tessel {
 namespace {
 
-class SteadyState : public Graphics
+class SteadyState : public DrawingTest
 {
 protected:
     SteadyState()

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "graphics.h"
+#include "support/drawing_test.h"
 
 #include <algorithm>
 
 namespace tessel {
 namespace {
 
-using Still = Graphics;
+using Still = DrawingTest;
 
 /// How many pixels differ in two pictures of one size.
 std::size_t differing(const Picture& one, const Picture& other)

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/fake_desktop.h"
 #include "wallpaper/cell_painter.h"
-#include "wallpaper/surroundings.h"
 
 namespace tessel {
 namespace {
 
-class CellPainterTest : public Graphics
+class CellPainterTest : public DrawingTest
 {
 protected:
     explicit CellPainterTest()

@@ -3,8 +3,8 @@
 
 #include "model/look_json.h"
 #include "render/png_file.h"
+#include "support/fake_desktop.h"
 #include "wallpaper/still_maker.h"
-#include "wallpaper/surroundings.h"
 #include "wallpaper/wallpaper_folder.h"
 
 #include <QDir>
@@ -18,7 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 
-class StillMakerTest : public Graphics
+class StillMakerTest : public DrawingTest
 {
 protected:
     StillMakerTest()

@@ -3,7 +3,7 @@
 
 #include "model/look_json.h"
 #include "render/png_file.h"
-#include "wallpaper/surroundings.h"
+#include "support/fake_desktop.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QDir>
@@ -22,7 +22,7 @@ using testing::ElementsAre;
 constexpr auto left = QRect(0, 0, 320, 180);
 constexpr auto right = QRect(320, 0, 200, 100);
 
-class WallpaperTest : public Graphics
+class WallpaperTest : public DrawingTest
 {
 protected:
     WallpaperTest() { restart(); }

@@ -3,6 +3,7 @@
 
 #include "platform/linux/login_item.h"
 
+#include "base/identity.h"
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
 
@@ -25,7 +26,7 @@ namespace tessel {
 
 namespace {
 
-const auto entryName = QStringLiteral("autostart/org.tesselbroth.TesselBroth.desktop");
+const auto entryName = QStringLiteral("autostart/%1.desktop").arg(identity::id);
 
 /// Marks an entry that hides the system's because the user switched it off with us, and not elsewhere.
 const auto switchedOffByUs = QStringLiteral("X-TesselBroth-SwitchedOff");
@@ -201,12 +202,12 @@ std::optional<QString> AutostartEntry::switchOn()
         return std::nullopt;
     const auto text = QStringLiteral("[Desktop Entry]\n"
                                      "Type=Application\n"
-                                     "Name=Tessel Broth\n"
-                                     "Icon=org.tesselbroth.TesselBroth\n"
-                                     "Exec=%1\n"
-                                     "TryExec=%2\n"
+                                     "Name=%1\n"
+                                     "Icon=%2\n"
+                                     "Exec=%3\n"
+                                     "TryExec=%4\n"
                                      "Terminal=false\n")
-                          .arg(execValue(m_program), escaped(m_program));
+                          .arg(identity::name, identity::id, execValue(m_program), escaped(m_program));
     if (auto failure = writeEntry(m_file, text))
         return failure;
     if (status() != Status::enabled)
@@ -347,8 +348,8 @@ std::unique_ptr<LoginItem> makeLoginItem()
     if (isSandboxed())
         return std::make_unique<PortalLoginItem>(
             QDBusConnection::sessionBus(),
-            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                QStringLiteral("/Tessel Broth/starts-at-login"));
+            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') +
+                identity::folder + QStringLiteral("/starts-at-login"));
     return std::make_unique<AutostartEntry>(QCoreApplication::applicationFilePath());
 }
 

@@ -3,6 +3,8 @@
 
 #include "platform/linux/running_instance.h"
 
+#include "base/identity.h"
+
 #include <QDBusConnectionInterface>
 #include <QDebug>
 #include <QDir>
@@ -22,8 +24,6 @@ namespace tessel {
 
 namespace {
 
-const auto busName = QStringLiteral("org.tesselbroth.TesselBroth");
-const auto objectPath = QStringLiteral("/org/tesselbroth/TesselBroth");
 const auto interfaceName = QStringLiteral("org.freedesktop.Application");
 
 /// One that hangs must not make us hang as well.
@@ -43,8 +43,8 @@ const QStringList& actions()
 
 void askToComeForward(const QDBusConnection& bus)
 {
-    auto question =
-        QDBusMessage::createMethodCall(busName, objectPath, interfaceName, QStringLiteral("Activate"));
+    auto question = QDBusMessage::createMethodCall(identity::id, identity::objectPath, interfaceName,
+                                                   QStringLiteral("Activate"));
     question << QVariantMap();
     question.setAutoStartService(false);
     const auto answer = bus.call(question, QDBus::Block, static_cast<int>(patience.count()));
@@ -58,8 +58,8 @@ QString lockFolder()
     QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty() && QDir(runtime).exists())
         return runtime;
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/Tessel Broth");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder;
 }
 
 /// \return an address that is refused by all calls if the path is too long for one
@@ -110,12 +110,12 @@ BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
 {
     // Before the name is ours, since a call may come the moment that it is.
     auto* interface = new ApplicationInterface(m_bus, this);
-    m_bus.registerObject(objectPath, interface, QDBusConnection::ExportAllSlots);
+    m_bus.registerObject(identity::objectPath, interface, QDBusConnection::ExportAllSlots);
     // Neither waits in a queue for the name, nor lets another take it.
-    m_isFirst = m_bus.registerService(busName);
+    m_isFirst = m_bus.registerService(identity::id);
     if (m_isFirst)
         return;
-    m_bus.unregisterObject(objectPath);
+    m_bus.unregisterObject(identity::objectPath);
     askToComeForward(m_bus);
 }
 
@@ -123,13 +123,13 @@ BusInstance::~BusInstance()
 {
     if (!m_isFirst)
         return;
-    m_bus.unregisterService(busName);
-    m_bus.unregisterObject(objectPath);
+    m_bus.unregisterService(identity::id);
+    m_bus.unregisterObject(identity::objectPath);
 }
 
 LockFileInstance::LockFileInstance(const QString& folder)
-    : m_lock(folder + QLatin1Char('/') + busName + QStringLiteral(".lock"))
-    , m_socketFile(folder + QLatin1Char('/') + busName + QStringLiteral(".socket"))
+    : m_lock(folder + QLatin1Char('/') + identity::id + QStringLiteral(".lock"))
+    , m_socketFile(folder + QLatin1Char('/') + identity::id + QStringLiteral(".socket"))
     , m_socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
 {
     // It is held for days, and not taken away for its age: while its holder lives, the file itself is locked.

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "base/worker.h"
+
+#include <cstdio>
+
+namespace tessel {
+
+Worker::Worker(const QString& name, const std::function<void()>& prepareThread)
+{
+    m_thread.setObjectName(name);
+    m_thread.start();
+    if (!m_thread.isRunning())
+        return;
+    m_place.moveToThread(&m_thread);
+    if (prepareThread)
+        post(prepareThread);
+}
+
+Worker::~Worker()
+{
+    // As a job, so that those before it are done.
+    post([this] { m_thread.quit(); });
+    m_thread.wait();
+}
+
+void Worker::post(std::function<void()> job)
+{
+    // Where there is no thread this calls it.
+    QMetaObject::invokeMethod(&m_place, std::move(job));
+}
+
+void Worker::wait()
+{
+    if (m_thread.isRunning())
+        QMetaObject::invokeMethod(
+            &m_place, [] {}, Qt::BlockingQueuedConnection);
+}
+
+void Worker::adopt(QObject* object)
+{
+    if (!m_thread.isRunning()) {
+        object->setParent(this);
+        return;
+    }
+    object->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::finished, object, &QObject::deleteLater);
+}
+
+void Worker::report(const QString& failure) const
+{
+    std::fprintf(stderr, "Tessel Broth: %s: %s\n", qUtf8Printable(m_thread.objectName()),
+                 qUtf8Printable(failure));
+}
+
+} // namespace tessel

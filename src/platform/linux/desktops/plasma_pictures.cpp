@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/desktops/plasma_pictures.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
+
+namespace tessel {
+
+namespace {
+
+/// Follows a line that defines `pictures` and `all`. Prints for each picture how many desktops are its
+/// monitor's and how many of them have it afterwards.
+const char* const script = R"(
+var found = {};
+function keep(list) {
+    for (var i = 0; i < list.length; ++i)
+        found[list[i].id] = list[i];
+}
+keep(desktops());
+var everyActivity = activities();
+for (var a = 0; a < everyActivity.length; ++a)
+    keep(desktopsForActivity(everyActivity[a]));
+
+function lies(geometry, place) {
+    return geometry.x == place.x && geometry.y == place.y && geometry.width == place.width
+        && geometry.height == place.height;
+}
+// The desktops of other activities are on no screen, and remember theirs.
+function screenOf(desktop) {
+    desktop.currentConfigGroup = [];
+    if (desktop.screen >= 0 || desktop.readConfig('activityId') == currentActivity())
+        return desktop.screen;
+    return Number(desktop.readConfig('lastScreen', -1));
+}
+function pictureOf(desktop) {
+    var screen = screenOf(desktop);
+    if (screen < 0)
+        return null;
+    var geometry = screenGeometry(screen);
+    for (var i = 0; i < pictures.length; ++i) {
+        if (lies(geometry, pictures[i].frame) || lies(geometry, pictures[i].pixels))
+            return pictures[i];
+    }
+    return null;
+}
+function shows(desktop, picture) {
+    desktop.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];
+    var image = String(desktop.readConfig('Image'));
+    return desktop.wallpaperPlugin == 'org.kde.image' && (image == picture.url || image == picture.file);
+}
+function give(desktop, picture) {
+    desktop.wallpaperPlugin = 'org.kde.image';
+    desktop.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];
+    desktop.writeConfig('Image', picture.url);
+}
+for (var id in found) {
+    var desktop = found[id];
+    var picture = pictureOf(desktop);
+    if (picture === null)
+        continue;
+    if (all || !shows(desktop, picture))
+        give(desktop, picture);
+    picture.desktops += 1;
+    picture.taken += shows(desktop, picture) ? 1 : 0;
+}
+print(JSON.stringify(pictures.map(function(p) { return [p.desktops, p.taken]; })));
+)";
+
+QJsonObject place(const QRect& rectangle)
+{
+    return {{QStringLiteral("x"), rectangle.x()},
+            {QStringLiteral("y"), rectangle.y()},
+            {QStringLiteral("width"), rectangle.width()},
+            {QStringLiteral("height"), rectangle.height()}};
+}
+
+QString definitions(const std::vector<DesktopPicture>& pictures, PictureBackend::Which which)
+{
+    QJsonArray list;
+    for (const DesktopPicture& picture : pictures) {
+        list.append(QJsonObject{
+            {QStringLiteral("frame"), place(picture.screen.frame)},
+            // Plasma counts in pixels or in points, as the session is set up.
+            {QStringLiteral("pixels"), place(picture.screen.pixels())},
+            {QStringLiteral("file"), picture.file},
+            {QStringLiteral("url"), QUrl::fromLocalFile(picture.file).toString(QUrl::FullyEncoded)},
+            {QStringLiteral("desktops"), 0},
+            {QStringLiteral("taken"), 0},
+        });
+    }
+    const QString json = QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
+    const bool all = which == PictureBackend::Which::all;
+    return QStringLiteral("var pictures = %1; var all = %2;\n")
+        .arg(json, all ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+QString problem(int desktops, int taken)
+{
+    if (desktops == 0)
+        return QStringLiteral("it has no desktop on this monitor.");
+    if (taken < desktops)
+        return QStringLiteral("it kept the picture that it had. Is its layout locked?");
+    return {};
+}
+
+} // namespace
+
+QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
+{
+    QJsonArray counts;
+    try {
+        const QString answer = run(definitions(pictures, which) + QString::fromLatin1(script));
+        counts = QJsonDocument::fromJson(answer.toUtf8()).array();
+        if (counts.size() != static_cast<qsizetype>(pictures.size()))
+            return refusals(pictures, QStringLiteral("it answered “%1”.").arg(answer.left(200)));
+    } catch (const DesktopError& error) {
+        return refusals(pictures, error.reason);
+    }
+    QStringList failures;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const QJsonArray count = counts.at(static_cast<qsizetype>(i)).toArray();
+        const QString reason = problem(count.at(0).toInt(), count.at(1).toInt());
+        if (!reason.isEmpty())
+            failures << refusal(pictures[i], reason);
+    }
+    return failures;
+}
+
+QString PlasmaPictures::run(const QString& text)
+{
+    const QVariantList answer =
+        m_calls.call({QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
+                      QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript")},
+                     {text});
+    return answer.value(0).toString().trimmed();
+}
+
+} // namespace tessel

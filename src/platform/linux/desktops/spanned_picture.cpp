@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/desktops/spanned_picture.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageReader>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+/// Where the monitors lie in the spanned picture.
+std::vector<QRect> places(const std::vector<DesktopPicture>& pictures)
+{
+    // On Wayland monitors are laid out in points, whatever each one's scale is.
+    const bool byPoints = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    double scale = 1;
+    for (const DesktopPicture& picture : pictures)
+        scale = std::max(scale, picture.screen.scale);
+    std::vector<QRect> rectangles;
+    for (const DesktopPicture& picture : pictures) {
+        const QRect& frame = picture.screen.frame;
+        rectangles.push_back(byPoints ? QRect((QPointF(frame.topLeft()) * scale).toPoint(),
+                                              (QSizeF(frame.size()) * scale).toSize())
+                                      : picture.screen.pixels());
+    }
+    return rectangles;
+}
+
+/// The newest time in the names of the files, as it stands there.
+QString stamp(const std::vector<DesktopPicture>& pictures)
+{
+    static const QRegularExpression digits(QStringLiteral("\\d+"));
+    QString newest;
+    for (const DesktopPicture& picture : pictures)
+        newest = std::max(newest, digits.match(QFileInfo(picture.file).fileName()).captured());
+    return newest;
+}
+
+QByteArray contentHash(const std::vector<DesktopPicture>& pictures)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    const std::vector<QRect> rectangles = places(pictures);
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const QRect& rectangle = rectangles[i];
+        hash.addData(QStringLiteral("%1 %2 %3 %4 %5\n")
+                         .arg(rectangle.x())
+                         .arg(rectangle.y())
+                         .arg(rectangle.width())
+                         .arg(rectangle.height())
+                         .arg(pictures[i].file)
+                         .toUtf8());
+    }
+    return hash.result().toHex().left(8);
+}
+
+/// \return what went wrong; empty if nothing did
+QString compose(const std::vector<DesktopPicture>& pictures, QImage& whole)
+{
+    const std::vector<QRect> rectangles = places(pictures);
+    QRect bounds;
+    for (const QRect& rectangle : rectangles)
+        bounds |= rectangle;
+    whole = QImage(bounds.size(), QImage::Format_RGB32);
+    if (whole.isNull())
+        return QStringLiteral("there is not enough memory for a picture of %1x%2.")
+            .arg(bounds.width())
+            .arg(bounds.height());
+    whole.fill(Qt::black);
+    QPainter painter(&whole);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        QImageReader reader(pictures[i].file);
+        const QImage part = reader.read();
+        if (part.isNull())
+            return QStringLiteral("the file %1 cannot be read: %2.")
+                .arg(pictures[i].file, reader.errorString());
+        painter.drawImage(rectangles[i].translated(-bounds.topLeft()), part);
+    }
+    return {};
+}
+
+void removeOlder(const QDir& folder)
+{
+    const QStringList newestFirst = folder.entryList({QStringLiteral("span-*.png")}, QDir::Files, QDir::Time);
+    for (const QString& name : newestFirst.mid(2))
+        QFile::remove(folder.filePath(name));
+}
+
+} // namespace
+
+QString spannedFile(const std::vector<DesktopPicture>& pictures)
+{
+    if (pictures.size() == 1)
+        return pictures.front().file;
+    const QDir folder = QFileInfo(pictures.front().file).dir();
+    return folder.filePath(
+        QStringLiteral("span-%1-%2.png").arg(stamp(pictures), QString::fromLatin1(contentHash(pictures))));
+}
+
+QString writeSpanned(const std::vector<DesktopPicture>& pictures)
+{
+    const QString name = spannedFile(pictures);
+    if (QFileInfo::exists(name))
+        return {};
+    QImage whole;
+    QString problem = compose(pictures, whole);
+    if (!problem.isEmpty())
+        return problem;
+    QSaveFile file(name);
+    // Little compression: it is there for a short while, and the desktop waits for it.
+    static constexpr int quickly = 85;
+    // Qt does not notice when the last of what it has buffered finds no space.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !whole.save(&file, "PNG", quickly) ||
+        !file.commit())
+        return QStringLiteral("the file %1 cannot be written: %2.").arg(name, file.errorString());
+    removeOlder(QFileInfo(name).dir());
+    return {};
+}
+
+} // namespace tessel

@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/linux_session.h"
+
+#include "platform/linux/bus_service.h"
+#include "platform/linux/x11/x11_screen_power.h"
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QFileSystemWatcher>
+#include <QGuiApplication>
+#include <QSettings>
+#include <QSocketNotifier>
+#include <QStandardPaths>
+
+#include <array>
+#include <limits>
+#include <string_view>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+namespace tessel {
+
+namespace {
+
+const auto loginPath = QStringLiteral("/org/freedesktop/login1");
+const auto loginInterface = QStringLiteral("org.freedesktop.login1.Manager");
+const auto loginSessionInterface = QStringLiteral("org.freedesktop.login1.Session");
+const auto lockedHint = QStringLiteral("LockedHint");
+const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const auto propertiesChanged = QStringLiteral("PropertiesChanged");
+const auto powerPath = QStringLiteral("/org/freedesktop/UPower");
+const auto powerInterface = QStringLiteral("org.freedesktop.UPower");
+const auto onBattery = QStringLiteral("OnBattery");
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto portalInterface = QStringLiteral("org.freedesktop.portal.Settings");
+
+/// One of the desktop's settings that ask for little motion.
+struct MotionSetting
+{
+    QLatin1String space;
+    QLatin1String key;
+    bool (*isReduced)(const QVariant& value);
+};
+
+constexpr std::array motionSettings{
+    MotionSetting{QLatin1String("org.freedesktop.appearance"), QLatin1String("reduced-motion"),
+                  [](const QVariant& value) { return value.toUInt() == 1; }},
+    MotionSetting{QLatin1String("org.gnome.desktop.interface"), QLatin1String("enable-animations"),
+                  [](const QVariant& value) { return value.isValid() && !value.toBool(); }},
+};
+
+/// The value within a variant, which the settings portal wraps twice.
+QVariant unwrapped(QVariant value)
+{
+    while (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+/// The new value of a property, from a signal that properties have changed; invalid if it is not among them.
+QVariant changedProperty(const QDBusMessage& message, const QString& name)
+{
+    return qdbus_cast<QVariantMap>(message.arguments().value(1)).value(name);
+}
+
+} // namespace
+
+LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnection& systemBus)
+{
+    watchLoginManager(systemBus);
+    watchBattery(systemBus);
+    for (const auto& desktop : {QStringLiteral("freedesktop"), QStringLiteral("gnome"),
+                                QStringLiteral("xfce"), QStringLiteral("mate"), QStringLiteral("cinnamon")})
+        watchScreenSaver(sessionBus, QStringLiteral("org.%1.ScreenSaver").arg(desktop));
+    watchMotionSettings(sessionBus);
+    watchKdeSettings();
+    watchClock();
+    if (QGuiApplication::platformName() == QStringLiteral("xcb")) {
+        m_screenPower = new X11ScreenPower(this);
+        connect(m_screenPower, &X11ScreenPower::offChanged, this,
+                [this](bool off) { set(&SessionState::screensOff, off); });
+    }
+}
+
+LinuxSession::~LinuxSession()
+{
+    delete m_clockNotifier;
+    if (m_clock >= 0)
+        close(m_clock);
+}
+
+void LinuxSession::setWatchingScreens(bool watching)
+{
+    if (m_screenPower != nullptr)
+        m_screenPower->setWatching(watching);
+}
+
+void LinuxSession::watchLoginManager(const QDBusConnection& systemBus)
+{
+    m_loginManager = new BusService(systemBus, QStringLiteral("org.freedesktop.login1"), this);
+    connect(m_loginManager, &BusService::appeared, this, [this] {
+        m_loginManager->listen(loginPath, loginInterface, QStringLiteral("PrepareForSleep"));
+        holdUpSleep();
+        findOwnSession();
+    });
+    connect(m_loginManager, &BusService::vanished, this, [this] {
+        m_sleepLock = {};
+        setLocked(lockedHint, false);
+        set(&SessionState::asleep, false);
+    });
+    connect(m_loginManager, &BusService::received, this, [this](const QDBusMessage& message) {
+        if (message.member() == propertiesChanged) {
+            if (const QVariant locked = changedProperty(message, lockedHint); locked.isValid())
+                setLocked(lockedHint, locked.toBool());
+        } else {
+            setAsleep(message.arguments().value(0).toBool());
+        }
+    });
+}
+
+/// Makes the machine wait before it sleeps until we have heard of it.
+void LinuxSession::holdUpSleep()
+{
+    m_loginManager->call(loginPath, loginInterface, QStringLiteral("Inhibit"),
+                         {QStringLiteral("sleep"), QCoreApplication::applicationName(),
+                          tr("Keeps what is shown before the machine sleeps"), QStringLiteral("delay")},
+                         [this](const QDBusMessage& reply) {
+                             if (!state().asleep)
+                                 m_sleepLock = reply.arguments().value(0).value<QDBusUnixFileDescriptor>();
+                         });
+}
+
+void LinuxSession::setAsleep(bool asleep)
+{
+    if (asleep == state().asleep)
+        return;
+    if (asleep)
+        Q_EMIT aboutToSleep();
+    set(&SessionState::asleep, asleep);
+    if (asleep) {
+        m_sleepLock = {};
+    } else {
+        holdUpSleep();
+        Q_EMIT woke();
+    }
+}
+
+void LinuxSession::findOwnSession()
+{
+    const auto watch = [this](const QDBusMessage& reply) {
+        watchLock(reply.arguments().value(0).value<QDBusObjectPath>().path());
+    };
+    const auto getSession = [this, watch](const QString& id, std::function<void()> failed) {
+        m_loginManager->call(loginPath, loginInterface, QStringLiteral("GetSession"), {id}, watch,
+                             std::move(failed));
+    };
+    const auto getOwn = [this, watch] {
+        m_loginManager->call(loginPath, loginInterface, QStringLiteral("GetSessionByPID"),
+                             {static_cast<uint>(QCoreApplication::applicationPid())}, watch);
+    };
+    // A program that the user's service manager starts belongs to no session; "auto" is then the one on the
+    // screen. Not every login manager knows that word.
+    const auto getAuto = [getSession, getOwn] { getSession(QStringLiteral("auto"), getOwn); };
+    if (const QString id = qEnvironmentVariable("XDG_SESSION_ID"); !id.isEmpty())
+        getSession(id, getAuto);
+    else
+        getAuto();
+}
+
+/// The session's signals Lock and Unlock are only requests, which nobody may follow: a pause that began with
+/// one might never end. LockedHint is what a lock screen says of itself.
+void LinuxSession::watchLock(const QString& sessionPath)
+{
+    m_loginManager->listen(sessionPath, propertiesInterface, propertiesChanged);
+    m_loginManager->property(sessionPath, loginSessionInterface, lockedHint,
+                             [this](const QVariant& locked) { setLocked(lockedHint, locked.toBool()); });
+}
+
+void LinuxSession::watchScreenSaver(const QDBusConnection& sessionBus, const QString& name)
+{
+    auto* saver = new BusService(sessionBus, name, this);
+    connect(saver, &BusService::appeared, this, [this, saver, name] {
+        saver->listen({}, name, QStringLiteral("ActiveChanged"));
+        const QString path = QLatin1Char('/') + QString(name).replace(QLatin1Char('.'), QLatin1Char('/'));
+        saver->call(path, name, QStringLiteral("GetActive"), {}, [this, name](const QDBusMessage& reply) {
+            setLocked(name, reply.arguments().value(0).toBool());
+        });
+    });
+    connect(saver, &BusService::received, this, [this, name](const QDBusMessage& message) {
+        setLocked(name, message.arguments().value(0).toBool());
+    });
+    connect(saver, &BusService::vanished, this, [this, name] { setLocked(name, false); });
+}
+
+void LinuxSession::watchBattery(const QDBusConnection& systemBus)
+{
+    auto* power = new BusService(systemBus, QStringLiteral("org.freedesktop.UPower"), this);
+    connect(power, &BusService::appeared, this, [this, power] {
+        power->listen(powerPath, propertiesInterface, propertiesChanged);
+        power->property(powerPath, powerInterface, onBattery,
+                        [this](const QVariant& value) { set(&SessionState::onBattery, value.toBool()); });
+    });
+    connect(power, &BusService::received, this, [this](const QDBusMessage& message) {
+        if (const QVariant value = changedProperty(message, onBattery); value.isValid())
+            set(&SessionState::onBattery, value.toBool());
+    });
+    connect(power, &BusService::vanished, this, [this] { set(&SessionState::onBattery, false); });
+}
+
+void LinuxSession::watchMotionSettings(const QDBusConnection& sessionBus)
+{
+    auto* portal = new BusService(sessionBus, QStringLiteral("org.freedesktop.portal.Desktop"), this);
+    connect(portal, &BusService::appeared, this, [this, portal] {
+        portal->listen(portalPath, portalInterface, QStringLiteral("SettingChanged"));
+        for (const MotionSetting& setting : motionSettings)
+            portal->call(
+                portalPath, portalInterface, QStringLiteral("Read"),
+                {QString(setting.space), QString(setting.key)}, [this, &setting](const QDBusMessage& reply) {
+                    setReducedMotion(setting.key, setting.isReduced(unwrapped(reply.arguments().value(0))));
+                });
+    });
+    connect(portal, &BusService::received, this, [this](const QDBusMessage& message) {
+        const QVariantList arguments = message.arguments();
+        for (const MotionSetting& setting : motionSettings) {
+            if (arguments.value(0).toString() == setting.space &&
+                arguments.value(1).toString() == setting.key)
+                setReducedMotion(setting.key, setting.isReduced(unwrapped(arguments.value(2))));
+        }
+    });
+    connect(portal, &BusService::vanished, this, [this] {
+        for (const MotionSetting& setting : motionSettings)
+            setReducedMotion(setting.key, false);
+    });
+}
+
+void LinuxSession::watchKdeSettings()
+{
+    const QString file =
+        QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
+    if (file.isEmpty() || !qEnvironmentVariable("XDG_CURRENT_DESKTOP").contains(QStringLiteral("KDE")))
+        return;
+    m_kdeSettings = new QFileSystemWatcher({file}, this);
+    connect(m_kdeSettings, &QFileSystemWatcher::fileChanged, this, [this](const QString& path) {
+        // Replaced by a new file as a rule, which is then another one to watch.
+        m_kdeSettings->addPath(path);
+        readKdeSettings();
+    });
+    readKdeSettings();
+}
+
+void LinuxSession::readKdeSettings()
+{
+    const QString file =
+        QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
+    const QSettings settings(file, QSettings::IniFormat);
+    bool isNumber = false;
+    const double factor =
+        settings.value(QStringLiteral("KDE/AnimationDurationFactor")).toString().toDouble(&isNumber);
+    setReducedMotion(QStringLiteral("kdeglobals"), isNumber && factor <= 0);
+}
+
+/// A timer that never runs out, but is cancelled whenever the clock makes a jump.
+void LinuxSession::watchClock()
+{
+    m_clock = timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
+    if (m_clock < 0)
+        return;
+    itimerspec farAway{};
+    farAway.it_value.tv_sec = std::numeric_limits<std::int32_t>::max() * std::int64_t{2};
+    if (timerfd_settime(m_clock, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &farAway, nullptr) != 0)
+        return;
+    m_clockNotifier = new QSocketNotifier(m_clock, QSocketNotifier::Read);
+    connect(m_clockNotifier, &QSocketNotifier::activated, this, &LinuxSession::readClock);
+}
+
+void LinuxSession::readClock()
+{
+    std::uint64_t expirations = 0;
+    if (read(m_clock, &expirations, sizeof expirations) < 0 && errno == ECANCELED)
+        Q_EMIT clockSet();
+}
+
+void LinuxSession::set(bool SessionState::*field, bool value)
+{
+    SessionState changed = state();
+    changed.*field = value;
+    setState(changed);
+}
+
+void LinuxSession::setLocked(const QString& by, bool locked)
+{
+    if (locked)
+        m_lockedBy.insert(by);
+    else
+        m_lockedBy.erase(by);
+    set(&SessionState::locked, !m_lockedBy.empty());
+}
+
+void LinuxSession::setReducedMotion(const QString& by, bool reduced)
+{
+    if (reduced)
+        m_motionReducedBy.insert(by);
+    else
+        m_motionReducedBy.erase(by);
+    set(&SessionState::reducedMotion, !m_motionReducedBy.empty());
+}
+
+std::unique_ptr<Session> makeSession()
+{
+    return std::make_unique<LinuxSession>(QDBusConnection::sessionBus(), QDBusConnection::systemBus());
+}
+
+} // namespace tessel

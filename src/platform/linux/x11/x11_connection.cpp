@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/x11/x11_connection.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QSocketNotifier>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+const xcb_screen_t* screenNumber(const xcb_setup_t* setup, int number)
+{
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(setup);
+    for (; screens.rem > 1 && number > 0; --number)
+        xcb_screen_next(&screens);
+    return screens.data;
+}
+
+} // namespace
+
+void putImage(xcb_connection_t* connection, xcb_drawable_t drawable, xcb_gcontext_t context,
+              std::uint8_t depth, const QImage& picture, QPoint to)
+{
+    // In bands: a request is limited in size.
+    const auto bytesPerRow = static_cast<std::uint32_t>(picture.width()) * 4U;
+    const std::uint32_t room = xcb_get_maximum_request_length(connection) * 4U - 64U;
+    const int band = std::max(static_cast<int>(room / std::max(bytesPerRow, 1U)), 1);
+    for (int y = 0; y < picture.height(); y += band) {
+        const int rows = std::min(band, picture.height() - y);
+        xcb_put_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, context,
+                      static_cast<std::uint16_t>(picture.width()), static_cast<std::uint16_t>(rows),
+                      static_cast<std::int16_t>(to.x()), static_cast<std::int16_t>(to.y() + y), 0, depth,
+                      bytesPerRow * static_cast<std::uint32_t>(rows), picture.constScanLine(y));
+    }
+}
+
+X11Connection::X11Connection()
+{
+    int number = 0;
+    m_connection.reset(xcb_connect(nullptr, &number));
+    if (isValid())
+        m_screen = screenNumber(xcb_get_setup(get()), number);
+}
+
+bool X11Connection::isValid() const
+{
+    return xcb_connection_has_error(get()) == 0;
+}
+
+xcb_atom_t X11Connection::atom(const std::string& name)
+{
+    const auto found = m_atoms.find(name);
+    if (found != m_atoms.end())
+        return found->second;
+    const auto cookie = xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookie, nullptr));
+    if (reply == nullptr)
+        return XCB_ATOM_NONE;
+    return m_atoms.emplace(name, reply->atom).first->second;
+}
+
+std::vector<std::uint32_t> X11Connection::property(xcb_window_t window, const std::string& name,
+                                                   xcb_atom_t type)
+{
+    static constexpr std::uint32_t longest = 1U << 16U;
+    const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
+    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    if (reply == nullptr || reply->format != 32)
+        return {};
+    const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {items, items + reply->value_len};
+}
+
+std::string X11Connection::text(xcb_window_t window, const std::string& name, xcb_atom_t type)
+{
+    static constexpr std::uint32_t longest = 256;
+    const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
+    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    if (reply == nullptr || reply->format != 8)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
+void X11Connection::setProperty(xcb_window_t window, const std::string& name, xcb_atom_t type,
+                                std::span<const std::uint32_t> items)
+{
+    xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,
+                        static_cast<std::uint32_t>(items.size()), items.data());
+}
+
+void X11Connection::put(xcb_drawable_t drawable, const QImage& picture, QPoint to)
+{
+    const xcb_gcontext_t context = xcb_generate_id(get());
+    xcb_create_gc(get(), context, drawable, 0, nullptr);
+    putImage(get(), drawable, context, m_screen->root_depth, picture, to);
+    xcb_free_gc(get(), context);
+}
+
+void X11Connection::sync()
+{
+    const XcbPointer<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+}
+
+X11Events::X11Events(X11Connection& connection)
+    : m_connection(connection)
+    , m_notifier(new QSocketNotifier(xcb_get_file_descriptor(connection.get()), QSocketNotifier::Read, this))
+{
+    connect(m_notifier, &QSocketNotifier::activated, this, &X11Events::drain);
+    // What has come while replies were waited for makes the socket no longer readable.
+    QMetaObject::invokeMethod(this, &X11Events::drain, Qt::QueuedConnection);
+}
+
+void X11Events::drain()
+{
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())})
+        Q_EMIT received(*event);
+    if (!m_connection.isValid())
+        m_notifier->setEnabled(false);
+    Q_EMIT drained();
+}
+
+} // namespace tessel

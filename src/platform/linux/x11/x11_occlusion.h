@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/occlusion.h"
+
+#include <QRegion>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+class QTimer;
+
+namespace tessel {
+
+struct X11OcclusionAtoms;
+
+/// What covers the desktop, from the windows that the window manager lists. Their order does not matter: all
+/// but windows of the desktop's own type lie above ours. Reacts to the server's events and never asks
+/// without one.
+class X11Occlusion : public Occlusion
+{
+    Q_OBJECT
+
+public:
+    X11Occlusion();
+    ~X11Occlusion() override;
+
+    /// `changed` will tell when the answer for this rectangle is another one, and only then.
+    [[nodiscard]] bool isCovered(const QRect& pixels) const override;
+
+private:
+    /// What is known of a window.
+    struct Window
+    {
+        bool isKnown = false;        ///< false: what follows has to be asked for anew
+        QRegion whole;               ///< what it takes of the screen; empty while it is not shown
+        QRegion opaque;              ///< what of that nothing shines through while windows are blended
+        std::uint32_t workspace = 0; ///< or everyWorkspace
+    };
+
+    /// What was asked about a rectangle lately.
+    struct Answer
+    {
+        QRect pixels;
+        bool isCovered = false;
+    };
+
+    class Question;
+
+    void handle(const xcb_generic_event_t& event);
+    void handleProperty(xcb_window_t window, xcb_atom_t atom);
+    void forget(xcb_window_t window);
+    void forgetAll();
+    void schedule();
+
+    void refresh();
+    void askRoot();
+    void followList(const std::vector<std::uint32_t>& listed);
+    void followCompositor(xcb_window_t owner);
+    void askWindows();
+    void addUp();
+    [[nodiscard]] bool computeCovered(const QRect& pixels) const;
+
+    X11Connection m_connection;
+    std::unique_ptr<X11OcclusionAtoms> m_atoms;
+    std::unique_ptr<X11Events> m_events;
+    int m_shapeEvent = 0; ///< the number of the event that a window has a new shape
+    QTimer* m_pending;    ///< runs from the first event until what it means is looked at
+
+    std::map<xcb_window_t, Window> m_windows;
+    std::uint32_t m_workspace = 0;
+    bool m_isShowingDesktop = false;
+    xcb_window_t m_compositor = XCB_WINDOW_NONE; ///< blends windows, while there is one
+    QRegion m_covered;
+    mutable std::vector<Answer> m_answers;
+};
+
+} // namespace tessel
