@@ -57,7 +57,7 @@ Alert problemAlert(const std::vector<SettingProblem>& problems)
 
 AppDelegate::AppDelegate(const AppParts& parts)
     : m_parts(parts)
-    , m_dialogs(makeFocus())
+    , m_dialogs(parts.focus)
     , m_shuffleTimer(parts.store, parts.session)
     , m_panelMenu([this] { return menuRows(); })
     , m_popupMenu([this] { return menuRows(); })

@@ -29,6 +29,7 @@ struct AppParts
     Session& session;
     LoginItem& login;
     Notifications& notifications;
+    Focus* focus; ///< may be nullptr
 };
 
 /// Runs the application: brings its parts together at the start, puts its menu into the panel, hears what is

@@ -129,7 +129,7 @@ std::unique_ptr<QLineEdit> makeNameField(const QString& initial, const QString& 
 
 } // namespace
 
-Dialogs::Dialogs(std::unique_ptr<Focus> focus) : m_focus(std::move(focus)) {}
+Dialogs::Dialogs(Focus* focus) : m_focus(focus) {}
 
 Dialogs::~Dialogs()
 {

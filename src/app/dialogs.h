@@ -46,8 +46,8 @@ class Dialogs : public QObject
     Q_OBJECT
 
 public:
-    /// \param focus may be nullptr
-    explicit Dialogs(std::unique_ptr<Focus> focus);
+    /// \param focus may be nullptr; must outlive this
+    explicit Dialogs(Focus* focus);
     ~Dialogs() override;
 
     /// \param done whether the first button was pressed
@@ -95,7 +95,7 @@ private:
     void prepareWindow(QWindow& window);
     void noteActivation(const QObject* dialog, bool isActive);
 
-    std::unique_ptr<Focus> m_focus;
+    Focus* const m_focus;
     std::vector<Open> m_open; ///< the newest last
 };
 

@@ -4,7 +4,7 @@
 #include "app/app_delegate.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
-#include "platform/gl_context.h"
+#include "platform/window_system.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -73,18 +73,18 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
     std::_Exit(EXIT_FAILURE);
 }
 
-/// The context to draw with; none after telling the user that there cannot be one.
-std::optional<GlContext> makeContext(QApplication& application)
+/// What draws; nullptr after telling the user that nothing can.
+std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& windows)
 {
     try {
-        return std::optional<GlContext>(std::in_place);
-    } catch (const GlContextError& error) {
-        Dialogs dialogs(makeFocus());
+        return std::make_unique<Graphics>([&windows] { return windows.makeContext(); });
+    } catch (const ContextError& error) {
+        Dialogs dialogs(windows.focus());
         QObject::connect(&dialogs, &Dialogs::quitRequested, &application, &QCoreApplication::quit);
         dialogs.alert({QStringLiteral("Tessel Broth cannot draw here"), QString::fromUtf8(error.what())},
                       [](bool) { QCoreApplication::quit(); });
         QApplication::exec();
-        return std::nullopt;
+        return nullptr;
     }
 }
 
@@ -93,26 +93,25 @@ int runApplication(QApplication& application)
     const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
         return EXIT_SUCCESS;
-    std::optional<GlContext> context = makeContext(application);
-    if (!context)
+    const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
+    const std::unique_ptr<Graphics> graphics = makeGraphics(application, *windows);
+    if (graphics == nullptr)
         return EXIT_FAILURE;
     Store store;
-    QtScreens screens;
+    AnimationClocks clocks;
+    LookPreparer preparer;
     const std::unique_ptr<Session> session = makeSession();
-    const std::unique_ptr<Occlusion> occlusion = makeOcclusion();
     const std::unique_ptr<DesktopPictures> pictures = makeDesktopPictures();
-    Wallpaper wallpaper(
-        {.store = store,
-         .screens = screens,
-         .session = *session,
-         .occlusion = *occlusion,
-         .pictures = pictures.get(),
-         .makeWindow = [&](const Screen& screen) { return makeDesktopWindow(screen, *context); },
-         .makeCurrent = [&] { context->makeCurrent(); },
-         .rasterizer = context->isSoftware() ? Rasterizer::software : Rasterizer::gpu});
+    Wallpaper wallpaper({.store = store,
+                         .windows = *windows,
+                         .session = *session,
+                         .pictures = pictures.get(),
+                         .graphics = *graphics,
+                         .clocks = clocks,
+                         .preparer = preparer});
     const std::unique_ptr<LoginItem> login = makeLoginItem();
     const std::unique_ptr<Notifications> notifications = makeNotifications();
-    AppDelegate delegate({*instance, store, wallpaper, *session, *login, *notifications});
+    AppDelegate delegate({*instance, store, wallpaper, *session, *login, *notifications, windows->focus()});
     delegate.start();
     return QApplication::exec();
 }
@@ -122,7 +121,6 @@ int run(int argc, char** argv)
     setNames();
     if (argc > 1)
         return answerArguments(argc, argv);
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     QApplication application(argc, argv);
     qInstallMessageHandler(usual);

@@ -5,6 +5,9 @@
 
 #include "model/look_json.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 #include <utility>
 
 namespace tessel {
@@ -305,6 +308,19 @@ void Store::endEditing()
     update(m_state.draftStopsIndex, {}, &Store::draftStopsIndexChanged);
     update(m_state.stopsBeforeEdit, {}, &Store::stopsBeforeEditChanged);
     finish();
+}
+
+QStringList Store::latestPictures() const
+{
+    QStringList paths;
+    for (const QJsonValue value : QJsonDocument::fromJson(kept("latestPictures").toByteArray()).array())
+        paths.append(value.toString());
+    return paths;
+}
+
+void Store::setLatestPictures(const QStringList& files)
+{
+    keep("latestPictures", QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact));
 }
 
 QVariant Store::kept(const std::string& key) const

@@ -178,6 +178,11 @@ public:
     /// Abandons the palette being edited, if there is one: the look has its colours of before again.
     Q_INVOKABLE void endEditing();
 
+    [[nodiscard]] double desktopPhase() const { return kept("desktopPhase").toDouble(); }
+    void setDesktopPhase(double phase) { keep("desktopPhase", phase); }
+    [[nodiscard]] QStringList latestPictures() const;
+    void setLatestPictures(const QStringList& files);
+
     /// A value that another part of the application keeps among the settings; invalid if there is none.
     [[nodiscard]] QVariant kept(const std::string& key) const;
     /// Keeps such a value. It is saved with whatever is saved next, or after `lookDelay`. Its key is none of

@@ -5,8 +5,6 @@
 
 #include <QWindow>
 
-#include <memory>
-
 namespace tessel {
 
 /// The keyboard focus among the windows of all programs, for one that is in the background as a rule.
@@ -28,8 +26,5 @@ public:
     /// Makes a window that is shown appear on every workspace, and in no task bar, pager or list of windows.
     virtual void makePanel(WId window) = 0;
 };
-
-/// nullptr where the window system decides about these things alone.
-[[nodiscard]] std::unique_ptr<Focus> makeFocus();
 
 } // namespace tessel

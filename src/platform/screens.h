@@ -8,25 +8,19 @@
 #include <QSize>
 #include <QString>
 
-#include <memory>
 #include <vector>
 
-class QScreen;
-class QTimer;
-
 namespace tessel {
-
-class X11Connection;
 
 /// One of the monitors.
 struct Screen
 {
-    QString name;          ///< of its output, such as "HDMI-1"
-    QRect frame;           ///< points
-    double scale = 1;      ///< pixels per point
-    QSize resolution = {}; ///< pixels; empty if they follow from the points
-
-    bool operator==(const Screen&) const = default;
+    QString name;           ///< of its output, such as "HDMI-1"
+    QRect frame;            ///< points
+    double scale = 1;       ///< pixels per point
+    QSize resolution = {};  ///< pixels; empty if they follow from the points
+    QRect workArea = {};    ///< what panels leave of the frame
+    bool isPrimary = false; ///< the one that the desktop's panels are on
 
     /// Where it lies among the pixels of the whole desktop.
     [[nodiscard]] QRect pixels() const
@@ -34,6 +28,15 @@ struct Screen
         return {frame.topLeft(),
                 resolution.isEmpty() ? (frame.size().toSizeF() * scale).toSize() : resolution};
     }
+
+    /// Whether a picture or window for one is as good for the other: all but work area and rank is the same.
+    [[nodiscard]] bool isSamePlace(const Screen& other) const
+    {
+        return name == other.name && frame == other.frame && scale == other.scale &&
+               resolution == other.resolution;
+    }
+
+    bool operator==(const Screen&) const = default;
 };
 
 /// The monitors of the desktop, in the system's order.
@@ -45,28 +48,8 @@ public:
     [[nodiscard]] virtual std::vector<Screen> list() const = 0;
 
 Q_SIGNALS:
-    /// Monitors came, went, moved or changed their size; once for a burst of such changes.
+    /// Monitors came, went, moved or changed their size or work area; once for a burst of such changes.
     void changed();
-};
-
-/// The monitors that Qt sees.
-class QtScreens : public Screens
-{
-    Q_OBJECT
-
-public:
-    QtScreens();
-    ~QtScreens() override;
-    [[nodiscard]] std::vector<Screen> list() const override;
-
-private:
-    void watch(const QScreen* screen);
-    void readMonitors();
-
-    QTimer* m_settling; ///< runs through a burst of changes
-    std::unique_ptr<X11Connection>
-        m_server;                  ///< there on X11, where Qt makes up a screen if there is no monitor
-    std::vector<QRect> m_monitors; ///< as the server knows them, among the pixels of the whole desktop
 };
 
 } // namespace tessel

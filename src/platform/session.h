@@ -12,16 +12,15 @@ namespace tessel {
 /// What the machine and the user's session are doing, as far as it matters to something that draws all day.
 struct SessionState
 {
-    bool asleep = false;     ///< about to be suspended, or not yet back
-    bool locked = false;     ///< behind a lock screen or screen saver
-    bool screensOff = false; ///< switched off to save power
+    bool asleep = false; ///< about to be suspended, or not yet back
+    bool locked = false; ///< behind a lock screen or screen saver
     bool onBattery = false;
     bool reducedMotion = false; ///< the user asks for little motion
 
     bool operator==(const SessionState&) const = default;
 
     /// Whether nobody can see the desktop.
-    [[nodiscard]] bool unseen() const { return asleep || locked || screensOff; }
+    [[nodiscard]] bool unseen() const { return asleep || locked; }
 };
 
 /// Tells what goes on around the program. What cannot be found out counts as not being so.
@@ -31,10 +30,6 @@ class Session : public QObject
 
 public:
     [[nodiscard]] const SessionState& state() const { return m_state; }
-
-    /// Whether something of ours moves on the screens. Only then is it looked whether they are switched off,
-    /// which X11 does not tell by itself.
-    virtual void setWatchingScreens(bool watching) = 0;
 
 Q_SIGNALS:
     void changed();

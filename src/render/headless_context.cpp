@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace tessel {
@@ -103,9 +104,15 @@ HeadlessContext::HeadlessContext()
                        tried);
 }
 
+bool HeadlessContext::makeCurrent()
+{
+    return eglMakeCurrent(m_display, EGL_NO_SURFACE, EGL_NO_SURFACE, m_context) == EGL_TRUE;
+}
+
 HeadlessContext::~HeadlessContext()
 {
-    eglMakeCurrent(m_display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    if (eglGetCurrentContext() == m_context)
+        eglMakeCurrent(m_display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
     eglDestroyContext(m_display, m_context);
     // The display stays: it is the whole process's, and others may be drawing with it on other threads.
 }

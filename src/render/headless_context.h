@@ -3,28 +3,20 @@
 
 #pragma once
 
-#include <stdexcept>
-#include <string>
+#include "base/gl_context.h"
 
 namespace tessel {
 
-/// No OpenGL context could be made. The message says what was tried and what is missing.
-class ContextError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
 /// An OpenGL 3.3 core context without any window, current on the thread that made it. It needs no display
 /// server: Mesa's surfaceless platform is tried first, then the GPUs that EGL lists, then a plain display.
-class HeadlessContext
+class HeadlessContext : public GlContext
 {
 public:
     /// \throws ContextError
     HeadlessContext();
-    ~HeadlessContext();
-    HeadlessContext(const HeadlessContext&) = delete;
-    HeadlessContext& operator=(const HeadlessContext&) = delete;
+    ~HeadlessContext() override;
+
+    [[nodiscard]] bool makeCurrent() override;
 
 private:
     void* m_display = nullptr;

@@ -6,6 +6,7 @@
 #include "render/photo.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessel {
 
@@ -78,6 +79,13 @@ void PhotoCache::add(const std::string& path, const QImage& image)
 {
     if (!holds(path))
         take(path, [&]() -> const QImage& { return image; });
+}
+
+void PhotoCache::setLongestScreen(int pixels)
+{
+    const int side = longestPhotoSide(pixels);
+    if (std::exchange(m_longestSide, side) != side)
+        m_photos.clear();
 }
 
 std::string PhotoCache::problem(const std::string& path) const

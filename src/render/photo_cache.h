@@ -39,6 +39,9 @@ public:
     /// Takes a photo that readPhoto() has read elsewhere, so that find() need not.
     void add(const std::string& path, const QImage& image);
 
+    /// Photos are read anew when the longest screen is another one, if that makes them larger or smaller.
+    void setLongestScreen(int pixels);
+
     /// Why a photo that was asked for cannot be shown; empty if it can.
     [[nodiscard]] std::string problem(const std::string& path) const;
 

@@ -31,7 +31,7 @@ bool CellPainter::canPaint(const Frame& frame)
            cellOf(frame) > 1.0F;
 }
 
-bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, DesktopWindow& window)
+bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
 {
     const int cell = static_cast<int>(cellOf(frame));
     const GridSize grid = fieldSize(frame.width, frame.height, static_cast<float>(cell));
@@ -43,7 +43,6 @@ bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, DesktopWindow
         m_next.resize(cellCount(grid));
         // Together there are never more runs than cells.
         m_runs.reserve(cellCount(grid));
-        m_rectangles.reserve(cellCount(grid));
     }
     if (!readCells(encoder, frame))
         return false;
@@ -52,7 +51,8 @@ bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, DesktopWindow
     m_valid = true;
     if (m_runs.empty())
         return false;
-    fillRuns(window);
+    std::ranges::sort(m_runs, {}, &ColoredRect::color);
+    canvas.present(m_runs);
     return true;
 }
 
@@ -83,7 +83,7 @@ void CellPainter::findRuns(const Frame& frame, int cell)
             const int left = column * cell;
             const auto width = static_cast<std::uint16_t>(std::min(cell, frame.width - left));
             if (column > 0 && lastChanged + 1 == at && m_runs.back().color == color) {
-                PixelRect& run = m_runs.back().rectangle;
+                PixelRect& run = m_runs.back().area;
                 run.width = static_cast<std::uint16_t>(run.width + width);
             } else {
                 m_runs.push_back(
@@ -93,19 +93,6 @@ void CellPainter::findRuns(const Frame& frame, int cell)
             lastChanged = at;
         }
     }
-}
-
-void CellPainter::fillRuns(DesktopWindow& window)
-{
-    std::ranges::sort(m_runs, {}, &Run::color);
-    for (auto run = m_runs.cbegin(); run != m_runs.cend();) {
-        const std::uint32_t color = run->color;
-        m_rectangles.clear();
-        for (; run != m_runs.cend() && run->color == color; ++run)
-            m_rectangles.push_back(run->rectangle);
-        window.fill(color, m_rectangles);
-    }
-    window.flush();
 }
 
 } // namespace tessel

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/desktop_window.h"
+#include "platform/canvas.h"
 #include "render/frame_encoder.h"
 
 #include <cstdint>
@@ -22,29 +22,21 @@ public:
 
     /// Paints a frame that canPaint(), with an OpenGL context current for working out the cells.
     /// \return whether anything had to be painted; false also where the GPU has no room for the cells
-    bool paint(FrameEncoder& encoder, const Frame& frame, DesktopWindow& window);
+    bool paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas);
 
     /// What the window shows is no longer what was painted: the next frame is painted whole.
     void invalidate() { m_valid = false; }
 
 private:
-    struct Run
-    {
-        std::uint32_t color;
-        PixelRect rectangle;
-    };
-
     bool readCells(FrameEncoder& encoder, const Frame& frame);
     void findRuns(const Frame& frame, int cell);
-    void fillRuns(DesktopWindow& window);
 
     GridSize m_grid;
     int m_cell = 0;
     bool m_valid = false;
     std::vector<std::uint32_t> m_shown; ///< the colour of every cell, first row on top
     std::vector<std::uint32_t> m_next;
-    std::vector<Run> m_runs;
-    std::vector<PixelRect> m_rectangles;
+    std::vector<ColoredRect> m_runs;
 };
 
 } // namespace tessel

@@ -5,127 +5,145 @@
 
 #include "render/stopwatch.h"
 
+#include <stdexcept>
+
 namespace tessel {
 
-PassthroughView::PassthroughView(const Screen& screen, std::unique_ptr<DesktopWindow> window,
-                                 DesktopScene& scene, FrameEncoder& encoder, Rasterizer rasterizer)
+PassthroughView::PassthroughView(const Screen& screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
+                                 Graphics& graphics)
     : m_screen(screen)
     , m_window(std::move(window))
     , m_scene(scene)
-    , m_encoder(encoder)
-    , m_rasterizer(rasterizer)
+    , m_graphics(graphics)
 {
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &PassthroughView::draw);
-    connect(&m_scene, &DesktopScene::changed, this, [this] {
+    connect(m_window.get(), &WallpaperWindow::frameDue, this, &PassthroughView::draw);
+    connect(m_window.get(), &WallpaperWindow::contentLost, this, [this] {
+        m_cells.invalidate();
+        if (!m_showsPicture)
+            draw();
+    });
+    connect(&m_scene, &Scene::changed, this, [this] {
         if (!m_stopped)
             draw();
     });
-    connect(m_window.get(), &DesktopWindow::exposed, this, [this] {
-        m_cells.invalidate();
-        if (!m_holding)
-            draw();
-    });
+    connect(&m_graphics, &Graphics::renewed, this, &PassthroughView::releaseObjects);
+}
+
+PassthroughView::~PassthroughView()
+{
+    // What is left of a context that is gone needs no release.
+    static_cast<void>(m_graphics.context().makeCurrent());
 }
 
 void PassthroughView::setPaused(bool paused)
 {
+    if (!paused && m_showsPicture) {
+        m_showsPicture = false;
+        m_cells.invalidate();
+    }
     if (paused == m_stopped)
         return;
     m_stopped = paused;
-    synchronizeTimer();
-    if (!paused)
+    if (paused)
+        m_window->setFrameRate(0);
+    else
         draw();
 }
 
-void PassthroughView::setHolding(bool holding)
+void PassthroughView::showPicture(const QString& file)
 {
-    if (m_holding && !holding)
-        m_cells.invalidate();
-    m_holding = holding;
-}
-
-void PassthroughView::setPreferredFramesPerSecond(int rate)
-{
-    if (rate == m_rate)
-        return;
-    m_rate = rate;
-    synchronizeTimer();
+    setPaused(true);
+    m_showsPicture = true;
+    m_window->showPicture(file);
 }
 
 void PassthroughView::restart()
 {
     if (m_stopped)
         return;
-    synchronizeTimer();
+    m_window->setFrameRate(0);
     draw();
-}
-
-void PassthroughView::synchronizeTimer()
-{
-    if (m_stopped || m_rate == 0)
-        m_timer.stop();
-    else
-        m_timer.start((1000 + m_rate - 1) / m_rate); // rather one frame too few than one too many
 }
 
 void PassthroughView::draw()
 {
-    if (!m_window->makeCurrent())
-        return;
+    try {
+        std::visit([this](auto* canvas) { drawOn(*canvas); }, m_window->canvas());
+        updateRate();
+    } catch (const std::runtime_error& error) {
+        m_scene.giveUp(QString::fromUtf8(error.what()));
+        m_window->setFrameRate(0);
+    }
+}
+
+void PassthroughView::updateRate()
+{
+    if (!m_stopped)
+        m_window->setFrameRate(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()));
+}
+
+Frame PassthroughView::nextFrame()
+{
     const double now = mediaTime();
     m_scene.advance(now);
-    paint(m_scene.frame(m_window->pixelSize(), now));
-    setPreferredFramesPerSecond(m_scene.framesPerSecond(m_governor.ceiling(), now));
+    return m_scene.frame(size(), now);
 }
 
-void PassthroughView::paint(const Frame& frame)
+void PassthroughView::drawOn(GpuCanvas& canvas)
 {
-    const bool measured = m_governor.countFrame();
-    if (m_rasterizer == Rasterizer::gpu) {
-        drawOnGpu(frame, measured);
+    if (!canvas.makeCurrent(m_graphics.context())) {
+        // The window is not there yet, or the context is lost: then it is made anew for the next frame.
+        m_graphics.makeCurrent();
         return;
     }
-    Stopwatch watch;
-    if (CellPainter::canPaint(frame))
-        paintCells(frame);
-    else
-        drawInSoftware(frame);
-    if (measured)
-        m_governor.addSample(watch.lap());
-}
-
-void PassthroughView::drawOnGpu(const Frame& frame, bool measured)
-{
+    const bool measured = m_governor.countFrame();
     if (measured)
         m_gpuTimer.begin();
-    m_encoder.encode(frame, {.framebuffer = 0, .rows = RowOrder::bottomFirst});
+    m_graphics.encoder().encode(nextFrame(), {.framebuffer = 0, .rows = RowOrder::bottomFirst});
     if (measured)
         m_gpuTimer.end();
-    m_window->swap();
+    canvas.present(m_graphics.context());
     if (const auto milliseconds = m_gpuTimer.take())
         m_governor.addSample(*milliseconds);
 }
 
-void PassthroughView::paintCells(const Frame& frame)
+void PassthroughView::drawOn(PixelCanvas& canvas)
 {
-    m_canvas = {};
-    m_window->releasePixels();
-    m_cells.paint(m_encoder, frame, *m_window);
+    if (!canvas.isReady())
+        return;
+    m_graphics.makeCurrent();
+    const bool measured = m_governor.countFrame();
+    const Frame frame = nextFrame();
+    Stopwatch watch;
+    if (CellPainter::canPaint(frame)) {
+        m_buffer = {};
+        canvas.releasePixels();
+        m_cells.paint(m_graphics.encoder(), frame, canvas);
+    } else {
+        drawPixels(frame, canvas);
+    }
+    if (measured)
+        m_governor.addSample(watch.lap());
 }
 
-void PassthroughView::drawInSoftware(const Frame& frame)
+void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
 {
-    if (!m_canvas.framebuffer) {
-        m_canvas.texture = makeTexture(colorFormat, frame.width, frame.height);
-        m_canvas.framebuffer = makeFramebuffer(m_canvas.texture);
+    if (!m_buffer.framebuffer) {
+        m_buffer.texture = makeTexture(colorFormat, frame.width, frame.height);
+        m_buffer.framebuffer = makeFramebuffer(m_buffer.texture);
     }
-    m_encoder.encode(frame, {.framebuffer = m_canvas.framebuffer.name()});
-    glBindFramebuffer(GL_FRAMEBUFFER, m_canvas.framebuffer.name());
+    m_graphics.encoder().encode(frame, {.framebuffer = m_buffer.framebuffer.name()});
+    glBindFramebuffer(GL_FRAMEBUFFER, m_buffer.framebuffer.name());
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, frame.width, frame.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, m_window->pixels());
-    m_window->showPixels();
+    glReadPixels(0, 0, frame.width, frame.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, canvas.pixels());
+    canvas.presentPixels();
     m_cells.invalidate();
+}
+
+void PassthroughView::releaseObjects()
+{
+    m_buffer = {};
+    m_gpuTimer = {};
 }
 
 } // namespace tessel

@@ -3,81 +3,73 @@
 
 #pragma once
 
-#include "platform/desktop_window.h"
-#include "render/frame_pacing.h"
+#include "platform/screens.h"
+#include "platform/wallpaper_window.h"
 #include "render/gpu_timer.h"
+#include "render/graphics.h"
+#include "scene/frame_pacing.h"
+#include "scene/scene.h"
 #include "wallpaper/cell_painter.h"
-#include "wallpaper/desktop_scene.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <memory>
 
 namespace tessel {
 
-/// Whether frames are drawn by a GPU or by the processor, which is spared every pixel that it can be.
-enum class Rasterizer : std::uint8_t
-{
-    gpu,
-    software
-};
-
-/// The desktop on one screen, drawn live: a window that lets every click through, and the one timer that it
-/// draws by, at a rate that follows its look and its load. Paused it does nothing at all.
+/// The desktop on one screen, drawn live: a window that lets every click through, drawn whenever it asks for
+/// a frame, at a rate that follows its look and its load. Paused it does nothing at all.
 class PassthroughView : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts paused and hidden. The scene and encoder must outlive it.
-    PassthroughView(const Screen& screen, std::unique_ptr<DesktopWindow> window, DesktopScene& scene,
-                    FrameEncoder& encoder, Rasterizer rasterizer);
+    /// Starts paused and hidden. The scene and graphics must outlive it.
+    PassthroughView(const Screen& screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
+                    Graphics& graphics);
+    ~PassthroughView() override;
 
     [[nodiscard]] const Screen& screen() const { return m_screen; }
-    [[nodiscard]] DesktopWindow& window() { return *m_window; }
+    [[nodiscard]] ViewSize size() const { return {m_window->pixelSize()}; }
+
+    void show() { m_window->show(); }
+    void hide() { m_window->hide(); }
 
     [[nodiscard]] bool isPaused() const { return m_stopped; }
     void setPaused(bool paused);
 
-    /// Whether the window shows its backdrop and nothing else, uncovered or not.
-    void setHolding(bool holding);
+    /// Shows a picture file instead of frames until it is no longer paused.
+    void showPicture(const QString& file);
 
-    /// Frames per second; 0 draws only when the scene changes.
-    [[nodiscard]] int preferredFramesPerSecond() const { return m_rate; }
-
-    /// Draws at once and starts the timer anew, as after a sleep that may have stopped it.
+    /// Draws at once and asks for frames anew, as after a sleep that may have stopped them.
     void restart();
 
 private:
-    void setPreferredFramesPerSecond(int rate);
-    void synchronizeTimer();
     void draw();
-    void paint(const Frame& frame);
-    void drawOnGpu(const Frame& frame, bool measured);
-    void paintCells(const Frame& frame);
-    void drawInSoftware(const Frame& frame);
+    void drawOn(GpuCanvas& canvas);
+    void drawOn(PixelCanvas& canvas);
+    void drawPixels(const Frame& frame, PixelCanvas& canvas);
+    [[nodiscard]] Frame nextFrame();
+    void updateRate();
+    void releaseObjects();
 
     /// What is drawn by the processor before it goes to the window; there only while it is needed.
-    struct Canvas
+    struct Buffer
     {
         GlTexture texture;
         GlFramebuffer framebuffer;
     };
 
     const Screen m_screen;
-    std::unique_ptr<DesktopWindow> m_window;
-    DesktopScene& m_scene;
-    FrameEncoder& m_encoder;
-    const Rasterizer m_rasterizer;
+    std::unique_ptr<WallpaperWindow> m_window;
+    Scene& m_scene;
+    Graphics& m_graphics;
     CellPainter m_cells;
-    Canvas m_canvas;
+    Buffer m_buffer;
     LoadGovernor m_governor;
     GpuTimer m_gpuTimer;
-    QTimer m_timer;
-    int m_rate = 60;
     bool m_stopped = true;
-    bool m_holding = false;
+    bool m_showsPicture = false;
 };
 
 } // namespace tessel

@@ -4,6 +4,7 @@
 #include "wallpaper/still_maker.h"
 
 #include "model/look_json.h"
+#include "platform/process.h"
 #include "render/png_file.h"
 #include "render/stopwatch.h"
 #include "wallpaper/wallpaper_folder.h"
@@ -11,8 +12,7 @@
 #include <QDir>
 
 #include <algorithm>
-#include <sys/resource.h>
-#include <unistd.h>
+#include <stdexcept>
 
 namespace tessel {
 
@@ -20,7 +20,6 @@ namespace {
 
 constexpr int firstSliceRows = 64;
 constexpr double sliceMilliseconds = 12; ///< leaves a frame of an animation its time
-constexpr int writerNiceness = 10;
 
 /// The rows of the next slice, after one that took so long.
 int nextSliceRows(int rows, double milliseconds)
@@ -29,24 +28,25 @@ int nextSliceRows(int rows, double milliseconds)
     return static_cast<int>(std::clamp(fitting, rows / 4.0, rows * 2.0));
 }
 
-/// \return why it did not work
-std::optional<QString> write(const Picture& picture, const std::string& json, const QString& file)
+/// \throws FileError
+void write(const Picture& picture, const std::string& json, const QString& file)
 {
     try {
         writePng(picture, json, file.toStdString());
-        return std::nullopt;
-    } catch (const FileError& error) {
-        return QString::fromStdString(error.what());
     } catch (const std::bad_alloc&) {
-        return QStringLiteral("There is not enough memory to write %1").arg(file);
+        throw FileError(FileError::Code::unknown,
+                        "There is not enough memory to write " + file.toStdString());
     }
 }
 
-QString cannotDraw(QSize size)
+Frame frameOf(const StillRecipe& recipe, QSize size)
 {
-    return QStringLiteral("The %1x%2 image could not be rendered. Try a smaller size.")
-        .arg(size.width())
-        .arg(size.height());
+    return {.previous = recipe.look,
+            .current = recipe.look,
+            .width = size.width(),
+            .height = size.height(),
+            .time = recipe.time,
+            .edge = recipe.edge};
 }
 
 } // namespace
@@ -61,48 +61,31 @@ struct StillMaker::Request
 /// A picture that is being drawn or waits for it.
 struct StillMaker::Drawing
 {
-    Drawing(StillRecipe recipeToDraw, QSize size, std::shared_ptr<Request> requestOrNone,
-            std::function<void(std::optional<Picture>)> whenDone)
-        : recipe(std::move(recipeToDraw))
-        , drawing({.previous = recipe.look,
-                   .current = recipe.look,
-                   .width = size.width(),
-                   .height = size.height(),
-                   .time = recipe.time,
-                   .edge = recipe.edge},
-                  firstSliceRows)
-        , request(std::move(requestOrNone))
-        , done(std::move(whenDone))
-    {
-    }
-
     const StillRecipe recipe;
-    StillDrawing drawing;
+    const QSize size;
+    const std::shared_ptr<Request> request;           ///< nullptr for a picture that nothing supersedes
+    const std::function<void(Outcome<Picture>)> done; ///< without picture and failure where it is too large
+    std::optional<StillDrawing> slices{};             ///< there once it has begun
     int sliceRows = firstSliceRows;
-    const std::shared_ptr<Request> request; ///< nullptr for a picture that nothing supersedes
-    const std::function<void(std::optional<Picture>)> done;
+    bool isDrawn = false;
 };
 
-StillMaker::StillMaker(FrameEncoder& encoder, std::function<void()> makeCurrent, QString folder)
-    : m_encoder(encoder)
-    , m_makeCurrent(std::move(makeCurrent))
+StillMaker::StillMaker(Graphics& graphics, QString folder)
+    : m_graphics(graphics)
     , m_folder(std::move(folder))
-{
-    m_thread.setObjectName(QStringLiteral("tesselbroth.wallpaper-write"));
-    m_writer.moveToThread(&m_thread);
-    m_thread.start();
     // Writing must not compete with what the user does.
-    QMetaObject::invokeMethod(&m_writer,
-                              [] { setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), writerNiceness); });
+    , m_writer(QStringLiteral("tesselbroth.wallpaper-write"), lowerThreadPriority)
+{
     connect(&m_slices, &QTimer::timeout, this, &StillMaker::advance);
+    connect(&m_graphics, &Graphics::renewed, this, [this] {
+        for (const auto& drawing : m_drawings)
+            drawing->slices.reset();
+    });
 }
 
 StillMaker::~StillMaker()
 {
-    // As a job, so that those before it are done.
-    QMetaObject::invokeMethod(&m_writer, [this] { m_thread.quit(); });
-    m_thread.wait();
-    m_makeCurrent();
+    static_cast<void>(m_graphics.context().makeCurrent());
 }
 
 void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& screens)
@@ -116,17 +99,20 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
     for (const Screen& screen : screens) {
         const int index = static_cast<int>(request->pictures.size());
         const QString file = QDir(m_folder).filePath(stillFileName(stamp, index));
-        const QSize size = screen.pixels().size();
         request->pictures.push_back({screen, file});
-        draw(recipe, size, request,
-             [this, request, file, size, json = encodeLook(recipe.look)](std::optional<Picture> picture) {
-                 if (!picture) {
-                     finish(request, cannotDraw(size));
+        draw(recipe, screen.pixels().size(), request,
+             [this, request, file, name = screen.name,
+              json = encodeLook(recipe.look)](Outcome<Picture> drawn) {
+                 if (!drawn.value) {
+                     finish(request, tr("There is no picture for %1: %2")
+                                         .arg(name, drawn.failure.isEmpty()
+                                                        ? tr("it is larger than what can be drawn here.")
+                                                        : drawn.failure));
                      return;
                  }
-                 const auto held = std::make_shared<Picture>(std::move(*picture));
-                 run([held, json, file] { return write(*held, json, file); },
-                     [this, request](const std::optional<QString>& failure) { finish(request, failure); });
+                 const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
+                 m_writer.run([picture, json, file] { write(*picture, json, file); },
+                              [this, request](const auto& outcome) { finish(request, outcome.failure); });
              });
     }
 }
@@ -141,21 +127,27 @@ void StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file
                       std::function<void(std::optional<QString> failure)> done)
 {
     draw(recipe, size, nullptr,
-         [this, size, file, done = std::move(done),
-          json = encodeLook(recipe.look)](std::optional<Picture> picture) {
-             if (!picture) {
-                 done(cannotDraw(size));
+         [this, size, file, done = std::move(done), json = encodeLook(recipe.look)](Outcome<Picture> drawn) {
+             if (!drawn.value) {
+                 done(drawn.failure.isEmpty()
+                          ? tr("The %1x%2 image could not be rendered. Try a smaller size.")
+                                .arg(size.width())
+                                .arg(size.height())
+                          : drawn.failure);
                  return;
              }
-             const auto held = std::make_shared<Picture>(std::move(*picture));
-             run([held, json, file] { return write(*held, json, file); }, done);
+             const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
+             m_writer.run([picture, json, file] { write(*picture, json, file); },
+                          [done](const auto& outcome) {
+                              done(outcome.value ? std::nullopt : std::optional(outcome.failure));
+                          });
          });
 }
 
 void StillMaker::draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
-                      std::function<void(std::optional<Picture>)> done)
+                      std::function<void(Outcome<Picture>)> done)
 {
-    m_drawings.push_back(std::make_unique<Drawing>(recipe, size, request, std::move(done)));
+    m_drawings.push_back(std::unique_ptr<Drawing>(new Drawing{recipe, size, request, std::move(done)}));
     m_slices.start(0);
 }
 
@@ -165,26 +157,39 @@ void StillMaker::advance()
         m_slices.stop();
         return;
     }
-    m_makeCurrent();
-    Drawing& front = *m_drawings.front();
-    Stopwatch watch;
-    if (front.drawing.advance(m_encoder)) {
-        front.sliceRows = nextSliceRows(front.sliceRows, watch.lap());
-        front.drawing.setSliceRows(front.sliceRows);
-        return;
+    Outcome<Picture> outcome;
+    try {
+        m_graphics.makeCurrent();
+        drawSlice(*m_drawings.front());
+        if (!m_drawings.front()->isDrawn)
+            return;
+        outcome.value = m_drawings.front()->slices->take();
+    } catch (const std::runtime_error& error) {
+        outcome.failure = QString::fromUtf8(error.what());
     }
     const std::unique_ptr<Drawing> finished = std::move(m_drawings.front());
     m_drawings.pop_front();
-    finished->done(finished->drawing.take());
+    finished->done(std::move(outcome));
 }
 
-void StillMaker::finish(const std::shared_ptr<Request>& request, const std::optional<QString>& failure)
+void StillMaker::drawSlice(Drawing& drawing)
+{
+    if (!drawing.slices)
+        drawing.slices.emplace(frameOf(drawing.recipe, drawing.size), drawing.sliceRows);
+    Stopwatch watch;
+    drawing.isDrawn = !drawing.slices->advance(m_graphics.encoder());
+    drawing.sliceRows = nextSliceRows(drawing.sliceRows, watch.lap());
+    drawing.slices->setSliceRows(drawing.sliceRows);
+}
+
+/// \param failure empty on success
+void StillMaker::finish(const std::shared_ptr<Request>& request, const QString& failure)
 {
     if (request != m_latest)
         return;
-    if (failure) {
+    if (!failure.isEmpty()) {
         cancel();
-        Q_EMIT failed(*failure);
+        Q_EMIT failed(failure);
         return;
     }
     if (++request->written < request->pictures.size())

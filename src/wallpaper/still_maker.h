@@ -3,17 +3,18 @@
 
 #pragma once
 
+#include "base/worker.h"
 #include "platform/desktop_pictures.h"
+#include "render/graphics.h"
 #include "render/still.h"
 
 #include <QObject>
-#include <QThread>
 #include <QTimer>
 
 #include <deque>
 #include <functional>
 #include <memory>
-#include <type_traits>
+#include <optional>
 
 namespace tessel {
 
@@ -32,9 +33,8 @@ class StillMaker : public QObject
     Q_OBJECT
 
 public:
-    /// \param encoder must outlive this
-    /// \param makeCurrent makes an OpenGL context current
-    StillMaker(FrameEncoder& encoder, std::function<void()> makeCurrent, QString folder);
+    /// \param graphics must outlive this
+    StillMaker(Graphics& graphics, QString folder);
 
     /// Finishes what is drawn already.
     ~StillMaker() override;
@@ -54,9 +54,8 @@ public:
     void save(const StillRecipe& recipe, QSize size, const QString& file,
               std::function<void(std::optional<QString> failure)> done);
 
-    /// Runs a job on the writing thread, and then `done` with its result, if it has one, on this one.
-    template<typename Job, typename Done>
-    void run(Job job, Done done);
+    /// The writing thread, for other work on the same files.
+    [[nodiscard]] Worker& writer() { return m_writer; }
 
 Q_SIGNALS:
     /// All files of the latest request are written.
@@ -69,31 +68,17 @@ private:
     struct Request;
 
     void draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
-              std::function<void(std::optional<Picture>)> done);
+              std::function<void(Outcome<Picture>)> done);
     void advance();
-    void finish(const std::shared_ptr<Request>& request, const std::optional<QString>& failure);
+    void drawSlice(Drawing& drawing);
+    void finish(const std::shared_ptr<Request>& request, const QString& failure);
 
-    FrameEncoder& m_encoder;
-    std::function<void()> m_makeCurrent;
+    Graphics& m_graphics;
     const QString m_folder;
     std::deque<std::unique_ptr<Drawing>> m_drawings;
     QTimer m_slices; ///< runs while there is something to draw
-    QThread m_thread;
-    QObject m_writer; ///< lives on m_thread
     std::shared_ptr<Request> m_latest;
+    Worker m_writer;
 };
-
-template<typename Job, typename Done>
-void StillMaker::run(Job job, Done done)
-{
-    QMetaObject::invokeMethod(&m_writer, [this, job = std::move(job), done = std::move(done)] {
-        if constexpr (std::is_void_v<std::invoke_result_t<const Job&>>) {
-            job();
-            QMetaObject::invokeMethod(this, done);
-        } else {
-            QMetaObject::invokeMethod(this, [done, result = job()] { done(result); });
-        }
-    });
-}
 
 } // namespace tessel

@@ -5,13 +5,15 @@
 
 #include "model/store.h"
 #include "platform/desktop_pictures.h"
-#include "platform/desktop_window.h"
-#include "platform/occlusion.h"
-#include "platform/screens.h"
 #include "platform/session.h"
-#include "wallpaper/passthrough_view.h"
-#include "wallpaper/still_maker.h"
+#include "platform/window_system.h"
+#include "scene/scene.h"
+#include "wallpaper/desktop_stills.h"
+#include "wallpaper/live_windows.h"
 
+#include <QTimer>
+
+#include <chrono>
 #include <functional>
 
 namespace tessel {
@@ -26,7 +28,7 @@ struct StillDelays
     std::chrono::milliseconds animated{8000};
     std::chrono::milliseconds still{1800};
     /// From a picture's being set until the desktop shows it: some fade to it for more than a second.
-    std::chrono::milliseconds settling{2000};
+    std::chrono::milliseconds appearing{2000};
     std::chrono::milliseconds leaving{3000}; ///< the longest that a still holds up the program's end
 };
 
@@ -34,13 +36,12 @@ struct StillDelays
 struct WallpaperEnvironment
 {
     Store& store;
-    Screens& screens;
+    WindowSystem& windows;
     Session& session;
-    Occlusion& occlusion;
     DesktopPictures* pictures; ///< nullptr where there are none: then our windows keep showing the still
-    std::function<std::unique_ptr<DesktopWindow>(const Screen&)> makeWindow;
-    std::function<void()> makeCurrent; ///< an OpenGL context, for drawing out of sight
-    Rasterizer rasterizer = Rasterizer::gpu;
+    Graphics& graphics;
+    AnimationClocks& clocks;
+    LookPreparer& preparer;
     QString folder = defaultWallpaperFolder();
     StillDelays delays = {};
 };
@@ -51,8 +52,7 @@ class Wallpaper : public QObject
     Q_OBJECT
 
 public:
-    explicit Wallpaper(WallpaperEnvironment environment);
-    ~Wallpaper() override;
+    explicit Wallpaper(const WallpaperEnvironment& environment);
 
     /// Shows the store's desktop look, if there is one, as the program starts.
     void start();
@@ -70,11 +70,8 @@ public:
     void savePng(const Look& look, QSize size, const QString& file,
                  std::function<void(std::optional<QString> failure)> done);
 
-    /// The phases of all live views, this program's editor included.
-    [[nodiscard]] AnimationClocks& clocks() { return m_scene.clocks(); }
-
 Q_SIGNALS:
-    /// The picture of the desktop could not be made or set; the old one stays.
+    /// The picture of the desktop could not be made or set, or its look not be drawn; the old one stays.
     /// \param message why, naming the file or screen
     void stillFailed(const QString& message);
     /// The desktop's look is shown without its photo.
@@ -82,52 +79,37 @@ Q_SIGNALS:
     void photoMissing(const QString& message);
 
 private:
-    /// What our windows are for.
-    enum class Windows : std::uint8_t
-    {
-        down,    ///< the desktop shows its own picture
-        playing, ///< they are drawn live
-        holding  ///< they show the still, since the desktop cannot
-    };
-
     void restorePhase();
     void keepPhase();
-    [[nodiscard]] std::vector<QSize> sizes() const;
+    [[nodiscard]] std::vector<Screen> screens() const { return m_environment.windows.screens().list(); }
+    [[nodiscard]] StillRecipe recipe(const Look& look) const;
 
-    [[nodiscard]] bool hasWindowsFor(const std::vector<Screen>& screens) const;
-    void followScreens();
-    void startAnimation();
-    void play();
-    void tellPictureBehind();
-    void takeDown();
+    [[nodiscard]] std::vector<ViewSize> sizes() const;
+    void showLook();
+    void showLive();
     void screensChanged();
     void wake();
-    void refreshPauses();
 
+    void scheduleStill();
     [[nodiscard]] bool isStillComing() const;
     void makeStill();
     void finishStill();
+    void stillMade();
+    void stillHandedOver(const QStringList& failures);
+    void stillFound();
+    void stillMissing();
+    void showPictures();
     void tellMissingPhoto();
-    void stillWritten(const std::vector<DesktopPicture>& pictures);
-    void picturesSet(const QStringList& failures);
-    void hold(const std::vector<DesktopPicture>& pictures);
-    void holdNow();
+    void lookFailed(const QString& problem);
 
-    [[nodiscard]] std::vector<DesktopPicture> latestPictures() const;
-    void showLatest();
-
-    WallpaperEnvironment m_environment;
-    FrameEncoder m_encoder;
-    DesktopScene m_scene;
-    StillMaker m_stills;
-    std::vector<std::unique_ptr<PassthroughView>> m_views; ///< one for each screen
-    Windows m_windows = Windows::down;
-    QTimer m_hideWork; ///< until the still is made
-    QTimer m_settling; ///< until the windows are taken down, after the desktop has got its picture
-    std::vector<Screen> m_pictured; ///< the screens that the current stills were made for
-    std::vector<DesktopPicture> m_written;
-    int m_settingCalls = 0;
-    bool m_pendingStatic = false;
+    const WallpaperEnvironment m_environment;
+    Scene m_scene;
+    LiveWindows m_live;
+    DesktopStills m_stills;
+    std::optional<Look> m_failedLook; ///< that could not be drawn
+    QTimer m_stillDelay;              ///< until the still is made
+    QTimer m_appearing;               ///< until the windows are hidden, after the desktop has got its picture
+    bool m_waitsForScreen = false;    ///< a still was to be made while there was no screen
     bool m_phaseRestored = false;
 };
 

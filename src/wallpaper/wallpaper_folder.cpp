@@ -4,6 +4,7 @@
 #include "wallpaper/wallpaper_folder.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -13,14 +14,20 @@ namespace {
 
 constexpr int generationsKept = 4;
 
-/// The files without a time in their name, which nobody here has made, come last.
+/// Whether a file has a name that stillFileName() gives. All others are somebody else's.
+bool isStill(const QString& name)
+{
+    static const QRegularExpression form(QStringLiteral("^wall-\\d{14}-\\d+\\.png$"));
+    return form.match(name).hasMatch();
+}
+
 qint64 timeOf(const QString& name)
 {
     return name.section(QLatin1Char('-'), 1, 1).toLongLong();
 }
 
 /// What is left of files that were being written when the program was killed.
-void removeTorsos(QDir& directory)
+void removeUnfinished(QDir& directory)
 {
     const QDateTime hourAgo = QDateTime::currentDateTime().addSecs(-3600);
     const QDir::Filters filters = QDir::Files | QDir::Hidden;
@@ -40,12 +47,13 @@ void pruneStills(const QString& folder, int screens, const QStringList& inUse)
 {
     QDir directory(folder);
     QStringList names = directory.entryList({QStringLiteral("wall-*")}, QDir::Files);
+    names.removeIf([](const QString& name) { return !isStill(name); });
     std::ranges::stable_sort(names, std::ranges::greater(), timeOf);
     const qsizetype kept = qsizetype{std::max(screens, 1)} * generationsKept;
     for (const QString& name : names.mid(std::min(kept, names.size())))
         if (!inUse.contains(directory.filePath(name)))
             directory.remove(name);
-    removeTorsos(directory);
+    removeUnfinished(directory);
 }
 
 } // namespace tessel

@@ -50,7 +50,8 @@ protected:
     }
 
     FocusLog m_log;
-    std::unique_ptr<Dialogs> m_dialogs = std::make_unique<Dialogs>(std::make_unique<FakeFocus>(m_log));
+    FakeFocus m_focus{m_log};
+    std::unique_ptr<Dialogs> m_dialogs = std::make_unique<Dialogs>(&m_focus);
     std::optional<QString> m_name;
     int m_answers = 0;
 };

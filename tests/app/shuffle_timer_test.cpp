@@ -18,8 +18,6 @@ constexpr qint64 minute = 60; ///< seconds
 
 class FakeSession : public Session
 {
-public:
-    void setWatchingScreens(bool /*watching*/) override {}
 };
 
 class ShuffleTimerTest : public testing::Test

@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/screens.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_screens.h"
 #include "support/surroundings.h"
 
 #include <QGuiApplication>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace tessel {
 namespace {
@@ -24,14 +27,18 @@ protected:
     const Variable m_scale;
     VirtualDisplay m_display;
     WithApplication<QGuiApplication> m_application;
+    X11Connection m_connection;
 };
 
 TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
 {
-    const QtScreens screens;
+    const X11Screens screens(m_connection);
     int changes = 0;
     QObject::connect(&screens, &Screens::changed, [&changes] { ++changes; });
-    const Screen whole{QStringLiteral("screen"), QRect(0, 0, 1280, 800), 1};
+    const Screen whole{.name = QStringLiteral("screen"),
+                       .frame = QRect(0, 0, 1280, 800),
+                       .workArea = QRect(0, 0, 1280, 800),
+                       .isPrimary = true};
     EXPECT_EQ(screens.list(), std::vector{whole});
 
     xrandr("--fb 1280x800 --output screen --off");
@@ -53,6 +60,25 @@ TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
     EXPECT_EQ(changes, 3) << "one for each burst of changes";
 }
 
+TEST_F(ScreensTest, APanelTakesOfTheWorkAreaAndOfNothingElse)
+{
+    const X11Screens screens(m_connection);
+    int changes = 0;
+    QObject::connect(&screens, &Screens::changed, [&changes] { ++changes; });
+    const std::vector<Screen> before = screens.list();
+    // As window managers tell it, for each workspace.
+    const std::uint32_t none = 0;
+    m_connection.setProperty(m_connection.root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {&none, 1});
+    m_connection.setProperty(m_connection.root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL,
+                             std::array<std::uint32_t, 4>{0, 30, 1280, 770});
+    m_connection.sync();
+    ASSERT_TRUE(waitUntil([&] { return changes > 0; }));
+    const std::vector<Screen> after = screens.list();
+    ASSERT_THAT(after, SizeIs(1));
+    EXPECT_EQ(after[0].workArea, QRect(0, 30, 1280, 770));
+    EXPECT_TRUE(after[0].isSamePlace(before[0])) << "no window need be made anew";
+}
+
 class FractionalScreensTest : public ScreensTest
 {
 protected:
@@ -61,7 +87,7 @@ protected:
 
 TEST_F(FractionalScreensTest, HaveAllTheirPixels)
 {
-    const std::vector<Screen> screens = QtScreens().list();
+    const std::vector<Screen> screens = X11Screens(m_connection).list();
     ASSERT_THAT(screens, SizeIs(1));
     EXPECT_EQ(screens.front().frame.size(), QSize(731, 457));
     EXPECT_EQ(screens.front().pixels(), QRect(0, 0, 1280, 800));

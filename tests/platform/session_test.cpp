@@ -260,8 +260,7 @@ TEST_F(SessionTest, StartsNothingByAsking)
 TEST_F(SessionTest, WithoutAnyBusNothingIsSo)
 {
     const QDBusConnection nowhere(QStringLiteral("nowhere"));
-    LinuxSession session(nowhere, nowhere);
-    session.setWatchingScreens(true);
+    const LinuxSession session(nowhere, nowhere);
     settle(50ms);
     EXPECT_EQ(session.state(), SessionState());
 }

@@ -57,7 +57,8 @@ protected:
 
     VirtualDisplay m_display;
     X11Connection m_server;
-    X11Focus m_focus;
+    X11Connection m_ours;
+    X11Focus m_focus{m_ours};
 };
 
 TEST_F(X11FocusTest, GoesBackOnlyToWhatIsInSight)

@@ -29,8 +29,8 @@ class X11OcclusionTest : public testing::Test
 protected:
     X11OcclusionTest()
     {
-        m_occlusion.emplace();
-        QObject::connect(&*m_occlusion, &Occlusion::changed, [this] { ++m_changes; });
+        m_occlusion.emplace(m_ours, m_events);
+        QObject::connect(&*m_occlusion, &X11Occlusion::changed, [this] { ++m_changes; });
         EXPECT_FALSE(isCovered());
     }
 
@@ -107,6 +107,8 @@ protected:
     WithApplication<QCoreApplication> m_application;
     VirtualDisplay m_display;
     X11Connection m_server;
+    X11Connection m_ours;
+    X11Events m_events{m_ours};
     std::optional<X11Occlusion> m_occlusion;
     std::vector<std::uint32_t> m_list;
     int m_changes = 0;
@@ -224,7 +226,9 @@ TEST(X11OcclusionWithoutServerTest, NothingIsCovered)
 {
     qputenv("DISPLAY", ":98765");
     const WithApplication<QCoreApplication> application;
-    const X11Occlusion occlusion;
+    X11Connection connection;
+    X11Events events(connection);
+    const X11Occlusion occlusion(connection, events);
     settle(20ms);
     EXPECT_FALSE(occlusion.isCovered(monitor));
     qunsetenv("DISPLAY");

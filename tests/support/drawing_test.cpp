@@ -13,8 +13,7 @@ namespace {
 struct Shared
 {
     QGuiApplication application;
-    HeadlessContext context;
-    FrameEncoder encoder;
+    Graphics graphics;
 };
 
 Shared& shared()
@@ -23,13 +22,14 @@ Shared& shared()
     static std::array<char, 6> name{"tests"};
     static std::array<char*, 2> arguments{name.data(), nullptr};
     // Never destroyed: the driver may be unloaded before static destructors run.
-    static auto* instance = new Shared{{count, arguments.data()}, {}, FrameEncoder()};
+    static auto* instance =
+        new Shared{{count, arguments.data()}, Graphics([] { return std::make_unique<HeadlessContext>(); })};
     return *instance;
 }
 
 } // namespace
 
-DrawingTest::DrawingTest() : encoder(shared().encoder) {}
+DrawingTest::DrawingTest() : graphics(shared().graphics), encoder(graphics.encoder()) {}
 
 Picture DrawingTest::draw(const Look& look, int width, int height, double time)
 {

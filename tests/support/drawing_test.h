@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "render/frame_encoder.h"
+#include "render/graphics.h"
 #include "render/headless_context.h"
 #include "render/still.h"
 
@@ -34,7 +34,8 @@ protected:
     /// A look that shows a horizontal ramp from black to white.
     Look rampLook();
 
-    FrameEncoder& encoder;
+    Graphics& graphics;
+    FrameEncoder& encoder; ///< of the graphics
 
 private:
     QTemporaryDir m_folder;

@@ -4,19 +4,19 @@
 #pragma once
 
 #include "platform/desktop_pictures.h"
-#include "platform/desktop_window.h"
-#include "platform/occlusion.h"
 #include "platform/session.h"
+#include "platform/window_system.h"
+#include "render/headless_context.h"
 #include "support/drawing_test.h"
 #include "support/surroundings.h"
 
 #include <QColorSpace>
 #include <QImage>
 #include <QPainter>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
-#include <mutex>
 
 namespace tessel {
 
@@ -39,30 +39,29 @@ struct WindowRecord
     QImage image; ///< what is on it
     int frames = 0;
     long paintedPixels = 0;
+    bool hasPixels = false; ///< memory for all of them
     bool visible = false;
     bool alive = true;
-    std::mutex mutex;
-    QImage backdrop;
-    QString pictureBehind;
+    QString picture; ///< that it shows by itself
 
-    [[nodiscard]] bool holds(const QImage& picture)
+    [[nodiscard]] bool shows(const QImage& wanted) const
     {
-        const std::scoped_lock lock(mutex);
         // An image from a file also has a colour space, which does not matter here.
-        QImage plain = backdrop;
+        QImage plain = QImage(picture).convertToFormat(QImage::Format_RGB32);
         plain.setColorSpace({});
-        return plain == picture;
+        return plain == wanted;
     }
 };
 
-/// A window in memory.
-class MemoryWindow : public DesktopWindow
+/// A window in memory, which asks for frames by a timer.
+class MemoryWindow : public WallpaperWindow, public PixelCanvas
 {
 public:
     explicit MemoryWindow(const std::shared_ptr<WindowRecord>& record) : m_record(record)
     {
         record->image = QImage(pixelSize(), QImage::Format_RGB32);
         record->image.fill(Qt::magenta);
+        connect(&m_frames, &QTimer::timeout, this, &WallpaperWindow::frameDue);
     }
     ~MemoryWindow() override
     {
@@ -71,47 +70,58 @@ public:
     }
 
     [[nodiscard]] QSize pixelSize() const override { return m_record->screen.pixels().size(); }
+    [[nodiscard]] Canvas canvas() override { return static_cast<PixelCanvas*>(this); }
     void show() override
     {
         if (!std::exchange(m_record->visible, true))
-            Q_EMIT exposed();
+            Q_EMIT contentLost();
     }
     void hide() override { m_record->visible = false; }
-    void setPictureBehind(const QString& file) override { m_record->pictureBehind = file; }
-    [[nodiscard]] bool makeCurrent() override { return m_record->visible; }
-    void swap() override { ++m_record->frames; }
-    std::uint32_t* pixels() override
+    void setFrameRate(int framesPerSecond) override
+    {
+        if (framesPerSecond == 0)
+            m_frames.stop();
+        else if (!m_frames.isActive() || m_frames.interval() != 1000 / framesPerSecond)
+            m_frames.start(1000 / framesPerSecond);
+    }
+    void showPicture(const QString& file) override
+    {
+        m_record->picture = file;
+        m_record->visible = true;
+    }
+
+    [[nodiscard]] bool isReady() const override { return m_record->visible; }
+    [[nodiscard]] std::uint32_t* pixels() override
     {
         if (m_pixels.isNull())
             m_pixels = QImage(pixelSize(), QImage::Format_RGB32);
+        m_record->hasPixels = true;
         return reinterpret_cast<std::uint32_t*>(m_pixels.bits());
     }
-    void showPixels() override
+    void presentPixels() override
     {
         m_record->image = m_pixels.copy();
         ++m_record->frames;
     }
-    void releasePixels() override { m_pixels = {}; }
-    void fill(std::uint32_t color, std::span<const PixelRect> rectangles) override
+    void releasePixels() override
+    {
+        m_pixels = {};
+        m_record->hasPixels = false;
+    }
+    void present(std::span<const ColoredRect> rectangles) override
     {
         QPainter painter(&m_record->image);
-        for (const PixelRect& area : rectangles) {
+        for (const auto& [color, area] : rectangles) {
             painter.fillRect(area.x, area.y, area.width, area.height, QColor::fromRgb(color));
             m_record->paintedPixels += long{area.width} * area.height;
         }
-    }
-    void flush() override { ++m_record->frames; }
-    [[nodiscard]] std::function<void(const QImage&)> backdropSetter() const override
-    {
-        return [record = m_record](const QImage& picture) {
-            const std::scoped_lock lock(record->mutex);
-            record->backdrop = picture;
-        };
+        ++m_record->frames;
     }
 
 private:
     std::shared_ptr<WindowRecord> m_record;
     QImage m_pixels;
+    QTimer m_frames;
 };
 
 class FakeScreens : public Screens
@@ -138,24 +148,39 @@ private:
 class FakeSession : public Session
 {
 public:
-    void setWatchingScreens(bool watching) override { isWatching = watching; }
     void become(const SessionState& state) { setState(state); }
-
-    bool isWatching = false;
 };
 
-class FakeOcclusion : public Occlusion
+/// Windows in memory, and a context without any.
+class FakeWindowSystem : public WindowSystem
 {
 public:
-    [[nodiscard]] bool isCovered(const QRect& pixels) const override { return m_covered.contains(pixels); }
-    void cover(const QRect& pixels)
+    [[nodiscard]] std::unique_ptr<GlContext> makeContext() override
     {
-        m_covered = pixels;
-        Q_EMIT changed();
+        return std::make_unique<HeadlessContext>();
     }
+    [[nodiscard]] FakeScreens& screens() override { return m_screens; }
+    [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
+                                                                       Rasterizer /*rasterizer*/) override
+    {
+        const auto record = std::make_shared<WindowRecord>();
+        record->screen = screen;
+        windows.push_back(record);
+        return std::make_unique<MemoryWindow>(record);
+    }
+    void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override { picturesBehind = pictures; }
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/) override
+    {
+        return nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed() override { return nullptr; }
+    [[nodiscard]] Focus* focus() override { return nullptr; }
+
+    std::vector<std::shared_ptr<WindowRecord>> windows;
+    std::vector<DesktopPicture> picturesBehind;
 
 private:
-    QRect m_covered;
+    FakeScreens m_screens;
 };
 
 /// A desktop that shows what it is told to, or refuses.

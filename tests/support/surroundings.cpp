@@ -35,10 +35,11 @@ QDBusConnection PrivateBus::connect()
     return QDBusConnection::connectToBus(m_address, QStringLiteral("test%1").arg(++count));
 }
 
-VirtualDisplay::VirtualDisplay(const QString& size)
-    : m_number(start(QStringLiteral("Xvfb"),
-                     {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                      QStringLiteral("0"), size, QStringLiteral("-nolisten"), QStringLiteral("tcp")}))
+VirtualDisplay::VirtualDisplay(const QString& size, const QStringList& options)
+    : m_number(start(QStringLiteral("Xvfb"), QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"),
+                                                         QStringLiteral("-screen"), QStringLiteral("0"), size,
+                                                         QStringLiteral("-nolisten"), QStringLiteral("tcp")} +
+                                                 options))
 {
     qputenv("DISPLAY", ':' + m_number.toLatin1());
 }

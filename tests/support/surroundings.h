@@ -50,7 +50,8 @@ private:
 class VirtualDisplay : public Surrounding
 {
 public:
-    explicit VirtualDisplay(const QString& size = QStringLiteral("1280x800x24"));
+    explicit VirtualDisplay(const QString& size = QStringLiteral("1280x800x24"),
+                            const QStringList& options = {});
     ~VirtualDisplay();
 
     [[nodiscard]] bool isRunning() const { return !m_number.isEmpty(); }

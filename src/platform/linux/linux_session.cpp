@@ -4,14 +4,12 @@
 #include "platform/linux/linux_session.h"
 
 #include "platform/linux/bus_service.h"
-#include "platform/linux/x11/x11_screen_power.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QFileSystemWatcher>
-#include <QGuiApplication>
 #include <QSettings>
 #include <QSocketNotifier>
 #include <QStandardPaths>
@@ -79,11 +77,6 @@ LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnect
     watchMotionSettings(sessionBus);
     watchKdeSettings();
     watchClock();
-    if (QGuiApplication::platformName() == QStringLiteral("xcb")) {
-        m_screenPower = new X11ScreenPower(this);
-        connect(m_screenPower, &X11ScreenPower::offChanged, this,
-                [this](bool off) { set(&SessionState::screensOff, off); });
-    }
 }
 
 LinuxSession::~LinuxSession()
@@ -91,12 +84,6 @@ LinuxSession::~LinuxSession()
     delete m_clockNotifier;
     if (m_clock >= 0)
         close(m_clock);
-}
-
-void LinuxSession::setWatchingScreens(bool watching)
-{
-    if (m_screenPower != nullptr)
-        m_screenPower->setWatching(watching);
 }
 
 void LinuxSession::watchLoginManager(const QDBusConnection& systemBus)

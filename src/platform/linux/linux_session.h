@@ -17,7 +17,6 @@ class QSocketNotifier;
 namespace tessel {
 
 class BusService;
-class X11ScreenPower;
 
 /// What the services of a Linux desktop tell: the login manager, screen savers, the power service and the
 /// desktop's settings. Each may be missing, and may come later.
@@ -28,8 +27,6 @@ class LinuxSession : public Session
 public:
     LinuxSession(const QDBusConnection& sessionBus, const QDBusConnection& systemBus);
     ~LinuxSession() override;
-
-    void setWatchingScreens(bool watching) override;
 
 private:
     void watchLoginManager(const QDBusConnection& systemBus);
@@ -55,7 +52,6 @@ private:
     std::set<QString> m_lockedBy;
     std::set<QString> m_motionReducedBy;
     QFileSystemWatcher* m_kdeSettings = nullptr;
-    X11ScreenPower* m_screenPower = nullptr; ///< on X11
     int m_clock = -1;
     QSocketNotifier* m_clockNotifier = nullptr;
 };

@@ -141,8 +141,7 @@ private:
     [[nodiscard]] XcbPointer<xcb_get_geometry_reply_t> geometry(xcb_drawable_t drawable) const
     {
         const auto cookie = xcb_get_geometry(m_connection.get(), drawable);
-        return XcbPointer<xcb_get_geometry_reply_t>(
-            xcb_get_geometry_reply(m_connection.get(), cookie, nullptr));
+        return readReply(xcb_get_geometry_reply, m_connection.get(), cookie);
     }
 
     /// Nothing if there is no such drawable.
@@ -157,8 +156,7 @@ private:
     {
         const auto found = geometry(drawable);
         const auto cookie = xcb_get_window_attributes(m_connection.get(), drawable);
-        const XcbPointer<xcb_get_window_attributes_reply_t> window(
-            xcb_get_window_attributes_reply(m_connection.get(), cookie, nullptr));
+        const auto window = readReply(xcb_get_window_attributes_reply, m_connection.get(), cookie);
         return found != nullptr && window == nullptr && found->depth == m_connection.screen().root_depth;
     }
 

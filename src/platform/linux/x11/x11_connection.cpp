@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/x11_connection.h"
 
+#include <QAbstractEventDispatcher>
 #include <QImage>
 #include <QPoint>
 #include <QSocketNotifier>
@@ -13,7 +14,10 @@ namespace tessel {
 
 namespace {
 
-const xcb_screen_t* screenNumber(const xcb_setup_t* setup, int number)
+/// What stands for the screen while there is no server.
+constexpr xcb_screen_t noScreen{};
+
+const xcb_screen_t* screenNumbered(const xcb_setup_t* setup, int number)
 {
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(setup);
     for (; screens.rem > 1 && number > 0; --number)
@@ -41,10 +45,14 @@ void putImage(xcb_connection_t* connection, xcb_drawable_t drawable, xcb_gcontex
 
 X11Connection::X11Connection()
 {
-    int number = 0;
-    m_connection.reset(xcb_connect(nullptr, &number));
+    m_connection.reset(xcb_connect(nullptr, &m_screenNumber));
     if (isValid())
-        m_screen = screenNumber(xcb_get_setup(get()), number);
+        m_screen = screenNumbered(xcb_get_setup(get()), m_screenNumber);
+}
+
+const xcb_screen_t& X11Connection::screen() const
+{
+    return m_screen != nullptr ? *m_screen : noScreen;
 }
 
 bool X11Connection::isValid() const
@@ -58,29 +66,39 @@ xcb_atom_t X11Connection::atom(const std::string& name)
     if (found != m_atoms.end())
         return found->second;
     const auto cookie = xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookie, nullptr));
+    const auto reply = readReply(xcb_intern_atom_reply, get(), cookie);
     if (reply == nullptr)
         return XCB_ATOM_NONE;
     return m_atoms.emplace(name, reply->atom).first->second;
 }
 
-std::vector<std::uint32_t> X11Connection::property(xcb_window_t window, const std::string& name,
-                                                   xcb_atom_t type)
+xcb_get_property_cookie_t askProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t name,
+                                      xcb_atom_t type)
 {
     static constexpr std::uint32_t longest = 1U << 16U;
-    const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
-    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    return xcb_get_property(connection, 0, window, name, type, 0, longest);
+}
+
+std::vector<std::uint32_t> readProperty(xcb_connection_t* connection, xcb_get_property_cookie_t cookie)
+{
+    const auto reply = readReply(xcb_get_property_reply, connection, cookie);
     if (reply == nullptr || reply->format != 32)
         return {};
     const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     return {items, items + reply->value_len};
 }
 
+std::vector<std::uint32_t> X11Connection::property(xcb_window_t window, const std::string& name,
+                                                   xcb_atom_t type)
+{
+    return readProperty(get(), askProperty(get(), window, atom(name), type));
+}
+
 std::string X11Connection::text(xcb_window_t window, const std::string& name, xcb_atom_t type)
 {
     static constexpr std::uint32_t longest = 256;
     const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
-    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    const auto reply = readReply(xcb_get_property_reply, get(), cookie);
     if (reply == nullptr || reply->format != 8)
         return {};
     return {static_cast<const char*>(xcb_get_property_value(reply.get())),
@@ -98,23 +116,31 @@ void X11Connection::put(xcb_drawable_t drawable, const QImage& picture, QPoint t
 {
     const xcb_gcontext_t context = xcb_generate_id(get());
     xcb_create_gc(get(), context, drawable, 0, nullptr);
-    putImage(get(), drawable, context, m_screen->root_depth, picture, to);
+    putImage(get(), drawable, context, screen().root_depth, picture, to);
     xcb_free_gc(get(), context);
 }
 
-void X11Connection::sync()
+bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension)
 {
-    const XcbPointer<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+    const xcb_query_extension_reply_t* reply = xcb_get_extension_data(connection, &extension);
+    return reply != nullptr && reply->present != 0;
 }
 
-X11Events::X11Events(X11Connection& connection)
-    : m_connection(connection)
-    , m_notifier(new QSocketNotifier(xcb_get_file_descriptor(connection.get()), QSocketNotifier::Read, this))
+void waitForServer(xcb_connection_t* connection)
 {
+    static_cast<void>(readReply(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection)));
+}
+
+X11Events::X11Events(X11Connection& connection) : m_connection(connection)
+{
+    if (!connection.isValid())
+        return;
+    m_notifier = new QSocketNotifier(xcb_get_file_descriptor(connection.get()), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &X11Events::drain);
-    // What has come while replies were waited for makes the socket no longer readable.
-    QMetaObject::invokeMethod(this, &X11Events::drain, Qt::QueuedConnection);
+    // What has come while a reply was waited for makes the socket no longer readable.
+    const QAbstractEventDispatcher* loop = QAbstractEventDispatcher::instance();
+    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &X11Events::tellQueued);
+    connect(loop, &QAbstractEventDispatcher::awake, this, &X11Events::tellQueued);
 }
 
 void X11Events::drain()
@@ -124,6 +150,12 @@ void X11Events::drain()
     if (!m_connection.isValid())
         m_notifier->setEnabled(false);
     Q_EMIT drained();
+}
+
+void X11Events::tellQueued()
+{
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection.get())})
+        Q_EMIT received(*event);
 }
 
 } // namespace tessel

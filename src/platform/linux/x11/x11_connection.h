@@ -27,6 +27,29 @@ struct XcbRelease
 template<typename Type>
 using XcbPointer = std::unique_ptr<Type, XcbRelease>;
 
+/// Waits for the answer to a question; nullptr if the server refuses it or is gone.
+/// \param read as readReply(xcb_get_geometry_reply, connection, xcb_get_geometry(connection, window))
+template<typename Reply, typename Cookie>
+[[nodiscard]] XcbPointer<Reply> readReply(Reply* (*read)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                                          xcb_connection_t* connection, Cookie cookie)
+{
+    return XcbPointer<Reply>(read(connection, cookie, nullptr));
+}
+
+/// Asks for a window's property, of any type by default; readProperty() gives its 32-bit items, none if it is
+/// missing or of another type. Many can be asked for before the first is read.
+[[nodiscard]] xcb_get_property_cookie_t askProperty(xcb_connection_t* connection, xcb_window_t window,
+                                                    xcb_atom_t name,
+                                                    xcb_atom_t type = XCB_GET_PROPERTY_TYPE_ANY);
+[[nodiscard]] std::vector<std::uint32_t> readProperty(xcb_connection_t* connection,
+                                                      xcb_get_property_cookie_t cookie);
+
+/// Whether the server has an extension.
+[[nodiscard]] bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension);
+
+/// Waits until the server has done all it was asked for.
+void waitForServer(xcb_connection_t* connection);
+
 /// Copies a picture into a drawable, its top left corner at `to`.
 /// \param depth the drawable's
 /// \param picture Format_RGB32
@@ -44,8 +67,10 @@ public:
     [[nodiscard]] bool isValid() const;
 
     [[nodiscard]] xcb_connection_t* get() const { return m_connection.get(); }
-    [[nodiscard]] const xcb_screen_t& screen() const { return *m_screen; }
-    [[nodiscard]] xcb_window_t root() const { return m_screen->root; }
+    /// All zero while there is no server.
+    [[nodiscard]] const xcb_screen_t& screen() const;
+    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+    [[nodiscard]] xcb_window_t root() const { return screen().root; }
 
     [[nodiscard]] xcb_atom_t atom(const std::string& name);
 
@@ -61,8 +86,11 @@ public:
     /// \param picture Format_RGB32
     void put(xcb_drawable_t drawable, const QImage& picture, QPoint to);
 
+    /// Whether the server has an extension.
+    [[nodiscard]] bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension);
+
     /// Waits until the server has done all it was asked for.
-    void sync();
+    void sync() { waitForServer(get()); }
 
 private:
     struct Disconnect
@@ -70,11 +98,12 @@ private:
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
-    const xcb_screen_t* m_screen = nullptr;
+    const xcb_screen_t* m_screen = nullptr; ///< of the connection's setup
+    int m_screenNumber = 0;
     std::map<std::string, xcb_atom_t> m_atoms;
 };
 
-/// Tells an X11Connection's events as they come.
+/// Tells an X11Connection's events as they come, also those that came while a reply was waited for.
 class X11Events : public QObject
 {
     Q_OBJECT
@@ -83,17 +112,17 @@ public:
     /// \param connection must outlive this
     explicit X11Events(X11Connection& connection);
 
-    /// Tells those that came while a reply was waited for: nothing else would before the next one comes.
-    void drain();
-
 Q_SIGNALS:
     void received(const xcb_generic_event_t& event);
-    /// All events that were waiting have been told.
+    /// The server has sent something, and all events that were waiting have been told.
     void drained();
 
 private:
+    void drain();
+    void tellQueued();
+
     X11Connection& m_connection;
-    QSocketNotifier* m_notifier;
+    QSocketNotifier* m_notifier = nullptr; ///< there while there is a server
 };
 
 } // namespace tessel

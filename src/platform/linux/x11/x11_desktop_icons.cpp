@@ -47,10 +47,8 @@ constexpr int bandHeight = 128;
 
 bool hasExtensions(xcb_connection_t* server)
 {
-    return std::ranges::all_of(std::array{&xcb_composite_id, &xcb_damage_id, &xcb_shape_id}, [&](auto* id) {
-        const xcb_query_extension_reply_t* extension = xcb_get_extension_data(server, id);
-        return extension != nullptr && extension->present != 0;
-    });
+    return std::ranges::all_of(std::array{&xcb_composite_id, &xcb_damage_id, &xcb_shape_id},
+                               [&](auto* id) { return hasExtension(server, *id); });
 }
 
 /// The server serves nobody who has not asked which version it speaks.
@@ -58,8 +56,8 @@ void agreeOnVersions(xcb_connection_t* server)
 {
     const auto composite = xcb_composite_query_version(server, 0, 4);
     const auto damage = xcb_damage_query_version(server, 1, 1);
-    std::free(xcb_composite_query_version_reply(server, composite, nullptr));
-    std::free(xcb_damage_query_version_reply(server, damage, nullptr));
+    static_cast<void>(readReply(xcb_composite_query_version_reply, server, composite));
+    static_cast<void>(readReply(xcb_damage_query_version_reply, server, damage));
 }
 
 } // namespace
@@ -88,7 +86,6 @@ public:
         m_picture = {};
         distrust();
         m_pause.start(isOtherDesktop ? 0ms : quiet);
-        m_events->drain();
     }
 
     void rest() { follow(XCB_WINDOW_NONE); }
@@ -141,10 +138,8 @@ private:
         xcb_connection_t* const server = m_server->get();
         const auto geometryCookie = xcb_get_geometry(server, m_desktop);
         const auto originCookie = xcb_translate_coordinates(server, m_desktop, m_server->root(), 0, 0);
-        const XcbPointer<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(server, geometryCookie, nullptr));
-        const XcbPointer<xcb_translate_coordinates_reply_t> origin(
-            xcb_translate_coordinates_reply(server, originCookie, nullptr));
+        const auto geometry = readReply(xcb_get_geometry_reply, server, geometryCookie);
+        const auto origin = readReply(xcb_translate_coordinates_reply, server, originCookie);
         m_area = geometry == nullptr || origin == nullptr
                      ? QRect()
                      : QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
@@ -178,7 +173,6 @@ private:
             trust();
         else
             distrust();
-        m_events->drain();
         m_pace =
             std::max<std::chrono::milliseconds>(pace, breaks * std::chrono::milliseconds(time.elapsed()));
     }
@@ -229,7 +223,7 @@ private:
             m_server->get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_desktop, static_cast<std::int16_t>(from.x()),
             static_cast<std::int16_t>(from.y()), static_cast<std::uint16_t>(rows.width()),
             static_cast<std::uint16_t>(rows.height()), everyPlane);
-        const XcbPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_server->get(), cookie, nullptr));
+        const auto reply = readReply(xcb_get_image_reply, m_server->get(), cookie);
         if (reply == nullptr || (reply->depth != 24 && reply->depth != 32))
             return false;
         const QImage shown(xcb_get_image_data(reply.get()), rows.width(), rows.height(), 4 * rows.width(),

@@ -3,8 +3,6 @@
 
 #include "platform/linux/x11/x11_focus.h"
 
-#include <QGuiApplication>
-
 #include <algorithm>
 
 namespace tessel {
@@ -73,14 +71,6 @@ void X11Focus::askManager(WId window, const std::string& request, std::initializ
     xcb_send_event(m_connection.get(), 0, m_connection.root(), toManager,
                    reinterpret_cast<const char*>(&message));
     xcb_flush(m_connection.get());
-}
-
-std::unique_ptr<Focus> makeFocus()
-{
-    if (QGuiApplication::platformName() != QStringLiteral("xcb"))
-        return nullptr;
-    auto focus = std::make_unique<X11Focus>();
-    return focus->isValid() ? std::move(focus) : nullptr;
 }
 
 } // namespace tessel

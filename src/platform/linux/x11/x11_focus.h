@@ -16,7 +16,8 @@ namespace tessel {
 class X11Focus : public Focus
 {
 public:
-    [[nodiscard]] bool isValid() const { return m_connection.isValid(); }
+    /// \param connection must outlive this
+    explicit X11Focus(X11Connection& connection) : m_connection(connection) {}
 
     [[nodiscard]] WId current() override;
     void give(WId window) override;
@@ -28,7 +29,7 @@ private:
     void askManager(WId window, const std::string& request, std::initializer_list<std::uint32_t> items);
     [[nodiscard]] bool isInSight(xcb_window_t window);
 
-    X11Connection m_connection;
+    X11Connection& m_connection;
 };
 
 } // namespace tessel

@@ -3,7 +3,6 @@
 
 #include "platform/linux/x11/x11_occlusion.h"
 
-#include <QGuiApplication>
 #include <QTimer>
 
 #include <algorithm>
@@ -17,11 +16,11 @@ namespace tessel {
 /// The names that matter here, as the server numbers them.
 struct X11OcclusionAtoms
 {
-    explicit X11OcclusionAtoms(X11Connection& connection, int screenNumber)
+    explicit X11OcclusionAtoms(X11Connection& connection)
         : clientList(connection.atom("_NET_CLIENT_LIST"))
         , currentDesktop(connection.atom("_NET_CURRENT_DESKTOP"))
         , showingDesktop(connection.atom("_NET_SHOWING_DESKTOP"))
-        , compositor(connection.atom("_NET_WM_CM_S" + std::to_string(screenNumber)))
+        , compositor(connection.atom("_NET_WM_CM_S" + std::to_string(connection.screenNumber())))
         , state(connection.atom("_NET_WM_STATE"))
         , stateHidden(connection.atom("_NET_WM_STATE_HIDDEN"))
         , stateShaded(connection.atom("_NET_WM_STATE_SHADED"))
@@ -77,21 +76,6 @@ constexpr std::size_t mostAnswers = 32;
 
 using Items = std::vector<std::uint32_t>;
 
-xcb_get_property_cookie_t askProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t name)
-{
-    static constexpr std::uint32_t longest = 1U << 14U;
-    return xcb_get_property(connection, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
-}
-
-Items readProperty(xcb_connection_t* connection, xcb_get_property_cookie_t cookie)
-{
-    const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection, cookie, nullptr));
-    if (reply == nullptr || reply->format != 32)
-        return {};
-    const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-    return {items, items + reply->value_len};
-}
-
 std::uint32_t firstOr(const Items& items, std::uint32_t otherwise)
 {
     return items.empty() ? otherwise : items.front();
@@ -100,15 +84,6 @@ std::uint32_t firstOr(const Items& items, std::uint32_t otherwise)
 bool contains(const Items& items, std::uint32_t item)
 {
     return std::ranges::find(items, item) != items.end();
-}
-
-int screenNumber(const X11Connection& connection)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection.get()));
-    int number = 0;
-    for (; screens.rem > 1 && screens.data->root != connection.root(); xcb_screen_next(&screens))
-        ++number;
-    return number;
 }
 
 /// The edges of a frame, in the order left, right, top, bottom.
@@ -167,12 +142,9 @@ public:
     [[nodiscard]] Window read()
     {
         const bool isShown = readIsShown();
-        const XcbPointer<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(m_connection, m_geometry, nullptr));
-        const XcbPointer<xcb_translate_coordinates_reply_t> position(
-            xcb_translate_coordinates_reply(m_connection, m_position, nullptr));
-        const XcbPointer<xcb_shape_get_rectangles_reply_t> shape(
-            xcb_shape_get_rectangles_reply(m_connection, m_shape, nullptr));
+        const auto geometry = readReply(xcb_get_geometry_reply, m_connection, m_geometry);
+        const auto position = readReply(xcb_translate_coordinates_reply, m_connection, m_position);
+        const auto shape = readReply(xcb_shape_get_rectangles_reply, m_connection, m_shape);
         const Items desktop = readProperty(m_connection, m_desktop);
         const QMargins frame = margins(readProperty(m_connection, m_frame));
         const QMargins shadow = margins(readProperty(m_connection, m_shadow));
@@ -203,8 +175,7 @@ public:
 private:
     bool readIsShown()
     {
-        const XcbPointer<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(m_connection, m_attributes, nullptr));
+        const auto attributes = readReply(xcb_get_window_attributes_reply, m_connection, m_attributes);
         const Items state = readProperty(m_connection, m_state);
         const Items oldState = readProperty(m_connection, m_oldState);
         const Items type = readProperty(m_connection, m_type);
@@ -243,23 +214,23 @@ private:
     xcb_get_property_cookie_t m_opaqueRegion;
 };
 
-X11Occlusion::X11Occlusion() : m_pending(new QTimer(this))
+X11Occlusion::X11Occlusion(X11Connection& connection, X11Events& events)
+    : m_connection(connection)
+    , m_pending(new QTimer(this))
 {
     m_pending->setSingleShot(true);
     m_pending->setInterval(pace);
     connect(m_pending, &QTimer::timeout, this, &X11Occlusion::refresh);
     if (!m_connection.isValid())
         return;
-    const auto* shape = xcb_get_extension_data(m_connection.get(), &xcb_shape_id);
-    if (shape == nullptr || shape->present == 0)
+    if (!hasExtension(m_connection.get(), xcb_shape_id))
         return;
-    m_shapeEvent = shape->first_event + XCB_SHAPE_NOTIFY;
-    m_atoms = std::make_unique<X11OcclusionAtoms>(m_connection, screenNumber(m_connection));
+    m_shapeEvent = xcb_get_extension_data(m_connection.get(), &xcb_shape_id)->first_event + XCB_SHAPE_NOTIFY;
+    m_atoms = std::make_unique<X11OcclusionAtoms>(m_connection);
     // The root's structure brings the announcement of a compositing manager.
     const std::uint32_t rootEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &rootEvents);
-    m_events = std::make_unique<X11Events>(m_connection);
-    connect(m_events.get(), &X11Events::received, this, &X11Occlusion::handle);
+    connect(&events, &X11Events::received, this, &X11Occlusion::handle);
     refresh();
 }
 
@@ -353,7 +324,6 @@ void X11Occlusion::refresh()
     askRoot();
     askWindows();
     addUp();
-    m_events->drain();
 }
 
 void X11Occlusion::askRoot()
@@ -366,8 +336,7 @@ void X11Occlusion::askRoot()
     followList(readProperty(server, list));
     m_workspace = firstOr(readProperty(server, desktop), 0);
     m_isShowingDesktop = firstOr(readProperty(server, showing), 0) != 0;
-    const XcbPointer<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(server, selection, nullptr));
+    const auto owner = readReply(xcb_get_selection_owner_reply, server, selection);
     followCompositor(owner != nullptr ? owner->owner : xcb_window_t{XCB_WINDOW_NONE});
 }
 
@@ -419,24 +388,6 @@ void X11Occlusion::addUp()
     }
     if (isDifferent)
         Q_EMIT changed();
-}
-
-namespace {
-
-/// Where no windows can be looked at, such as on Wayland, which has its own way to tell.
-class NothingCovers : public Occlusion
-{
-public:
-    [[nodiscard]] bool isCovered(const QRect& /*pixels*/) const override { return false; }
-};
-
-} // namespace
-
-std::unique_ptr<Occlusion> makeOcclusion()
-{
-    if (QGuiApplication::platformName() == QStringLiteral("xcb"))
-        return std::make_unique<X11Occlusion>();
-    return std::make_unique<NothingCovers>();
 }
 
 } // namespace tessel

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "platform/linux/x11/x11_connection.h"
-#include "platform/occlusion.h"
 
+#include <QObject>
 #include <QRegion>
 
 #include <map>
@@ -21,16 +21,22 @@ struct X11OcclusionAtoms;
 /// What covers the desktop, from the windows that the window manager lists. Their order does not matter: all
 /// but windows of the desktop's own type lie above ours. Reacts to the server's events and never asks
 /// without one.
-class X11Occlusion : public Occlusion
+class X11Occlusion : public QObject
 {
     Q_OBJECT
 
 public:
-    X11Occlusion();
+    /// \param connection must outlive this
+    /// \param events of that connection
+    X11Occlusion(X11Connection& connection, X11Events& events);
     ~X11Occlusion() override;
 
-    /// `changed` will tell when the answer for this rectangle is another one, and only then.
-    [[nodiscard]] bool isCovered(const QRect& pixels) const override;
+    /// Whether nothing of the desktop can be seen within a rectangle of its pixels. `changed` will tell when
+    /// the answer for this rectangle is another one, and only then.
+    [[nodiscard]] bool isCovered(const QRect& pixels) const;
+
+Q_SIGNALS:
+    void changed();
 
 private:
     /// What is known of a window.
@@ -65,9 +71,8 @@ private:
     void addUp();
     [[nodiscard]] bool computeCovered(const QRect& pixels) const;
 
-    X11Connection m_connection;
+    X11Connection& m_connection;
     std::unique_ptr<X11OcclusionAtoms> m_atoms;
-    std::unique_ptr<X11Events> m_events;
     int m_shapeEvent = 0; ///< the number of the event that a window has a new shape
     QTimer* m_pending;    ///< runs from the first event until what it means is looked at
 

@@ -5,7 +5,6 @@
 
 #include <QObject>
 
-#include <memory>
 #include <optional>
 #include <xcb/dpms.h>
 
@@ -22,25 +21,28 @@ class X11ScreenPower : public QObject
     Q_OBJECT
 
 public:
-    explicit X11ScreenPower(QObject* parent);
+    /// \param events of that connection; both must outlive this
+    X11ScreenPower(X11Connection& connection, X11Events& events);
     ~X11ScreenPower() override;
 
-    /// Starts or stops asking. While nobody asks, the monitors count as on.
-    void setWatching(bool watching);
+    /// While there is somebody who wants to know, the server is asked; otherwise the monitors count as on.
+    void addWatcher();
+    void removeWatcher();
+
+    [[nodiscard]] bool isOff() const { return m_off; }
 
 Q_SIGNALS:
-    void offChanged(bool off);
+    void changed();
 
 private:
-    bool open();
     void ask();
     void readAnswer();
     void setOff(bool off);
 
     QTimer* m_asking;
-    std::unique_ptr<X11Connection> m_connection; ///< made when it is first needed
-    std::unique_ptr<X11Events> m_events;
+    X11Connection& m_connection;
     std::optional<xcb_dpms_info_cookie_t> m_question; ///< not answered yet
+    int m_watchers = 0;
     bool m_off = false;
 };
 

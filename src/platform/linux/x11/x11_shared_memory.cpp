@@ -21,11 +21,10 @@ bool canShare(xcb_connection_t* connection)
     if (getsockname(xcb_get_file_descriptor(connection), reinterpret_cast<sockaddr*>(&address), &size) != 0 ||
         address.ss_family != AF_UNIX)
         return false;
-    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_shm_id);
-    if (extension == nullptr || extension->present == 0)
+    if (!hasExtension(connection, xcb_shm_id))
         return false;
-    const XcbPointer<xcb_shm_query_version_reply_t> version(
-        xcb_shm_query_version_reply(connection, xcb_shm_query_version(connection), nullptr));
+    const auto version =
+        readReply(xcb_shm_query_version_reply, connection, xcb_shm_query_version(connection));
     return version != nullptr &&
            (version->major_version > 1 || (version->major_version == 1 && version->minor_version >= 2));
 }

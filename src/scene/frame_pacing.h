@@ -3,21 +3,11 @@
 
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <numbers>
 #include <optional>
 
 namespace tessel {
-
-/// What a view shows: the look being edited, the one on the desktop, or the handle's thumbnail of that.
-enum class Source : std::uint8_t
-{
-    editor,
-    desktop,
-    thumb
-};
 
 /// Whether the desktop environment asks for little motion.
 enum class MotionPreference : std::uint8_t
@@ -26,47 +16,11 @@ enum class MotionPreference : std::uint8_t
     reduced
 };
 
-/// Animation phases stay below a thousand turns, so that the GPU's floats keep their precision.
-inline constexpr double phaseLimit = 2000 * std::numbers::pi;
-
 /// Seconds that a cross-fade lasts.
 inline constexpr double transitionDuration = 1.1;
 
 /// The most frames per second of a desktop that runs on battery.
 inline constexpr int batteryFramesPerSecond = 15;
-
-/// The animation phases, one per source and shared by all its views. A clock only runs while it is advanced;
-/// a gap of any length moves it no further than its longest step.
-class AnimationClocks
-{
-public:
-    /// Moves a clock on, before a frame is drawn.
-    /// \param speed phase per second; backwards below 0, and no motion if it is not finite
-    /// \param now seconds of media time
-    void advance(Source source, double speed, double now);
-
-    /// 0 to `phaseLimit`.
-    [[nodiscard]] double phase(Source source) const { return clock(source).phase; }
-
-    /// Lets a clock go on from another one's phase or from a saved one, which may be any number: it is
-    /// wrapped, and 0 if it is not finite.
-    void setPhase(Source source, double phase);
-
-private:
-    struct Clock
-    {
-        double phase = 0;
-        double lastAdvance = 0; ///< long ago: the first step is one after a pause
-    };
-
-    Clock& clock(Source source) { return m_clocks.at(static_cast<std::size_t>(source)); }
-    [[nodiscard]] const Clock& clock(Source source) const
-    {
-        return m_clocks.at(static_cast<std::size_t>(source));
-    }
-
-    std::array<Clock, 3> m_clocks;
-};
 
 /// The part of the current look in a cross-fade, 0 to 1; it is there at once under reduced motion.
 /// \param age seconds since the cross-fade began
@@ -87,7 +41,7 @@ struct DesktopPace
     bool animated = false;       ///< whether the look was applied with motion
     double transitionAge = 0;    ///< seconds since the cross-fade began
     int ceiling = 0;             ///< frames per second that the GPU can carry, from a LoadGovernor
-    std::optional<int> cap = {}; ///< the same for other reasons, such as `batteryFramesPerSecond`
+    std::optional<int> cap = {}; ///< the same for other reasons, outside of cross-fades, such as the battery
 };
 
 enum class ThumbState : std::uint8_t

@@ -1,27 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "render/frame_pacing.h"
+#include "scene/frame_pacing.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
 namespace tessel {
 
 namespace {
-
-/// The thumbnail may draw once a second and must not lose its motion; elsewhere such a gap is a pause.
-double longestStep(Source source)
-{
-    return source == Source::thumb ? 1.1 : 0.25;
-}
-
-double wrapped(double phase)
-{
-    const double rest = std::fmod(phase, phaseLimit);
-    return rest < 0 ? rest + phaseLimit : rest;
-}
 
 /// Floats, as the speed of a look is: 0.06F lies below 0.06.
 int framesPerSecondForSpeed(float speed)
@@ -59,21 +48,6 @@ constexpr std::array<LoadLevel, 4> loadLevels{{
 
 } // namespace
 
-void AnimationClocks::advance(Source source, double speed, double now)
-{
-    Clock& moved = clock(source);
-    const double step = std::clamp(now - moved.lastAdvance, 0.0, longestStep(source));
-    moved.lastAdvance = now;
-    const double phase = moved.phase + step * speed;
-    if (std::isfinite(phase))
-        moved.phase = wrapped(phase);
-}
-
-void AnimationClocks::setPhase(Source source, double phase)
-{
-    clock(source).phase = std::isfinite(phase) ? wrapped(phase) : 0.0;
-}
-
 float transitionMix(double age, MotionPreference preference)
 {
     if (preference == MotionPreference::reduced)
@@ -105,10 +79,12 @@ int framesPerSecond(const EditorPace& pace)
 
 int framesPerSecond(const DesktopPace& pace)
 {
-    const int ceiling = std::min(pace.ceiling, pace.cap.value_or(pace.ceiling));
-    const int wanted = framesPerSecondForSpeed(pace.speed);
-    const bool crossFading = pace.transitionAge < transitionDuration;
-    return std::min(crossFading ? std::max(wanted, 20) : wanted, ceiling);
+    static constexpr int leastInCrossFade = 20;
+    int wanted = framesPerSecondForSpeed(pace.speed);
+    wanted = std::min(wanted, pace.cap.value_or(wanted));
+    if (pace.transitionAge < transitionDuration)
+        wanted = std::max(wanted, leastInCrossFade);
+    return std::min(wanted, pace.ceiling);
 }
 
 int framesPerSecond(const ThumbPace& pace)

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/desktop_window.h"
-#include "platform/gl_context.h"
 #include "platform/linux/x11/x11_backdrop.h"
 #include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_window_system.h"
 #include "support/surroundings.h"
 
 #include <QGuiApplication>
@@ -13,10 +12,13 @@
 #include <QRegion>
 #include <QTemporaryDir>
 #include <QWindow>
+#include <epoxy/gl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
+#include <utility>
 #include <xcb/shape.h>
 
 namespace tessel {
@@ -28,14 +30,15 @@ using testing::IsEmpty;
 
 /// Of the window, on a desktop that is larger.
 constexpr QRect place(160, 40, 1120, 760);
+const Screen screen{.name = QStringLiteral("screen"), .frame = place};
 
 /// The window among others, whose window manager is played.
-class X11DesktopWindowTest : public testing::Test
+class X11WallpaperWindowTest : public testing::Test
 {
 protected:
-    X11DesktopWindowTest()
+    X11WallpaperWindowTest()
     {
-        m_window = makeDesktopWindow({QStringLiteral("screen"), place, 1}, m_context);
+        m_window = m_system.makeWallpaperWindow(screen, Rasterizer::software);
         m_id = static_cast<xcb_window_t>(QGuiApplication::allWindows().constLast()->winId());
     }
 
@@ -76,6 +79,32 @@ protected:
         return missing;
     }
 
+    /// What of the desktop can be seen at a place.
+    std::uint32_t colorAt(QPoint pixel)
+    {
+        m_server.sync();
+        const auto cookie = xcb_get_image(m_server.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_server.root(),
+                                          static_cast<std::int16_t>(pixel.x()),
+                                          static_cast<std::int16_t>(pixel.y()), 1, 1, ~0U);
+        const auto reply = readReply(xcb_get_image_reply, m_server.get(), cookie);
+        std::uint32_t color = 0;
+        if (reply != nullptr)
+            std::memcpy(&color, xcb_get_image_data(reply.get()), sizeof color);
+        return color & 0xFFFFFF;
+    }
+
+    /// Another program's window, over everything.
+    xcb_window_t makeCover()
+    {
+        const xcb_window_t window = xcb_generate_id(m_server.get());
+        xcb_create_window(m_server.get(), XCB_COPY_FROM_PARENT, window, m_server.root(), 0, 0, 1280, 800, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(m_server.get(), window);
+        m_server.setProperty(m_server.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {&window, 1});
+        m_server.sync();
+        return window;
+    }
+
     void countShowings()
     {
         static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -95,13 +124,13 @@ protected:
     VirtualDisplay m_display;
     WithApplication<QGuiApplication> m_application;
     X11Connection m_server;
-    GlContext m_context;
-    std::unique_ptr<DesktopWindow> m_window;
+    X11WindowSystem m_system;
+    std::unique_ptr<WallpaperWindow> m_window;
     xcb_window_t m_id = XCB_WINDOW_NONE;
     int m_showings = 0;
 };
 
-TEST_F(X11DesktopWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
+TEST_F(X11WallpaperWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
 {
     const xcb_window_t desktop = makeDesktop();
     stack({desktop});
@@ -113,7 +142,7 @@ TEST_F(X11DesktopWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
     EXPECT_THAT(belongsTo(), IsEmpty()) << "nobody draws it";
 }
 
-TEST_F(X11DesktopWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
+TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
 {
     m_window->show();
     settle(100ms);
@@ -140,7 +169,7 @@ TEST_F(X11DesktopWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
     EXPECT_EQ(showings(), 2) << "down is down";
 }
 
-TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
+TEST_F(X11WallpaperWindowTest, LeavesTheIconsOfTheDesktopFree)
 {
     const QTemporaryDir folder;
     const auto saved = [&](const QString& name, QColor color) {
@@ -172,7 +201,7 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
     const QRegion wanted = withRims(icons);
     stack({desktop});
     showIcons(picture, icons);
-    m_window->setPictureBehind(file);
+    m_system.leaveIconsFree({{screen, file}});
     m_window->show();
     ASSERT_TRUE(waitUntil([&] { return holes() == wanted; }));
 
@@ -183,7 +212,7 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
     showIcons(other, moved);
     settle(600ms);
     EXPECT_EQ(holes(), withRims(moved)) << "a picture that is not ours";
-    m_window->setPictureBehind(folder.filePath(QStringLiteral("b.png")));
+    m_system.leaveIconsFree({{screen, folder.filePath(QStringLiteral("b.png"))}});
     showIcons(other, icons);
     EXPECT_TRUE(waitUntil([&] { return holes() == wanted; }));
 
@@ -196,6 +225,107 @@ TEST_F(X11DesktopWindowTest, LeavesTheIconsOfTheDesktopFree)
     stack({});
     m_window->show();
     EXPECT_TRUE(waitUntil([&] { return holes().isEmpty(); })) << "nobody draws the desktop any more";
+}
+
+TEST_F(X11WallpaperWindowTest, AsksForFramesAsLongAsItIsSeen)
+{
+    int frames = 0;
+    QObject::connect(m_window.get(), &WallpaperWindow::frameDue, [&frames] { ++frames; });
+    m_window->setFrameRate(20);
+    settle(200ms);
+    EXPECT_EQ(frames, 0) << "it is not shown";
+    m_window->show();
+    EXPECT_TRUE(waitUntil([&] { return frames > 3; }));
+
+    const xcb_window_t cover = makeCover();
+    // The last frames may be on their way while it is noticed.
+    ASSERT_TRUE(waitUntil([&, seen = -1]() mutable {
+        settle(200ms);
+        return std::exchange(seen, frames) == frames;
+    }));
+    xcb_destroy_window(m_server.get(), cover);
+    m_server.setProperty(m_server.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {});
+    m_server.sync();
+    const int before = frames;
+    EXPECT_TRUE(waitUntil([&] { return frames > before + 3; }));
+
+    m_window->setFrameRate(0);
+    const int last = frames;
+    settle(200ms);
+    EXPECT_EQ(frames, last);
+}
+
+TEST_F(X11WallpaperWindowTest, ShowsWhatIsDrawnAndThenAPictureByItself)
+{
+    auto* canvas = std::get<PixelCanvas*>(m_window->canvas());
+    m_window->show();
+    ASSERT_TRUE(waitUntil([&] { return canvas->isReady(); }));
+    std::fill_n(canvas->pixels(), place.width() * place.height(), 0x112233U);
+    canvas->presentPixels();
+    const std::array cells{ColoredRect{0xFF0000, {0, 0, 10, 10}}, ColoredRect{0xFF0000, {20, 0, 10, 10}},
+                           ColoredRect{0x00FF00, {10, 0, 10, 10}}};
+    canvas->present(cells);
+    EXPECT_EQ(colorAt({500, 500}), 0x112233U);
+    EXPECT_EQ(colorAt(place.topLeft() + QPoint(5, 5)), 0xFF0000U);
+    EXPECT_EQ(colorAt(place.topLeft() + QPoint(15, 5)), 0x00FF00U);
+    EXPECT_EQ(colorAt(place.topLeft() + QPoint(25, 5)), 0xFF0000U);
+
+    const QTemporaryDir folder;
+    QImage picture(place.size(), QImage::Format_RGB32);
+    picture.fill(Qt::yellow);
+    const QString file = folder.filePath(QStringLiteral("still.png"));
+    ASSERT_TRUE(picture.save(file));
+    m_window->hide();
+    m_window->showPicture(file);
+    EXPECT_TRUE(waitUntil([&] { return colorAt({500, 500}) == 0xFFFF00U; }));
+}
+
+TEST_F(X11WallpaperWindowTest, AGpuDrawsIntoItWithoutWaitingForTheScreen)
+{
+    const std::unique_ptr<WallpaperWindow> window = m_system.makeWallpaperWindow(screen, Rasterizer::gpu);
+    const QWindow* surface = QGuiApplication::allWindows().constFirst(); // the newest
+    const std::unique_ptr<GlContext> context = m_system.makeContext();
+    auto* canvas = std::get<GpuCanvas*>(window->canvas());
+    EXPECT_FALSE(canvas->makeCurrent(*context)) << "it is not shown";
+    window->show();
+    ASSERT_TRUE(waitUntil([&] { return canvas->makeCurrent(*context); }));
+    EXPECT_EQ(surface->format().swapInterval(), 0);
+    glClearColor(0, 0, 1, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    canvas->present(*context);
+    EXPECT_TRUE(waitUntil([&] { return colorAt({500, 500}) == 0x0000FFU; }));
+}
+
+/// A server with room for few clients, all of it taken.
+class FullServerTest : public testing::Test
+{
+protected:
+    FullServerTest()
+    {
+        while (m_clients.size() < 100) {
+            auto client = std::make_unique<X11Connection>();
+            if (!client->isValid())
+                break;
+            m_clients.push_back(std::move(client));
+        }
+    }
+
+    const Variable m_platform{"QT_QPA_PLATFORM", "xcb"};
+    VirtualDisplay m_display{QStringLiteral("1280x800x24"),
+                             {QStringLiteral("-maxclients"), QStringLiteral("64")}};
+    WithApplication<QGuiApplication> m_application;
+    std::vector<std::unique_ptr<X11Connection>> m_clients;
+};
+
+TEST_F(FullServerTest, TheProgramGoesOnWithoutWindows)
+{
+    ASSERT_LT(m_clients.size(), 100U);
+    X11WindowSystem system;
+    EXPECT_EQ(system.focus(), nullptr);
+    EXPECT_EQ(system.makeWallpaperWindow(screen, Rasterizer::software), nullptr);
+    EXPECT_EQ(system.makePointerFeed(), nullptr);
+    EXPECT_THAT(system.screens().list(), testing::SizeIs(1)) << "pictures can still be made for it";
+    settle(100ms);
 }
 
 } // namespace

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <variant>
+
+namespace tessel {
+
+class GlContext;
+
+/// Some of a window's pixels, from its top left corner.
+struct PixelRect
+{
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+    std::uint16_t width = 0;
+    std::uint16_t height = 0;
+
+    bool operator==(const PixelRect&) const = default;
+};
+
+/// Pixels of one colour, 0xRRGGBB.
+struct ColoredRect
+{
+    std::uint32_t color = 0;
+    PixelRect area;
+};
+
+/// How a GPU's frames get into a window.
+class GpuCanvas
+{
+public:
+    virtual ~GpuCanvas() = default;
+
+    /// Makes the context current for drawing into the window's own framebuffer.
+    /// \param context made by the window system of the window
+    /// \return false while the window cannot be drawn to
+    [[nodiscard]] virtual bool makeCurrent(GlContext& context) = 0;
+
+    /// Shows what was drawn, without waiting for the screen.
+    virtual void present(GlContext& context) = 0;
+};
+
+/// How the processor's frames get into a window: as a whole, or where little changes as rectangles, which is
+/// many times cheaper.
+class PixelCanvas
+{
+public:
+    virtual ~PixelCanvas() = default;
+
+    /// Whether the window can be drawn to.
+    [[nodiscard]] virtual bool isReady() const = 0;
+
+    /// Memory for all pixels, 0x00RRGGBB from the top left corner on, without gaps. It may be written until
+    /// presentPixels() is called. releasePixels() frees it.
+    [[nodiscard]] virtual std::uint32_t* pixels() = 0;
+    virtual void presentPixels() = 0;
+    virtual void releasePixels() = 0;
+
+    /// Paints rectangles over what is shown.
+    /// \param rectangles those of one colour stand together
+    virtual void present(std::span<const ColoredRect> rectangles) = 0;
+};
+
+/// One of the two, which lives as long as its window.
+using Canvas = std::variant<GpuCanvas*, PixelCanvas*>;
+
+} // namespace tessel

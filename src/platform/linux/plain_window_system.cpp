@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/plain_window_system.h"
+
+#include "platform/linux/qt_gl_context.h"
+
+namespace tessel {
+
+std::unique_ptr<GlContext> PlainWindowSystem::makeContext()
+{
+    return std::make_unique<QtGlContext>();
+}
+
+} // namespace tessel

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/qt_screens.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <chrono>
+
+namespace tessel {
+
+namespace {
+
+/// A monitor that is plugged in reports several changes, one after the other.
+constexpr std::chrono::milliseconds longestPause{150};
+
+} // namespace
+
+QtScreens::QtScreens()
+{
+    m_burst.setSingleShot(true);
+    m_burst.setInterval(longestPause);
+    connect(&m_burst, &QTimer::timeout, this, [this] {
+        update();
+        Q_EMIT changed();
+    });
+    for (const QScreen* screen : QGuiApplication::screens())
+        watch(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &QtScreens::watch);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &QtScreens::noteChange);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &QtScreens::noteChange);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &QtScreens::noteChange);
+}
+
+std::vector<Screen> QtScreens::list() const
+{
+    std::vector<Screen> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        // Qt fills in for a missing monitor.
+        if (!screen->geometry().isEmpty())
+            screens.push_back({.name = screen->name(),
+                               .frame = screen->geometry(),
+                               .scale = screen->devicePixelRatio(),
+                               .workArea = screen->availableGeometry(),
+                               .isPrimary = screen == QGuiApplication::primaryScreen()});
+    }
+    return screens;
+}
+
+void QtScreens::watch(const QScreen* screen)
+{
+    connect(screen, &QScreen::geometryChanged, this, &QtScreens::noteChange);
+    connect(screen, &QScreen::availableGeometryChanged, this, &QtScreens::noteChange);
+    // Qt tells a new scale only by the resolution that follows from it.
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &QtScreens::noteChange);
+    connect(screen, &QScreen::physicalDotsPerInchChanged, this, &QtScreens::noteChange);
+}
+
+} // namespace tessel

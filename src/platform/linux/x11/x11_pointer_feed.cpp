@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/x11/x11_pointer_feed.h"
+
+#include "platform/linux/x11/x11_connection.h"
+
+#include <QCursor>
+
+#include <utility>
+#include <xcb/xinput.h>
+
+namespace tessel {
+
+namespace {
+
+constexpr std::uint32_t leftButton = 1;
+constexpr std::uint32_t rightButton = 3;
+
+} // namespace
+
+X11PointerFeed::X11PointerFeed(X11Connection& connection, X11Events& events) : m_connection(connection)
+{
+    if (!hasExtension(connection.get(), xcb_input_id))
+        return;
+    m_extension = xcb_get_extension_data(connection.get(), &xcb_input_id)->major_opcode;
+    // It serves nobody who has not asked which version it speaks.
+    static_cast<void>(readReply(xcb_input_xi_query_version_reply, connection.get(),
+                                xcb_input_xi_query_version(connection.get(), 2, 2)));
+    choose(XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
+           XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE);
+    connect(&events, &X11Events::received, this, &X11PointerFeed::handle);
+    connect(&events, &X11Events::drained, this, &X11PointerFeed::tellMove);
+}
+
+X11PointerFeed::~X11PointerFeed()
+{
+    if (m_extension != 0)
+        choose(0);
+}
+
+void X11PointerFeed::choose(std::uint32_t events)
+{
+    struct
+    {
+        xcb_input_event_mask_t header;
+        std::uint32_t mask;
+    } chosen{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
+    xcb_input_xi_select_events(m_connection.get(), m_connection.root(), 1, &chosen.header);
+    xcb_flush(m_connection.get());
+}
+
+void X11PointerFeed::handle(const xcb_generic_event_t& event)
+{
+    if ((event.response_type & 0x7F) != XCB_GE_GENERIC)
+        return;
+    const auto& general = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+    if (general.extension != m_extension)
+        return;
+    const auto& button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+    if (general.event_type == XCB_INPUT_RAW_MOTION)
+        m_hasMoved = true;
+    else if (general.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+             (button.detail == leftButton || button.detail == rightButton))
+        Q_EMIT pressed(QCursor::pos());
+    else if (general.event_type == XCB_INPUT_RAW_BUTTON_RELEASE && button.detail == leftButton)
+        Q_EMIT released(QCursor::pos());
+}
+
+/// A mouse sends a thousand movements a second; once for all that have come is enough.
+void X11PointerFeed::tellMove()
+{
+    if (std::exchange(m_hasMoved, false))
+        Q_EMIT moved(QCursor::pos());
+}
+
+} // namespace tessel

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QRect>
+#include <QRegion>
+
+namespace tessel {
+
+/// Whether a window takes what is typed.
+enum class KeyboardFocus : std::uint8_t
+{
+    never,
+    taken
+};
+
+/// How a window of ours floats: above ordinary windows and on every workspace, but out of the way of those
+/// that fill a screen, as the desktop's own panels are; in no task bar. It takes the keyboard on demand only.
+/// The window itself, and what is in it, is somebody else's.
+class PanelWindow
+{
+public:
+    virtual ~PanelWindow() = default;
+
+    virtual void show() = 0;
+    virtual void hide() = 0;
+
+    /// \param frame points, among all screens
+    virtual void setFrame(const QRect& frame) = 0;
+
+    /// The part of the window that there is at all, in points from its top left corner: for desktops that
+    /// blend no windows. Empty for all of it.
+    virtual void setShape(const QRegion& shape) = 0;
+
+    /// The part that takes clicks; they go through all else. Empty for none.
+    virtual void setInputRegion(const QRegion& region) = 0;
+
+    virtual void setKeyboardFocus(KeyboardFocus focus) = 0;
+};
+
+} // namespace tessel

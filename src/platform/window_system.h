@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "base/gl_context.h"
+#include "platform/desktop_pictures.h"
+#include "platform/focus.h"
+#include "platform/panel_window.h"
+#include "platform/pointer_feed.h"
+#include "platform/screens.h"
+#include "platform/wallpaper_window.h"
+
+#include <memory>
+
+class QWindow;
+
+namespace tessel {
+
+/// The display server, as far as we have to do with it: everything that differs between one and another. It
+/// must outlive what it makes.
+class WindowSystem
+{
+public:
+    virtual ~WindowSystem() = default;
+
+    /// A context in which its windows can be drawn into.
+    /// \throws ContextError
+    [[nodiscard]] virtual std::unique_ptr<GlContext> makeContext() = 0;
+
+    [[nodiscard]] virtual Screens& screens() = 0;
+
+    /// nullptr where there are no such windows.
+    [[nodiscard]] virtual std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
+                                                                               Rasterizer rasterizer) = 0;
+
+    /// Tells which pictures the desktop shows, or is about to: what else it draws, icons above all, is left
+    /// free by wallpaper windows from now on.
+    virtual void leaveIconsFree(const std::vector<DesktopPicture>& pictures) = 0;
+
+    /// nullptr where there are no such windows.
+    /// \param window not shown yet; must outlive what is returned
+    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;
+
+    /// nullptr where nobody tells.
+    [[nodiscard]] virtual std::unique_ptr<PointerFeed> makePointerFeed() = 0;
+
+    /// nullptr where the window system decides about the focus alone.
+    [[nodiscard]] virtual Focus* focus() = 0;
+};
+
+/// The one that the program runs on; to be made once, after the QGuiApplication.
+[[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
+
+} // namespace tessel

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "render/graphics.h"
+
+#include "render/still.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tessel {
+
+namespace {
+
+Rasterizer currentRasterizer()
+{
+    static constexpr std::array<std::string_view, 4> software{"llvmpipe", "softpipe", "swrast",
+                                                              "SwiftShader"};
+    const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    const std::string_view renderer = name != nullptr ? name : "";
+    return std::ranges::any_of(software, [&](auto each) { return renderer.find(each) != renderer.npos; })
+               ? Rasterizer::software
+               : Rasterizer::gpu;
+}
+
+} // namespace
+
+Graphics::Graphics(MakeContext makeContext)
+    : m_makeContext(std::move(makeContext))
+    , m_context(m_makeContext())
+{
+    begin();
+}
+
+Graphics::~Graphics()
+{
+    // What the encoder holds is released in its context, if that is still there.
+    static_cast<void>(m_context->makeCurrent());
+}
+
+/// Sets up what draws in a new context.
+void Graphics::begin()
+{
+    if (!m_context->makeCurrent())
+        throw ContextError("OpenGL is there but cannot be drawn with");
+    m_encoder = std::make_unique<FrameEncoder>(m_longestScreen);
+    m_rasterizer = currentRasterizer();
+}
+
+void Graphics::makeCurrent()
+{
+    if (m_context->makeCurrent())
+        return;
+    // The new one is current while the old one's objects are released: there it has none of these names, and
+    // to release what does not exist is allowed.
+    const std::unique_ptr<GlContext> lost = std::exchange(m_context, m_makeContext());
+    if (!m_context->makeCurrent())
+        throw ContextError("The graphics card was reset and cannot be drawn with again");
+    m_encoder.reset();
+    Q_EMIT renewed();
+    begin();
+}
+
+void Graphics::setLongestScreen(int pixels)
+{
+    m_longestScreen = pixels;
+    makeCurrent();
+    m_encoder->photos().setLongestScreen(pixels);
+}
+
+std::optional<Picture> Graphics::draw(const Frame& frame)
+{
+    makeCurrent();
+    return renderStill(*m_encoder, frame);
+}
+
+} // namespace tessel

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_window_system.h"
+#include "support/surroundings.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <xcb/shape.h>
+
+namespace tessel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::ElementsAre;
+
+class X11PanelTest : public testing::Test
+{
+protected:
+    /// What a person with a mouse does.
+    static void xdotool(const char* arguments)
+    {
+        ASSERT_EQ(QProcess::execute(QStringLiteral("xdotool"),
+                                    QString::fromLatin1(arguments).split(QLatin1Char(' '))),
+                  0);
+    }
+
+    std::vector<std::uint32_t> property(const char* name, xcb_atom_t type)
+    {
+        m_server.sync();
+        return m_server.property(static_cast<xcb_window_t>(m_window.winId()), name, type);
+    }
+
+    const Variable m_platform{"QT_QPA_PLATFORM", "xcb"};
+    VirtualDisplay m_display;
+    WithApplication<QGuiApplication> m_application;
+    X11Connection m_server;
+    X11WindowSystem m_system;
+    QWindow m_window;
+};
+
+TEST_F(X11PanelTest, FloatsAsPanelsDoAndTakesTheKeyboardOnDemand)
+{
+    const std::unique_ptr<PanelWindow> panel = m_system.makePanelWindow(m_window);
+    panel->setFrame(QRect(10, 20, 100, 200));
+    panel->show();
+    settle(50ms);
+    EXPECT_EQ(m_window.geometry(), QRect(10, 20, 100, 200));
+    EXPECT_THAT(property("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM),
+                Contains(m_server.atom("_NET_WM_WINDOW_TYPE_DOCK")));
+    EXPECT_THAT(property("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL), ElementsAre(0xFFFFFFFF));
+    EXPECT_EQ(property("WM_HINTS", XCB_ATOM_WM_HINTS).at(1), 0U) << "typing goes elsewhere";
+    panel->setKeyboardFocus(KeyboardFocus::taken);
+    EXPECT_EQ(property("WM_HINTS", XCB_ATOM_WM_HINTS).at(1), 1U);
+    panel->setKeyboardFocus(KeyboardFocus::never);
+    EXPECT_EQ(property("WM_HINTS", XCB_ATOM_WM_HINTS).at(1), 0U);
+}
+
+TEST_F(X11PanelTest, ClicksGoThroughAllButTheInputRegion)
+{
+    const std::unique_ptr<PanelWindow> panel = m_system.makePanelWindow(m_window);
+    panel->setFrame(QRect(0, 0, 300, 300));
+    panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
+    panel->show();
+    panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
+    settle(50ms);
+    const auto id = static_cast<xcb_window_t>(m_window.winId());
+    const auto reply = readReply(xcb_shape_get_rectangles_reply, m_server.get(),
+                                 xcb_shape_get_rectangles(m_server.get(), id, XCB_SHAPE_SK_INPUT));
+    ASSERT_NE(reply, nullptr);
+    ASSERT_EQ(xcb_shape_get_rectangles_rectangles_length(reply.get()), 1);
+    const xcb_rectangle_t& area = *xcb_shape_get_rectangles_rectangles(reply.get());
+    EXPECT_EQ(QRect(area.x, area.y, area.width, area.height), QRect(100, 100, 50, 60));
+}
+
+TEST_F(X11PanelTest, ThePointerIsHeardWhereverItIs)
+{
+    const std::unique_ptr<PointerFeed> feed = m_system.makePointerFeed();
+    ASSERT_NE(feed, nullptr);
+    std::vector<QPoint> moves;
+    std::vector<QPoint> presses;
+    std::vector<QPoint> releases;
+    QObject::connect(feed.get(), &PointerFeed::moved, [&](QPoint at) { moves.push_back(at); });
+    QObject::connect(feed.get(), &PointerFeed::pressed, [&](QPoint at) { presses.push_back(at); });
+    QObject::connect(feed.get(), &PointerFeed::released, [&](QPoint at) { releases.push_back(at); });
+    xdotool("mousemove 300 200");
+    xdotool("mousemove_relative 7 5");
+    ASSERT_TRUE(waitUntil([&] { return !moves.empty(); }));
+    EXPECT_EQ(moves.back(), QPoint(307, 205));
+    xdotool("click 1");
+    xdotool("click 3");
+    xdotool("click 2");
+    ASSERT_TRUE(waitUntil([&] { return presses.size() == 2; }));
+    EXPECT_EQ(presses.front(), QPoint(307, 205));
+    settle(100ms);
+    EXPECT_EQ(presses.size(), 2U) << "the middle one means nothing";
+    EXPECT_EQ(releases.size(), 1U);
+}
+
+} // namespace
+} // namespace tessel
