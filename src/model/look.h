@@ -14,7 +14,7 @@
 
 namespace tessel {
 
-/// A packed sRGB colour, 0xRRGGBB; the top byte is zero.
+/// A packed sRGB colour, 0xRRGGBB; what the top byte holds is kept but never drawn.
 using Color = std::uint32_t;
 
 /// What is drawn. The raw values are part of the file format.

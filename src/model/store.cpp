@@ -3,6 +3,7 @@
 
 #include "model/store.h"
 
+#include "model/json_reader.h"
 #include "model/look_json.h"
 
 #include <utility>

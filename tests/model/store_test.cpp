@@ -241,19 +241,21 @@ TEST_F(StoreTest, LoadsWhatAnotherSaved)
 
 TEST_F(StoreTest, WrongValuesAreReportedAndStayUntilChanged)
 {
-    const QByteArray damaged = "[General]\n"
-                               "appliedMotion=yes\n"
-                               "customPalettes=[[1, 2], [3]]\n"
-                               "desktop=@ByteArray({\\\"pattern\\\":99})\n"
-                               "desktopHistory=@Variant(\\0\\0zz)\n"
-                               "edge=2\n"
-                               "handleHidden=\n"
-                               "line of nothing\n"
-                               "look=\"@ByteArray({\\\"seed\\\":\\xff})\"\n"
-                               "motion=0\n"
-                               "presets=@Foo([{\n"
-                               "shuffleMinutes=6e1\n"
-                               "unknown=kept\n";
+    const QByteArray damaged =
+        "[General]\n"
+        "appliedMotion=yes\n"
+        "customPalettes=[[1, 2], [3]]\n"
+        "desktop=@ByteArray({\\\"pattern\\\":99})\n"
+        "desktopHistory=@Variant(\\0\\0zz)\n"
+        "edge=2\n"
+        "handleHidden=\n"
+        "line of nothing\n"
+        "look=\"@ByteArray({\\\"seed\\\":\\xff})\"\n"
+        "motion=0\n"
+        "presets=\"[{\\\"id\\\":\\\"6F9619FF-8B86-D011-B42D-00C04FC964FF\\\",\\\"name\\\":\\\"Tea\\\","
+        "\\\"look\\\":{},\\\"motion\\\":true},{\\\"name\\\":7}]\"\n"
+        "shuffleMinutes=6e1\n"
+        "unknown=kept\n";
     putFile(damaged);
     const auto store = makeStore();
     std::vector<std::string> keys;
@@ -272,7 +274,7 @@ TEST_F(StoreTest, WrongValuesAreReportedAndStayUntilChanged)
     EXPECT_TRUE(store->motion());
     EXPECT_FALSE(store->appliedMotion());
     EXPECT_EQ(store->edge(), Edge::left);
-    EXPECT_THAT(store->presets(), IsEmpty());
+    EXPECT_THAT(store->presets(), IsEmpty()) << "one of them does not decode";
 
     // What equals the initial value changes nothing either.
     store->setPresets({});
@@ -450,14 +452,12 @@ TEST_F(StoreTest, RefusesWhatCouldNotBeLoadedAgain)
     store->changeLook(broken);
     store->applyToDesktop(broken, RecordHistory::yes, std::nullopt, ContinueFromEditor::yes);
     store->setPresets({presetNamed("Tea"), nameless});
-    store->setCustomPalettes({{0x1000000}});
     const auto heard = log.take();
-    ASSERT_EQ(heard.size(), 5);
+    ASSERT_EQ(heard.size(), 4);
     EXPECT_THAT(heard.at(0), HasSubstr("refused: \"scale\" holds"));
     EXPECT_EQ(heard.at(1), heard.at(0));
     EXPECT_EQ(heard.at(2), heard.at(0));
     EXPECT_THAT(heard.at(3), HasSubstr("refused: entry 2: \"id\" holds \"1\""));
-    EXPECT_THAT(heard.at(4), HasSubstr("16777216"));
     EXPECT_EQ(store->look(), Look());
     EXPECT_EQ(store->desktop(), std::nullopt);
     EXPECT_THAT(store->presets(), IsEmpty());
