@@ -7,7 +7,6 @@
 #include "app/status_menu.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QCursor>
 #include <QSessionManager>
 
@@ -26,31 +25,14 @@ constexpr std::array menuSignals{&Store::desktopChanged,        &Store::desktopH
                                  &Store::shuffleMinutesChanged, &Store::edgeChanged,
                                  &Store::handleHiddenChanged};
 
-/// Under which the problems that the user knows of are kept.
-constexpr auto toldProblemsKey = "toldProblems";
-
-/// Something short that other problems do not have in common with these; empty for none.
-QByteArray digest(const std::vector<SettingProblem>& problems)
+/// Damaged settings stay as they are until they are changed, so that there is nothing for the user to do.
+void reportProblems(const std::vector<SettingProblem>& problems)
 {
-    if (problems.empty())
-        return {};
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const SettingProblem& problem : problems)
-        hash.addData((problem.key + QLatin1Char('\n') + problem.message + QLatin1Char('\n')).toUtf8());
-    return hash.result().toHex();
-}
-
-Alert problemAlert(const std::vector<SettingProblem>& problems)
-{
-    QString lines;
     for (const SettingProblem& problem : problems) {
         const QString key = problem.key.isEmpty() ? QString() : problem.key + QStringLiteral(": ");
-        lines += key + problem.message + QStringLiteral("\n\n");
+        std::fprintf(stderr, "Tessel Broth: settings: %s%s\n", qUtf8Printable(key),
+                     qUtf8Printable(problem.message));
     }
-    return {QStringLiteral("Some settings could not be read"),
-            lines + QStringLiteral("They stay in the file \"%1\" as they are until you change them here. "
-                                   "A copy of the file is kept beside it then.")
-                        .arg(defaultSettingsFile())};
 }
 
 } // namespace
@@ -68,6 +50,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::start()
 {
+    reportProblems(m_parts.store.problems());
     m_parts.wallpaper.start();
     connectStore();
     connectSystem();
@@ -132,7 +115,6 @@ void AppDelegate::installMenu()
 
 void AppDelegate::greet()
 {
-    tellProblems();
     if (m_parts.store.desktop())
         return;
     const QString where = TrayIcon::hasPanel()
@@ -150,21 +132,6 @@ void AppDelegate::greet()
     connect(
         &m_parts.store, &Store::desktopChanged, this, [this, greeting] { m_dialogs.dismiss(greeting); },
         Qt::SingleShotConnection);
-}
-
-/// Damaged settings stay as they are, so that they are found at every start. Once is enough to be told of
-/// them.
-void AppDelegate::tellProblems()
-{
-    Store& store = m_parts.store;
-    const QByteArray now = digest(store.problems());
-    if (store.kept(toldProblemsKey).toByteArray() == now)
-        return;
-    const auto remember = [&store, now](bool) { store.keep(toldProblemsKey, now); };
-    if (store.problems().empty())
-        remember(true);
-    else
-        m_dialogs.alert(problemAlert(store.problems()), remember);
 }
 
 void AppDelegate::popUpMenu()

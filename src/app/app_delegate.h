@@ -52,7 +52,6 @@ private:
     void connectSystem();
     void installMenu();
     void greet();
-    void tellProblems();
     void popUpMenu();
     void perform(const QString& action);
     void leave();
