@@ -14,8 +14,6 @@
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -23,9 +21,6 @@
 namespace tessel {
 
 namespace {
-
-constexpr auto phaseKey = "desktopPhase";
-constexpr auto picturesKey = "latestPictures";
 
 FrameEncoder makeEncoder(const WallpaperEnvironment& environment)
 {
@@ -44,19 +39,6 @@ QStringList filesOf(const std::vector<DesktopPicture>& pictures)
     for (const DesktopPicture& picture : pictures)
         files.append(picture.file);
     return files;
-}
-
-QByteArray encodePaths(const QStringList& paths)
-{
-    return QJsonDocument(QJsonArray::fromStringList(paths)).toJson(QJsonDocument::Compact);
-}
-
-QStringList decodePaths(const QByteArray& json)
-{
-    QStringList paths;
-    for (const QJsonValue value : QJsonDocument::fromJson(json).array())
-        paths.append(value.toString());
-    return paths;
 }
 
 /// Whether a file is a still of this look for this screen.
@@ -140,7 +122,7 @@ void Wallpaper::apply(ContinueFromEditor continuing)
     startAnimation();
     // The first picture comes early even behind an animation: only in front of one that is known can icons be
     // left free.
-    const bool isFirst = m_environment.store.kept(picturesKey).isNull();
+    const bool isFirst = m_environment.store.latestPictures().isEmpty();
     m_hideWork.start(m_environment.store.appliedMotion() && !isFirst ? m_environment.delays.animated
                                                                      : m_environment.delays.still);
 }
@@ -182,12 +164,12 @@ void Wallpaper::restorePhase()
 {
     if (std::exchange(m_phaseRestored, true))
         return;
-    clocks().setPhase(Source::desktop, m_environment.store.kept(phaseKey).toDouble());
+    clocks().setPhase(Source::desktop, m_environment.store.desktopPhase());
 }
 
 void Wallpaper::keepPhase()
 {
-    m_environment.store.keep(phaseKey, clocks().phase(Source::desktop));
+    m_environment.store.setDesktopPhase(clocks().phase(Source::desktop));
 }
 
 std::vector<QSize> Wallpaper::sizes() const
@@ -324,7 +306,7 @@ void Wallpaper::stillWritten(const std::vector<DesktopPicture>& pictures)
     tellMissingPhoto();
     m_written = pictures;
     const QStringList files = filesOf(pictures);
-    m_environment.store.keep(picturesKey, encodePaths(files));
+    m_environment.store.setLatestPictures(files);
     tellPictureBehind();
     if (m_environment.pictures != nullptr) {
         ++m_settingCalls;
@@ -387,7 +369,7 @@ void Wallpaper::holdNow()
 /// The pictures that were set last, as far as there are screens and files for them.
 std::vector<DesktopPicture> Wallpaper::latestPictures() const
 {
-    const QStringList files = decodePaths(m_environment.store.kept(picturesKey).toByteArray());
+    const QStringList& files = m_environment.store.latestPictures();
     std::vector<DesktopPicture> pictures;
     for (const Screen& screen : m_environment.screens.list()) {
         const auto index = static_cast<qsizetype>(pictures.size());

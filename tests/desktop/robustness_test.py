@@ -37,7 +37,7 @@ class KillTest(ApplicationTest):
             time.sleep(chance.uniform(0, 0.3))
             before = self.application.look()
             self.application.do("new-wallpaper")
-            self.assertNotEqual(self.application.look(), before, "It is not saved.")
+            wait_until(lambda before=before: self.application.look() != before, "a look that is saved")
         acknowledged = self.application.look()
         if chance.random() < 0.5:
             self.wait_for_writing()
@@ -111,8 +111,8 @@ class DamageTest(ApplicationTest):
         log = self.application.log_file.read_text()
         for key in ("desktop", "presets", "shuffleMinutes"):
             self.assertEqual(log.count(f"settings: {key}: "), 1, log)
-        self.assertEqual(self.application.settings_file.read_bytes(), before)
         self.assertEqual(self.application.quit(), 0)
+        self.assertEqual(self.application.settings_file.read_bytes(), before)
         self.application.start()
         self.desktop.panel.choose("New Wallpaper")
         wait_until(lambda: damaged[0] not in self.lines(), "a new look in the settings")

@@ -9,8 +9,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <gmock/gmock.h>
 
 namespace tessel {
@@ -126,8 +124,7 @@ TEST_F(WallpaperTest, AStillIsShownLiveAndThenBecomesThePicture)
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(1));
     EXPECT_FALSE(session.isWatching);
-    const QByteArray kept = store->kept("latestPictures").toByteArray();
-    EXPECT_EQ(QJsonDocument::fromJson(kept).array().at(0).toString(), pictures.shown[0].file);
+    EXPECT_EQ(store->latestPictures(), QStringList(pictures.shown[0].file));
     EXPECT_EQ(framesIn(300ms), 0);
 }
 
@@ -317,7 +314,7 @@ TEST_F(WallpaperTest, AFullDiskCostsNothing)
     ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
     EXPECT_EQ(pictures.sets, 0);
     EXPECT_EQ(visibleWindows(), 1) << "the look is shown all the same";
-    EXPECT_FALSE(store->kept("latestPictures").isValid());
+    EXPECT_THAT(store->latestPictures(), testing::IsEmpty());
 }
 
 TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)
