@@ -97,7 +97,7 @@ enum class Edge : std::uint8_t
 [[nodiscard]] std::string_view title(Dither dither);
 [[nodiscard]] std::string_view title(Edge edge);
 
-/// The recipe of one wallpaper. It stores what it is given; the ranges belong to the controls that change it.
+/// The recipe of one wallpaper. It stores what it is given; the ranges to choose from are in sliders.h.
 struct Look
 {
     Pattern pattern = Pattern::flow;

@@ -4,6 +4,7 @@
 #include "model/look_json.h"
 
 #include "model/json_reader.h"
+#include "model/sliders.h"
 
 #include <algorithm>
 #include <array>
@@ -22,7 +23,6 @@ using json::Node;
 using json::Object;
 
 constexpr std::int64_t maxColor = 0xFFFFFFFF;
-constexpr float minSpeed = 0.01F;
 
 constexpr std::string_view floatExpected =
     "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected";
@@ -358,7 +358,7 @@ Look readLook(const Fields& fields)
     fields.readColorList("custom", look.custom);
 
     look.palette = std::max<std::int64_t>(look.palette, 0);
-    look.speed = std::max(look.speed, minSpeed);
+    look.speed = std::max(look.speed, sliderOf(&Look::speed).lower);
     return look;
 }
 
