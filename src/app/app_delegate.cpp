@@ -3,6 +3,7 @@
 
 #include "app/app_delegate.h"
 
+#include "app/actions.h"
 #include "app/commands.h"
 #include "app/status_menu.h"
 
@@ -92,7 +93,10 @@ void AppDelegate::connectStore()
 void AppDelegate::connectSystem()
 {
     connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::popUpMenu);
-    connect(&m_parts.instance, &RunningInstance::actionRequested, this, &AppDelegate::perform);
+    connect(&m_parts.instance, &RunningInstance::actionRequested, this, [this](const QString& name) {
+        if (const auto action = actionNamed(name))
+            perform(*action);
+    });
     connect(&m_dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     m_quitSignals = watchQuitSignals();
     connect(m_quitSignals.get(), &QuitSignals::received, this, &AppDelegate::quit);
@@ -142,20 +146,26 @@ void AppDelegate::popUpMenu()
     menu.activateWindow();
 }
 
-/// Does what was asked for by name; names that mean nothing here are left alone.
-void AppDelegate::perform(const QString& action)
+void AppDelegate::perform(Action action)
 {
     Store& store = m_parts.store;
-    if (action == QStringLiteral("new-wallpaper"))
+    switch (action) {
+    case Action::newWallpaper:
         store.shuffle();
-    else if (action == QStringLiteral("previous-wallpaper"))
+        break;
+    case Action::previousWallpaper:
         store.previousWallpaper();
-    else if (action == QStringLiteral("toggle-motion"))
+        break;
+    case Action::toggleMotion:
         setDesktopMotion(store, !store.appliedMotion());
-    else if (action == QStringLiteral("open-editor"))
+        break;
+    case Action::openEditor:
         popUpMenu();
-    else if (action == QStringLiteral("quit"))
+        break;
+    case Action::quit:
         quit();
+        break;
+    }
 }
 
 void AppDelegate::leave()
@@ -180,13 +190,13 @@ void AppDelegate::tell(const QString& title, const QString& text)
 std::vector<MenuRow> AppDelegate::menuRows()
 {
     const StatusCommands commands{
+        [this](Action action) { perform(action); },
         [this] { saveAsPreset(m_parts.store, m_dialogs); },
         [this](bool on) {
             setLaunchAtLogin(m_parts.login, m_dialogs, on, [this](bool) { m_panelMenu.refreshLater(); });
         },
         [this] { checkForUpdates(m_dialogs); },
         [this](const QString& address) { openWebPage(address, m_dialogs); },
-        [this] { quit(); },
     };
     return statusMenuRows(m_parts.store, m_parts.login.status(), commands);
 }

@@ -56,9 +56,11 @@ MenuRow submenu(const QString& id, const QString& title, std::vector<MenuRow> ch
     return made;
 }
 
-MenuRow withShortcut(MenuRow made, Qt::Key key)
+MenuRow actionRow(const StatusCommands& commands, Action action)
 {
-    made.shortcut = QKeySequence(Qt::CTRL | key);
+    MenuRow made = row(actionName(action), actionTitle(action),
+                       [perform = commands.perform, action] { perform(action); });
+    made.shortcut = actionShortcut(action);
     return made;
 }
 
@@ -126,12 +128,11 @@ MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)
                       [set = commands.setLaunchAtLogin, on] { set(!on); });
 }
 
-MenuRow previousRow(Store& store)
+MenuRow previousRow(const Store& store, const StatusCommands& commands)
 {
-    MenuRow made = row(QStringLiteral("previous-wallpaper"), QStringLiteral("Previous Wallpaper"),
-                       [&store] { store.previousWallpaper(); });
+    MenuRow made = actionRow(commands, Action::previousWallpaper);
     made.enabled = !store.desktopHistory().empty();
-    return withShortcut(std::move(made), Qt::Key_P);
+    return made;
 }
 
 } // namespace
@@ -139,10 +140,8 @@ MenuRow previousRow(Store& store)
 std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const StatusCommands& commands)
 {
     return {
-        withShortcut(row(QStringLiteral("new-wallpaper"), QStringLiteral("New Wallpaper"),
-                         [&store] { store.shuffle(); }),
-                     Qt::Key_N),
-        previousRow(store),
+        actionRow(commands, Action::newWallpaper),
+        previousRow(store, commands),
         separator(QStringLiteral("before-motion")),
         motionRow(store, QStringLiteral("still"), QStringLiteral("Still Wallpaper"), false),
         motionRow(store, QStringLiteral("animated"), QStringLiteral("Animated Wallpaper"), true),
@@ -156,8 +155,7 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const
         row(QStringLiteral("updates"), QStringLiteral("Check for Updates..."), commands.checkForUpdates),
         submenu(QStringLiteral("credit"), QStringLiteral("Made by the Tessel Broth developers"),
                 creditRows(commands)),
-        withShortcut(row(QStringLiteral("quit"), QStringLiteral("Quit Tessel Broth"), commands.quit),
-                     Qt::Key_Q),
+        actionRow(commands, Action::quit),
     };
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "app/actions.h"
 #include "app/menu_row.h"
 #include "model/store.h"
 #include "platform/login_item.h"
@@ -16,11 +17,11 @@ namespace tessel {
 /// What the menu starts beyond changes of the store.
 struct StatusCommands
 {
+    std::function<void(Action action)> perform;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> setLaunchAtLogin;
     std::function<void()> checkForUpdates;
     std::function<void(const QString& address)> openWebPage;
-    std::function<void()> quit;
 };
 
 /// The rows of the status menu for the present state. They change the store when run.
