@@ -97,6 +97,9 @@ void AppDelegate::connectSystem()
         if (const auto action = actionNamed(name))
             perform(*action);
     });
+    // After the wallpaper, which has heard of it before us and keeps where the animation is.
+    connect(&m_parts.session, &Session::aboutToSleep, this,
+            [this] { static_cast<void>(m_parts.store.saveNow()); });
     connect(&m_dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     m_quitSignals = watchQuitSignals();
     connect(m_quitSignals.get(), &QuitSignals::received, this, &AppDelegate::quit);
