@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "model/json_reader.h"
 #include "model/look_json.h"
 
 #include <cstdint>

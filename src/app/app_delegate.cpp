@@ -3,11 +3,11 @@
 
 #include "app/app_delegate.h"
 
+#include "app/actions.h"
 #include "app/commands.h"
 #include "app/status_menu.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QCursor>
 #include <QSessionManager>
 
@@ -21,36 +21,19 @@ namespace {
 
 /// The signals of what the menu shows. The edited look is not among them, which a slider changes all the
 /// time.
-constexpr std::array menuSignals{&Store::desktopChanged,        &Store::desktopHistoryChanged,
-                                 &Store::appliedMotionChanged,  &Store::presetsChanged,
-                                 &Store::shuffleMinutesChanged, &Store::edgeChanged,
-                                 &Store::handleHiddenChanged};
+constexpr std::array menuSignals{&Store::desktopChanged,       &Store::desktopHistoryChanged,
+                                 &Store::appliedMotionChanged, &Store::motionChanged,
+                                 &Store::presetsChanged,       &Store::shuffleMinutesChanged,
+                                 &Store::edgeChanged,          &Store::handleHiddenChanged};
 
-/// Under which the problems that the user knows of are kept.
-constexpr auto toldProblemsKey = "toldProblems";
-
-/// Something short that other problems do not have in common with these; empty for none.
-QByteArray digest(const std::vector<SettingProblem>& problems)
+/// Damaged settings stay as they are until they are changed, so that there is nothing for the user to do.
+void reportProblems(const std::vector<SettingProblem>& problems)
 {
-    if (problems.empty())
-        return {};
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const SettingProblem& problem : problems)
-        hash.addData((problem.key + QLatin1Char('\n') + problem.message + QLatin1Char('\n')).toUtf8());
-    return hash.result().toHex();
-}
-
-Alert problemAlert(const std::vector<SettingProblem>& problems)
-{
-    QString lines;
     for (const SettingProblem& problem : problems) {
         const QString key = problem.key.isEmpty() ? QString() : problem.key + QStringLiteral(": ");
-        lines += key + problem.message + QStringLiteral("\n\n");
+        std::fprintf(stderr, "Tessel Broth: settings: %s%s\n", qUtf8Printable(key),
+                     qUtf8Printable(problem.message));
     }
-    return {QStringLiteral("Some settings could not be read"),
-            lines + QStringLiteral("They stay in the file \"%1\" as they are until you change them here. "
-                                   "A copy of the file is kept beside it then.")
-                        .arg(defaultSettingsFile())};
 }
 
 } // namespace
@@ -68,6 +51,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::start()
 {
+    reportProblems(m_parts.store.problems());
     m_parts.wallpaper.start();
     connectStore();
     connectSystem();
@@ -109,7 +93,13 @@ void AppDelegate::connectStore()
 void AppDelegate::connectSystem()
 {
     connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::popUpMenu);
-    connect(&m_parts.instance, &RunningInstance::actionRequested, this, &AppDelegate::perform);
+    connect(&m_parts.instance, &RunningInstance::actionRequested, this, [this](const QString& name) {
+        if (const auto action = actionNamed(name))
+            perform(*action);
+    });
+    // After the wallpaper, which has heard of it before us and keeps where the animation is.
+    connect(&m_parts.session, &Session::aboutToSleep, this,
+            [this] { static_cast<void>(m_parts.store.saveNow()); });
     connect(&m_dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     m_quitSignals = watchQuitSignals();
     connect(m_quitSignals.get(), &QuitSignals::received, this, &AppDelegate::quit);
@@ -132,7 +122,6 @@ void AppDelegate::installMenu()
 
 void AppDelegate::greet()
 {
-    tellProblems();
     if (m_parts.store.desktop())
         return;
     const QString where = TrayIcon::hasPanel()
@@ -152,21 +141,6 @@ void AppDelegate::greet()
         Qt::SingleShotConnection);
 }
 
-/// Damaged settings stay as they are, so that they are found at every start. Once is enough to be told of
-/// them.
-void AppDelegate::tellProblems()
-{
-    Store& store = m_parts.store;
-    const QByteArray now = digest(store.problems());
-    if (store.kept(toldProblemsKey).toByteArray() == now)
-        return;
-    const auto remember = [&store, now](bool) { store.keep(toldProblemsKey, now); };
-    if (store.problems().empty())
-        remember(true);
-    else
-        m_dialogs.alert(problemAlert(store.problems()), remember);
-}
-
 void AppDelegate::popUpMenu()
 {
     QMenu& menu = m_popupMenu.menu();
@@ -175,20 +149,26 @@ void AppDelegate::popUpMenu()
     menu.activateWindow();
 }
 
-/// Does what was asked for by name; names that mean nothing here are left alone.
-void AppDelegate::perform(const QString& action)
+void AppDelegate::perform(Action action)
 {
     Store& store = m_parts.store;
-    if (action == QStringLiteral("new-wallpaper"))
+    switch (action) {
+    case Action::newWallpaper:
         store.shuffle();
-    else if (action == QStringLiteral("previous-wallpaper"))
+        break;
+    case Action::previousWallpaper:
         store.previousWallpaper();
-    else if (action == QStringLiteral("toggle-motion"))
-        setDesktopMotion(store, !store.appliedMotion());
-    else if (action == QStringLiteral("open-editor"))
+        break;
+    case Action::toggleMotion:
+        setDesktopMotion(store, !desktopMotion(store));
+        break;
+    case Action::openEditor:
         popUpMenu();
-    else if (action == QStringLiteral("quit"))
+        break;
+    case Action::quit:
         quit();
+        break;
+    }
 }
 
 void AppDelegate::leave()
@@ -213,13 +193,13 @@ void AppDelegate::tell(const QString& title, const QString& text)
 std::vector<MenuRow> AppDelegate::menuRows()
 {
     const StatusCommands commands{
+        [this](Action action) { perform(action); },
         [this] { saveAsPreset(m_parts.store, m_dialogs); },
         [this](bool on) {
             setLaunchAtLogin(m_parts.login, m_dialogs, on, [this](bool) { m_panelMenu.refreshLater(); });
         },
         [this] { checkForUpdates(m_dialogs); },
         [this](const QString& address) { openWebPage(address, m_dialogs); },
-        [this] { quit(); },
     };
     return statusMenuRows(m_parts.store, m_parts.login.status(), commands);
 }

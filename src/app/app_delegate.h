@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "app/actions.h"
 #include "app/dialogs.h"
 #include "app/menu_view.h"
 #include "app/shuffle_timer.h"
@@ -16,7 +17,6 @@
 #include "wallpaper/wallpaper.h"
 
 #include <memory>
-#include <string_view>
 
 namespace tessel {
 
@@ -53,9 +53,8 @@ private:
     void connectSystem();
     void installMenu();
     void greet();
-    void tellProblems();
     void popUpMenu();
-    void perform(const QString& action);
+    void perform(Action action);
     void leave();
     void tell(const QString& title, const QString& text);
     [[nodiscard]] std::vector<MenuRow> menuRows();

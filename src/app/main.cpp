@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/actions.h"
 #include "app/app_delegate.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
@@ -90,7 +91,7 @@ std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& 
 
 int runApplication(QApplication& application)
 {
-    const std::unique_ptr<RunningInstance> instance = claimInstance();
+    const std::unique_ptr<RunningInstance> instance = claimInstance(actionNames());
     if (!instance->isFirst())
         return EXIT_SUCCESS;
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();

@@ -184,8 +184,9 @@ QAction* MenuView::makeAction(QMenu& menu, const MenuRow& row)
     connect(action, &QAction::triggered, this, [this, action] {
         // A choice turns the checkmark round by itself, which the state may not.
         refreshLater();
-        if (action->run)
-            action->run();
+        // A copy: what runs may bring the menu up to date, and with it what this row runs.
+        if (const auto run = action->run)
+            run();
     });
     return action;
 }

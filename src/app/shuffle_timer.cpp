@@ -12,8 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr char servedKey[] = "lastServed";
-
 constexpr std::chrono::milliseconds shortestWait = 1s;
 
 /// A timer counts its milliseconds in 32 bits: longer waits are made of several.
@@ -41,7 +39,7 @@ ShuffleTimer::ShuffleTimer(Store& store, Session& session, std::function<QDateTi
     connect(&m_timer, &QTimer::timeout, this, &ShuffleTimer::fire);
     connect(&store, &Store::shuffleMinutesChanged, this, [this] {
         // A new interval counts from the moment in which it was chosen.
-        keepServed(m_now());
+        m_store.setLastServed(m_now());
         schedule();
     });
     // Timers stand still while the machine sleeps, and know nothing of the time of day.
@@ -69,13 +67,10 @@ void ShuffleTimer::schedule()
         return;
     const qint64 interval = intervalSeconds(m_store.shuffleMinutes());
     const QDateTime now = m_now();
-    std::optional<QDateTime> served = lastServed();
     // A date far ahead was written while the clock was wrong: it would put the serving off for ever.
-    if (!served || *served > now.addSecs(interval)) {
-        keepServed(now);
-        served = now;
-    }
-    m_due = served->addSecs(interval);
+    if (!m_store.lastServed().isValid() || m_store.lastServed() > now.addSecs(interval))
+        m_store.setLastServed(now);
+    m_due = m_store.lastServed().addSecs(interval);
     m_timer.start(std::min(*remaining(), longestWait));
 }
 
@@ -86,21 +81,9 @@ void ShuffleTimer::fire()
         return;
     }
     // In this order both are saved together.
-    keepServed(m_now());
+    m_store.setLastServed(m_now());
     m_store.shuffle();
     schedule();
-}
-
-void ShuffleTimer::keepServed(const QDateTime& served)
-{
-    m_store.keep(servedKey, served.toUTC().toString(Qt::ISODateWithMs).toLatin1());
-}
-
-/// Nothing for a date that is missing or cannot be read.
-std::optional<QDateTime> ShuffleTimer::lastServed() const
-{
-    const QDateTime served = QDateTime::fromString(m_store.kept(servedKey).toString(), Qt::ISODateWithMs);
-    return served.isValid() ? std::optional(served.toUTC()) : std::nullopt;
 }
 
 } // namespace tessel

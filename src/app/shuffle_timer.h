@@ -36,8 +36,6 @@ public:
 private:
     void schedule();
     void fire();
-    void keepServed(const QDateTime& served);
-    [[nodiscard]] std::optional<QDateTime> lastServed() const;
 
     Store& m_store;
     std::function<QDateTime()> m_now;

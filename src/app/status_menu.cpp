@@ -56,9 +56,11 @@ MenuRow submenu(const QString& id, const QString& title, std::vector<MenuRow> ch
     return made;
 }
 
-MenuRow withShortcut(MenuRow made, Qt::Key key)
+MenuRow actionRow(const StatusCommands& commands, Action action)
 {
-    made.shortcut = QKeySequence(Qt::CTRL | key);
+    MenuRow made = row(actionName(action), actionTitle(action),
+                       [perform = commands.perform, action] { perform(action); });
+    made.shortcut = actionShortcut(action);
     return made;
 }
 
@@ -72,11 +74,8 @@ bool disturbs(QChar character)
 
 MenuRow motionRow(Store& store, const QString& id, const QString& title, bool motion)
 {
-    const bool hasLook = store.desktop().has_value();
-    MenuRow made = radioRow(id, title, QStringLiteral("motion"), hasLook && store.appliedMotion() == motion,
-                            [&store, motion] { setDesktopMotion(store, motion); });
-    made.enabled = hasLook;
-    return made;
+    return radioRow(id, title, QStringLiteral("motion"), desktopMotion(store) == motion,
+                    [&store, motion] { setDesktopMotion(store, motion); });
 }
 
 MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint64 minutes)
@@ -126,12 +125,11 @@ MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)
                       [set = commands.setLaunchAtLogin, on] { set(!on); });
 }
 
-MenuRow previousRow(Store& store)
+MenuRow previousRow(const Store& store, const StatusCommands& commands)
 {
-    MenuRow made = row(QStringLiteral("previous-wallpaper"), QStringLiteral("Previous Wallpaper"),
-                       [&store] { store.previousWallpaper(); });
+    MenuRow made = actionRow(commands, Action::previousWallpaper);
     made.enabled = !store.desktopHistory().empty();
-    return withShortcut(std::move(made), Qt::Key_P);
+    return made;
 }
 
 } // namespace
@@ -139,10 +137,8 @@ MenuRow previousRow(Store& store)
 std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const StatusCommands& commands)
 {
     return {
-        withShortcut(row(QStringLiteral("new-wallpaper"), QStringLiteral("New Wallpaper"),
-                         [&store] { store.shuffle(); }),
-                     Qt::Key_N),
-        previousRow(store),
+        actionRow(commands, Action::newWallpaper),
+        previousRow(store, commands),
         separator(QStringLiteral("before-motion")),
         motionRow(store, QStringLiteral("still"), QStringLiteral("Still Wallpaper"), false),
         motionRow(store, QStringLiteral("animated"), QStringLiteral("Animated Wallpaper"), true),
@@ -156,8 +152,7 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const
         row(QStringLiteral("updates"), QStringLiteral("Check for Updates..."), commands.checkForUpdates),
         submenu(QStringLiteral("credit"), QStringLiteral("Made by the Tessel Broth developers"),
                 creditRows(commands)),
-        withShortcut(row(QStringLiteral("quit"), QStringLiteral("Quit Tessel Broth"), commands.quit),
-                     Qt::Key_Q),
+        actionRow(commands, Action::quit),
     };
 }
 
@@ -179,10 +174,17 @@ std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveA
     return rows;
 }
 
+bool desktopMotion(const Store& store)
+{
+    return store.desktop() ? store.appliedMotion() : store.motion();
+}
+
 void setDesktopMotion(Store& store, bool motion)
 {
     if (store.desktop())
         store.applyToDesktop(*store.desktop(), RecordHistory::no, motion, ContinueFromEditor::no);
+    else
+        store.setMotion(motion);
 }
 
 QString menuTitle(const Preset& preset)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "app/actions.h"
 #include "app/menu_row.h"
 #include "model/store.h"
 #include "platform/login_item.h"
@@ -16,11 +17,11 @@ namespace tessel {
 /// What the menu starts beyond changes of the store.
 struct StatusCommands
 {
+    std::function<void(Action action)> perform;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> setLaunchAtLogin;
     std::function<void()> checkForUpdates;
     std::function<void(const QString& address)> openWebPage;
-    std::function<void()> quit;
 };
 
 /// The rows of the status menu for the present state. They change the store when run.
@@ -30,7 +31,10 @@ struct StatusCommands
 /// The presets, to be put on the desktop, and "Save as Preset...".
 [[nodiscard]] std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset);
 
-/// Shows the desktop's look still or animated from now on; nothing while there is no look on the desktop.
+/// Whether the desktop's look is animated; while there is none, whether the first one will be.
+[[nodiscard]] bool desktopMotion(const Store& store);
+
+/// Shows the desktop's look still or animated from now on; while there is none, the first one.
 void setDesktopMotion(Store& store, bool motion);
 
 /// A preset's name as a menu can show it: on one line, no wider than 320 pixels in the font of menus, and the

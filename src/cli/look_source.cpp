@@ -3,6 +3,7 @@
 
 #include "cli/look_source.h"
 
+#include "model/json_reader.h"
 #include "model/look_json.h"
 #include "render/png_file.h"
 

@@ -6,10 +6,23 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
+
+namespace tessel {
+
+/// JSON that is broken or does not hold what was asked for. The message names the key, what it holds and
+/// what would be right.
+class JsonError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace tessel
 
 namespace tessel::json {
 
@@ -22,8 +35,7 @@ struct Member;
 /// A number that is no 64-bit integer literal: a fraction, an exponent, or too many digits.
 struct Number
 {
-    std::string digits;       ///< as it stood in the text
-    double approximate = 0.0; ///< the same rounded to double
+    std::string text; ///< as it was written
 };
 
 using Array = std::vector<Node>;
@@ -41,16 +53,20 @@ struct Member
     Node node;
 };
 
-/// Says what the value of a key should be, for a message; empty for a key it does not know.
-using Expectation = std::string_view (*)(std::string_view key);
-
-/// Reads one JSON value, strictly: nothing may follow it, no object may hold a key twice, nothing may be
-/// nested deeper than `maxDepth`, and no number may be too large for a double.
+/// Reads one JSON value, strictly: nothing may follow it, and nothing may be nested deeper than `maxDepth`.
+/// Of a key that stands twice in an object the last value counts. Numbers may be as large as they like.
 /// \throws JsonError
-[[nodiscard]] Node read(std::string_view text, Expectation expected);
+[[nodiscard]] Node read(std::string_view text);
 
 /// The member with this key, or null.
 [[nodiscard]] const Node* find(const Object& object, std::string_view key);
+
+/// The value of a whole number, however it is written (3, 3.0 and 30e-1 are the same); none for what is no
+/// whole number or does not fit.
+[[nodiscard]] std::optional<std::int64_t> integerFrom(const Node& node);
+
+/// The nearest float of a number, rounded once; none for what is no number or too large for one.
+[[nodiscard]] std::optional<float> floatFrom(const Node& node);
 
 /// A value for a message: scalars as JSON cut to about 40 characters, else "an array" or "an object".
 [[nodiscard]] std::string describe(const Node& node);

@@ -14,7 +14,7 @@
 
 namespace tessel {
 
-/// A packed sRGB colour, 0xRRGGBB; the top byte is zero.
+/// A packed sRGB colour, 0xRRGGBB; what the top byte holds is kept but never drawn.
 using Color = std::uint32_t;
 
 /// What is drawn. The raw values are part of the file format.
@@ -97,7 +97,7 @@ enum class Edge : std::uint8_t
 [[nodiscard]] std::string_view title(Dither dither);
 [[nodiscard]] std::string_view title(Edge edge);
 
-/// The recipe of one wallpaper. It stores what it is given; the ranges belong to the controls that change it.
+/// The recipe of one wallpaper. It stores what it is given; the ranges to choose from are in sliders.h.
 struct Look
 {
     Pattern pattern = Pattern::flow;

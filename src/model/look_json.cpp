@@ -4,6 +4,7 @@
 #include "model/look_json.h"
 
 #include "model/json_reader.h"
+#include "model/sliders.h"
 
 #include <algorithm>
 #include <array>
@@ -21,13 +22,12 @@ using json::describe;
 using json::Node;
 using json::Object;
 
-constexpr Color maxColor = 0xFFFFFF;
-constexpr float minSpeed = 0.01F;
+constexpr std::int64_t maxColor = 0xFFFFFFFF;
 
 constexpr std::string_view floatExpected =
     "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected";
 constexpr std::string_view boolExpected = "true or false is expected";
-constexpr std::string_view colorExpected = "a colour is a whole number from 0 to 16777215 (0xFFFFFF)";
+constexpr std::string_view colorExpected = "a colour is a whole number from 0 to 4294967295";
 
 struct KeyExpectation
 {
@@ -52,7 +52,7 @@ constexpr std::array<KeyExpectation, 20> keyExpectations{{
     {"invert", boolExpected},
     {"seed", floatExpected},
     {"imagePath", "the path of a photo as a string, without NUL characters, is expected"},
-    {"custom", "an array of colours, whole numbers from 0 to 16777215 (0xFFFFFF), is expected"},
+    {"custom", "an array of colours, whole numbers from 0 to 4294967295, is expected"},
     {"id", R"(a UUID such as "6F9619FF-8B86-D011-B42D-00C04FC964FF" is expected)"},
     {"name", "a string is expected"},
     {"look", "a look (a JSON object) is expected"},
@@ -102,25 +102,25 @@ bool isPath(std::string_view text)
 class Writer
 {
 public:
-    std::string takeText() { return std::move(text); }
+    std::string takeText() { return std::move(m_text); }
 
     /// Writes an array; messages about its entries start with "entry N: ".
     template<typename Entry, typename Write>
     void writeEntries(const std::vector<Entry>& entries, Write writeEntry)
     {
-        text += '[';
+        m_text += '[';
         for (std::size_t index = 0; index < entries.size(); ++index) {
             if (index > 0)
-                text += ',';
-            where = entryPrefix(index);
+                m_text += ',';
+            m_where = entryPrefix(index);
             writeEntry(entries[index]);
         }
-        text += ']';
+        m_text += ']';
     }
 
     void write(const Look& look)
     {
-        text += '{';
+        m_text += '{';
         writeRaw("pattern", static_cast<int>(look.pattern), look.pattern <= Pattern::neuro);
         writeRaw("palette", look.palette, true);
         writeRaw("dither", static_cast<int>(look.dither), look.dither <= Dither::benday);
@@ -139,55 +139,49 @@ public:
             writeString("imagePath", *look.imagePath, isPath(*look.imagePath));
         if (look.custom) {
             writeKey("custom");
-            writeColors(*look.custom, quotedKey("custom"));
+            writeColors(*look.custom);
         }
-        text += '}';
+        m_text += '}';
     }
 
     void write(const Preset& preset)
     {
-        text += '{';
+        m_text += '{';
         writeString("id", preset.id, isUuid(preset.id));
         writeString("name", preset.name, true);
         writeKey("look");
-        where += quotedKey("look") + ": ";
+        m_where += quotedKey("look") + ": ";
         write(preset.look);
         writeBool("motion", preset.motion);
-        text += '}';
+        m_text += '}';
     }
 
-    /// \param name of the list, for messages; may be empty
-    void writeColors(const std::vector<Color>& colors, const std::string& name)
+    void writeColors(const std::vector<Color>& colors)
     {
-        text += '[';
+        m_text += '[';
         for (std::size_t index = 0; index < colors.size(); ++index) {
-            const Color color = colors[index];
-            if (color > maxColor) {
-                refuse(where + name + '[' + std::to_string(index) + ']', std::to_string(color),
-                       colorExpected);
-            }
             if (index > 0)
-                text += ',';
-            text += std::to_string(color);
+                m_text += ',';
+            m_text += std::to_string(colors[index]);
         }
-        text += ']';
+        m_text += ']';
     }
 
 private:
     void writeKey(std::string_view key)
     {
-        if (text.back() != '{')
-            text += ',';
-        text += quotedKey(key);
-        text += ':';
+        if (m_text.back() != '{')
+            m_text += ',';
+        m_text += quotedKey(key);
+        m_text += ':';
     }
 
     void writeRaw(std::string_view key, std::int64_t value, bool isRight)
     {
         if (!isRight)
-            refuse(where + quotedKey(key), std::to_string(value), expectedFor(key));
+            refuse(m_where + quotedKey(key), std::to_string(value), expectedFor(key));
         writeKey(key);
-        text += std::to_string(value);
+        m_text += std::to_string(value);
     }
 
     void writeFloat(std::string_view key, float value)
@@ -196,59 +190,40 @@ private:
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         const std::string_view shortest(digits.data(), static_cast<std::size_t>(end - digits.data()));
         if (!std::isfinite(value))
-            refuse(where + quotedKey(key), std::string(shortest), expectedFor(key));
+            refuse(m_where + quotedKey(key), std::string(shortest), expectedFor(key));
         writeKey(key);
         // An integer literal has no negative zero.
-        text += shortest == "-0" ? std::string_view("-0.0") : shortest;
+        m_text += shortest == "-0" ? std::string_view("-0.0") : shortest;
     }
 
     void writeBool(std::string_view key, bool value)
     {
         writeKey(key);
-        text += value ? "true" : "false";
+        m_text += value ? "true" : "false";
     }
 
     void writeString(std::string_view key, std::string_view value, bool isRight)
     {
         const std::optional<std::string> string = json::escaped(value);
         if (!isRight || !string) {
-            refuse(where + quotedKey(key), json::inQuotes(value),
+            refuse(m_where + quotedKey(key), json::inQuotes(value),
                    isRight ? "text in UTF-8 is expected" : expectedFor(key));
         }
         writeKey(key);
-        text += *string;
+        m_text += *string;
     }
 
-    std::string text;
-    std::string where; ///< starts every message
+    std::string m_text;
+    std::string m_where; ///< starts every message
 };
-
-std::optional<float> floatFrom(const Node& node)
-{
-    if (const auto* integer = std::get_if<std::int64_t>(&node.value))
-        return static_cast<float>(*integer);
-    const auto* number = std::get_if<json::Number>(&node.value);
-    if (number == nullptr)
-        return std::nullopt;
-    // Straight from the digits: by way of a double the value would be rounded twice.
-    const std::string& digits = number->digits;
-    float value = 0.0F;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc())
-        return value;
-    // Out of range means too large, or so small that the nearest float is zero.
-    if (std::abs(number->approximate) < 1.0)
-        return std::copysign(0.0F, static_cast<float>(number->approximate));
-    return std::nullopt;
-}
 
 std::vector<Color> readColors(const Array& array, std::string_view where)
 {
     std::vector<Color> colors;
     colors.reserve(array.size());
     for (std::size_t index = 0; index < array.size(); ++index) {
-        const auto* color = std::get_if<std::int64_t>(&array[index].value);
-        if (color == nullptr || *color < 0 || *color > maxColor) {
+        const std::optional<std::int64_t> color = json::integerFrom(array[index]);
+        if (!color || *color < 0 || *color > maxColor) {
             refuse(std::string(where) + '[' + std::to_string(index) + ']', describe(array[index]),
                    colorExpected);
         }
@@ -262,27 +237,27 @@ class Fields
 {
 public:
     /// \param prefix starts every message
-    Fields(const Object& from, std::string prefix) : object(from), where(std::move(prefix)) {}
+    Fields(const Object& from, std::string prefix) : m_object(from), m_where(std::move(prefix)) {}
 
     void read(std::string_view key, bool& target) const { readAlternative(key, target); }
-    void read(std::string_view key, std::int64_t& target) const { readAlternative(key, target); }
     void read(std::string_view key, std::string& target) const { readAlternative(key, target); }
 
-    void read(std::string_view key, float& target) const { readWith(key, target, floatFrom); }
+    void read(std::string_view key, std::int64_t& target) const { readWith(key, target, json::integerFrom); }
+    void read(std::string_view key, float& target) const { readWith(key, target, json::floatFrom); }
 
     void read(std::string_view key, Pattern& target) const
     {
         readWith(key, target, [](const Node& node) {
-            const auto* raw = std::get_if<std::int64_t>(&node.value);
-            return raw == nullptr ? std::nullopt : patternFromRaw(*raw);
+            const std::optional<std::int64_t> raw = json::integerFrom(node);
+            return raw ? patternFromRaw(*raw) : std::nullopt;
         });
     }
 
     void read(std::string_view key, Dither& target) const
     {
         readWith(key, target, [](const Node& node) {
-            const auto* raw = std::get_if<std::int64_t>(&node.value);
-            return raw == nullptr ? std::nullopt : ditherFromRaw(*raw);
+            const std::optional<std::int64_t> raw = json::integerFrom(node);
+            return raw ? ditherFromRaw(*raw) : std::nullopt;
         });
     }
 
@@ -297,35 +272,35 @@ public:
     void readColorList(std::string_view key, std::optional<std::vector<Color>>& target) const
     {
         if (const Node* node = given(key))
-            target = readColors(alternative<Array>(key, *node), where + quotedKey(key));
+            target = readColors(alternative<Array>(key, *node), m_where + quotedKey(key));
     }
 
     void require(std::string_view key) const
     {
-        const Node* node = json::find(object, key);
+        const Node* node = json::find(m_object, key);
         if (node == nullptr)
-            throw JsonError(where + quotedKey(key) + " is missing; " + std::string(expectedFor(key)));
+            throw JsonError(m_where + quotedKey(key) + " is missing; " + std::string(expectedFor(key)));
         if (std::holds_alternative<std::nullptr_t>(node->value))
-            refuse(where + quotedKey(key), describe(*node), expectedFor(key));
+            refuse(m_where + quotedKey(key), describe(*node), expectedFor(key));
     }
 
     /// Refuses what a key holds although its type is right.
     void check(std::string_view key, bool isRight) const
     {
         if (!isRight)
-            refuse(where + quotedKey(key), describe(*given(key)), expectedFor(key));
+            refuse(m_where + quotedKey(key), describe(*given(key)), expectedFor(key));
     }
 
     /// The object that a key holds, with the prefix for messages about it.
     [[nodiscard]] Fields inner(std::string_view key) const
     {
-        return {alternative<Object>(key, *given(key)), where + quotedKey(key) + ": "};
+        return {alternative<Object>(key, *given(key)), m_where + quotedKey(key) + ": "};
     }
 
 private:
     [[nodiscard]] const Node* given(std::string_view key) const
     {
-        const Node* node = json::find(object, key);
+        const Node* node = json::find(m_object, key);
         return node == nullptr || std::holds_alternative<std::nullptr_t>(node->value) ? nullptr : node;
     }
 
@@ -334,7 +309,7 @@ private:
     {
         const auto* value = std::get_if<Alternative>(&node.value);
         if (value == nullptr)
-            refuse(where + quotedKey(key), describe(node), expectedFor(key));
+            refuse(m_where + quotedKey(key), describe(node), expectedFor(key));
         return *value;
     }
 
@@ -354,12 +329,12 @@ private:
             return;
         const auto value = convert(*node);
         if (!value)
-            refuse(where + quotedKey(key), describe(*node), expectedFor(key));
+            refuse(m_where + quotedKey(key), describe(*node), expectedFor(key));
         target = *value;
     }
 
-    const Object& object;
-    std::string where;
+    const Object& m_object;
+    std::string m_where;
 };
 
 Look readLook(const Fields& fields)
@@ -383,7 +358,7 @@ Look readLook(const Fields& fields)
     fields.readColorList("custom", look.custom);
 
     look.palette = std::max<std::int64_t>(look.palette, 0);
-    look.speed = std::max(look.speed, minSpeed);
+    look.speed = std::max(look.speed, sliderOf(&Look::speed).lower);
     return look;
 }
 
@@ -425,7 +400,7 @@ constexpr std::string_view lookRule = "a look is a JSON object";
 template<typename Entry, typename ReadEntry>
 std::vector<Entry> readEntries(std::string_view text, std::string_view rule, ReadEntry readEntry)
 {
-    const Node root = json::read(text, expectedFor);
+    const Node root = json::read(text);
     const auto& array = container<Array>(root, {}, rule);
     std::vector<Entry> entries;
     entries.reserve(array.size());
@@ -460,13 +435,13 @@ std::string encodePresets(const std::vector<Preset>& presets)
 std::string encodeColorLists(const std::vector<std::vector<Color>>& lists)
 {
     Writer writer;
-    writer.writeEntries(lists, [&writer](const std::vector<Color>& list) { writer.writeColors(list, {}); });
+    writer.writeEntries(lists, [&writer](const std::vector<Color>& list) { writer.writeColors(list); });
     return writer.takeText();
 }
 
 Look decodeLook(std::string_view json)
 {
-    const Node root = json::read(json, expectedFor);
+    const Node root = json::read(json);
     return readLook({container<Object>(root, {}, lookRule), {}});
 }
 

@@ -10,6 +10,8 @@ namespace tessel {
 
 namespace {
 
+constexpr Color rgbBits = 0xFFFFFF;
+
 /// How many palettes at the head of the table belong to no family.
 constexpr int corePaletteCount = 12;
 
@@ -70,14 +72,14 @@ Stops resolveStops(const Look& look)
     Stops stops;
     stops.count = std::max(static_cast<int>(drawn.size()), 2); // a single stop stands twice
     for (std::size_t slot = 0; slot < maxStops; ++slot)
-        stops.slot[slot] = drawn[std::min(slot, drawn.size() - 1)];
+        stops.slot[slot] = drawn[std::min(slot, drawn.size() - 1)] & rgbBits;
     return stops;
 }
 
 std::string hexText(Color color)
 {
-    std::array<char, 9> text{};
-    const int length = std::snprintf(text.data(), text.size(), "%06X", color);
+    std::array<char, 7> text{};
+    const int length = std::snprintf(text.data(), text.size(), "%06X", color & rgbBits);
     return {text.data(), static_cast<std::size_t>(length)};
 }
 

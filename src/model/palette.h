@@ -31,7 +31,8 @@ struct PaletteGroup
     std::vector<int> indices; ///< into builtInPalettes(), ascending
 };
 
-/// The stops of a look, ready to draw: `count` is 2 to 5, and a short list repeats its last stop.
+/// The stops of a look, ready to draw: `count` is 2 to 5, a short list repeats its last stop, and every top
+/// byte is zero.
 struct Stops
 {
     std::array<Color, maxStops> slot{};

@@ -8,7 +8,6 @@
 
 #include "base/identity.h"
 
-#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -33,7 +32,8 @@ namespace tessel {
 
 namespace {
 
-constexpr qsizetype maxCopies = 5;
+constexpr std::size_t maxCopies = 5;
+constexpr int copyDigits = 4; ///< at least, so that they stand in order in a list of files
 constexpr QByteArrayView byteOrderMark("\xEF\xBB\xBF");
 
 bool isLineBreak(char character)
@@ -187,15 +187,9 @@ std::optional<QByteArray> contents(QFile& file)
     return file.error() == QFileDevice::NoError ? std::optional(text) : std::nullopt;
 }
 
-/// Replaces a file whole, or leaves it as it is and returns false.
-/// \param permissions of a file that is new
-bool replace(QSaveFile& file, const QByteArray& text, std::optional<QFile::Permissions> permissions = {})
+/// Writes a text to a file that is open without a buffer.
+bool writeAll(QFileDevice& file, const QByteArray& text)
 {
-    // Not buffered: commit() pays no heed to a buffer that it could not write.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (permissions && !file.setPermissions(*permissions))
-        return false;
     // A write that falls short gives no reason, the one after it does.
     qsizetype written = 0;
     while (written < text.size()) {
@@ -204,33 +198,78 @@ bool replace(QSaveFile& file, const QByteArray& text, std::optional<QFile::Permi
             return false;
         written += step;
     }
-    return file.commit();
+    return true;
 }
 
-/// Keeps a copy of a file that holds this text; of the copies made before, the newest stay.
-/// \return why it could not be done, nothing on success
+/// Replaces a file whole, or leaves it as it is and returns false.
+bool replace(QSaveFile& file, const QByteArray& text)
+{
+    // Not buffered: commit() pays no heed to a buffer that it could not write.
+    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, text) && file.commit();
+}
+
+/// Makes a file that is not there yet, on disk and whole, or returns false.
+bool create(QFile& file, const QByteArray& text, QFile::Permissions permissions)
+{
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        return false;
+    if (file.setPermissions(permissions) && writeAll(file, text) && fdatasync(file.handle()) == 0)
+        return true;
+    // Its name becomes free again.
+    unlink(QFile::encodeName(file.fileName()).constData());
+    return false;
+}
+
+/// A copy of a settings file that is kept beside it.
+struct Copy
+{
+    QString path;
+    qint64 number = 0; ///< one more than that of the copy before
+};
+
+QString copyStem(const QString& path)
+{
+    return path + QStringLiteral(".unreadable-");
+}
+
+/// The copies of a file, the newest last; none but those that are named as ours.
+std::vector<Copy> copiesOf(const QString& path)
+{
+    std::vector<Copy> copies;
+    const QString stem = copyStem(path);
+    const QFileInfo original(path);
+    for (const QFileInfo& file : original.absoluteDir().entryInfoList(
+             {QFileInfo(stem).fileName() + QLatin1Char('*')}, QDir::Files | QDir::Hidden)) {
+        bool isNumber = false;
+        const qint64 number = file.fileName().mid(QFileInfo(stem).fileName().size()).toLongLong(&isNumber);
+        if (isNumber && number > 0)
+            copies.push_back({file.filePath(), number});
+    }
+    std::ranges::sort(copies, {}, &Copy::number);
+    return copies;
+}
+
+/// Keeps a copy of a file that holds this text; of the copies made before, the newest stay. They are
+/// numbered, since a clock may stand still or go back, and none ever takes the place of another. \return why
+/// it could not be done, nothing on success
 std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
 {
-    const QFileInfo original(path);
-    const QDir folder = original.absoluteDir();
-    const QString stem = original.fileName() + QStringLiteral(".unreadable-");
-    const QStringList before = folder.entryList({stem + QLatin1Char('*')}, QDir::Files, QDir::Name);
-    if (!before.isEmpty()) {
+    const std::vector<Copy> before = copiesOf(path);
+    if (!before.empty()) {
         // As when what comes after the copy has failed, and is tried again.
-        QFile newest(folder.filePath(before.back()));
+        QFile newest(before.back().path);
         if (contents(newest) == text)
             return std::nullopt;
     }
-    // Without colons, which not every file system takes in a name.
-    const QString time = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss.zzz'Z'"));
-    QSaveFile copy(folder.filePath(stem + time));
-    if (!replace(copy, text, original.permissions())) {
+    const qint64 number = before.empty() ? 1 : before.back().number + 1;
+    QFile copy(copyStem(path) + QStringLiteral("%1").arg(number, copyDigits, 10, QLatin1Char('0')));
+    if (!create(copy, text, QFileInfo(path).permissions())) {
         return QStringLiteral("\"%1\" holds settings that cannot be read, and a copy cannot be kept: %2")
             .arg(path, copy.errorString());
     }
     // Should one of them stay, it does no harm.
-    for (qsizetype index = 0; index + maxCopies <= before.size(); ++index)
-        QFile::remove(folder.filePath(before.at(index)));
+    for (std::size_t index = 0; index + maxCopies <= before.size(); ++index)
+        QFile::remove(before[index].path);
     return std::nullopt;
 }
 

@@ -50,7 +50,7 @@ struct WritingFailure
 /// Puts new values into a settings file, at once and whole or not at all: as long as the new file is not on
 /// disk, the old one stays. Before it replaces what nobody could read, which are the values of the keys in
 /// `unreadable` and those that run on over several lines because a quote is missing, it keeps a copy of the
-/// file beside it, "<path>.unreadable-<time>"; the newest five stay.
+/// file beside it, "<path>.unreadable-<number>"; the newest five stay.
 /// \param patience how long to wait for another program that is writing the file
 [[nodiscard]] std::optional<WritingFailure> writeSettings(const QString& path, const SettingValues& changes,
                                                           const std::set<std::string>& unreadable = {},

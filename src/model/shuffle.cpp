@@ -4,6 +4,7 @@
 #include "model/shuffle.h"
 
 #include "model/palette.h"
+#include "model/sliders.h"
 
 #include <limits>
 #include <random>
@@ -100,7 +101,7 @@ Look randomLook(const RandomSource& random, std::optional<std::string> imagePath
     look.speed = uniform(0.15F, 0.5F, random);
     look.contrast = uniform(1.0F, 1.4F, random);
     look.vignette = uniform(0.1F, 0.35F, random);
-    look.seed = static_cast<float>(random(100));
+    look.seed = static_cast<float>(random(static_cast<std::uint32_t>(sliderOf(&Look::seed).upper) + 1));
     look.invert = random(6) == 0;
 
     // One tone level for each stop, so that every colour of the palette shows.

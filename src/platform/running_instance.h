@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -27,6 +28,7 @@ Q_SIGNALS:
 };
 
 /// Takes the place of the running instance if it is free.
-[[nodiscard]] std::unique_ptr<RunningInstance> claimInstance();
+/// \param actions the names that can be asked for
+[[nodiscard]] std::unique_ptr<RunningInstance> claimInstance(const QStringList& actions);
 
 } // namespace tessel

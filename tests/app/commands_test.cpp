@@ -374,6 +374,7 @@ TEST_F(UsePhotoTest, KnowsThePhotosOfEveryLookThatCanComeBack)
                                 QStringLiteral("undone"), QStringLiteral("edited")};
     EXPECT_EQ(photosInUse(*m_store), all);
     // Presets that nobody could read may use any of them.
+    EXPECT_TRUE(m_store->saveNow());
     QFile settings(m_store.settingsFile());
     ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
     settings.write("[General]\npresets=broken\n");

@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace tessel {
 namespace {
 
@@ -130,6 +132,24 @@ TEST_F(MenuViewTest, SurvivesARowThatRemovesItself)
     change({row("a"), once});
     m_menu.actions().at(1)->trigger();
     EXPECT_THAT(texts(m_menu), ElementsAre("a"));
+}
+
+TEST_F(MenuViewTest, KeepsWhatARowRunsWhileTheRowIsReplaced)
+{
+    auto held = std::make_shared<int>();
+    bool isHeldAtEnd = false;
+    MenuRow first = row("a");
+    first.run = [this, held, &isHeldAtEnd] {
+        // What it has captured may be gone after the change.
+        bool& result = isHeldAtEnd;
+        const std::weak_ptr<int> watched = held;
+        change({row("a")});
+        result = !watched.expired();
+    };
+    held.reset();
+    change({std::move(first)});
+    m_menu.actions().constFirst()->trigger();
+    EXPECT_TRUE(isHeldAtEnd);
 }
 
 TEST_F(MenuViewTest, IsBroughtUpToDateBeforeItOpens)

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 namespace tessel {
 namespace {
@@ -67,18 +68,32 @@ protected:
     TestStore m_store;
     std::vector<std::string> m_asked;
     StatusCommands m_commands{
+        [this](Action action) { m_asked.push_back(actionName(action).toStdString()); },
         [this] { m_asked.emplace_back("save"); },
         [this](bool on) { m_asked.emplace_back(on ? "login on" : "login off"); },
         [this] { m_asked.emplace_back("updates"); },
         [this](const QString& address) { m_asked.push_back(address.toStdString()); },
-        [this] { m_asked.emplace_back("quit"); },
     };
 };
 
+TEST_F(StatusMenu, ChoosesStillOrAnimatedAlsoForTheFirstWallpaper)
+{
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Animated Wallpaper"));
+    EXPECT_TRUE(find(rows(), "Still Wallpaper").enabled);
+    find(rows(), "Still Wallpaper").run();
+    EXPECT_FALSE(m_store->motion());
+    EXPECT_FALSE(m_store->desktop());
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Still Wallpaper"));
+    m_store->shuffle();
+    EXPECT_FALSE(m_store->appliedMotion());
+    find(rows(), "Animated Wallpaper").run();
+    EXPECT_TRUE(m_store->appliedMotion());
+    EXPECT_FALSE(m_store->motion()) << "that is the editor's choice for what it applies";
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Animated Wallpaper"));
+}
+
 TEST_F(StatusMenu, AppliesPresetsWithTheirMotionAndHistory)
 {
-    find(rows(), "Animated Wallpaper").run();
-    EXPECT_FALSE(m_store->desktop()) << "nothing can move yet";
     m_store->setPresets({presetNamed("Miso"), presetNamed("Dashi")});
     showOnDesktop(lookWithSeed(1), false);
     EXPECT_THAT(titles(children("Presets")), ElementsAre("Miso", "Dashi", "-", "Save as Preset..."));
@@ -137,9 +152,30 @@ TEST_F(StatusMenu, StartsTheRest)
     find(rows(), "Check for Updates...").run();
     for (const MenuRow& page : children("Made by the Tessel Broth developers"))
         page.run();
+    find(rows(), "New Wallpaper").run();
+    find(rows(), "Previous Wallpaper").run();
     find(rows(), "Quit Tessel Broth").run();
-    EXPECT_THAT(m_asked,
-                ElementsAre("updates", "https://tesselbroth.org", "https://tesselbroth.org/source", "quit"));
+    EXPECT_THAT(m_asked, ElementsAre("updates", "https://tesselbroth.org", "https://tesselbroth.org/source",
+                                     "new-wallpaper", "previous-wallpaper", "quit"));
+    EXPECT_FALSE(find(rows(), "Previous Wallpaper").enabled);
+    showOnDesktop(lookWithSeed(1), false);
+    showOnDesktop(lookWithSeed(2), false);
+    EXPECT_TRUE(find(rows(), "Previous Wallpaper").enabled);
+}
+
+TEST_F(StatusMenu, NamesAndShortcutsOfActionsAreTheirOwn)
+{
+    std::set<QString> titles;
+    std::set<QString> shortcuts;
+    for (const QString& name : actionNames()) {
+        const std::optional<Action> action = actionNamed(name);
+        ASSERT_TRUE(action) << name.toStdString();
+        EXPECT_EQ(actionName(*action), name);
+        EXPECT_TRUE(titles.insert(actionTitle(*action)).second) << name.toStdString();
+        const QString keys = actionShortcut(*action).toString();
+        EXPECT_TRUE(keys.isEmpty() || shortcuts.insert(keys).second) << name.toStdString();
+    }
+    EXPECT_FALSE(actionNamed(QStringLiteral("boil-over")));
 }
 
 TEST_F(StatusMenu, ShowsAnyNameOnOneLine)

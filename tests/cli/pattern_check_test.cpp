@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "cli/pattern_check.h"
+#include "model/sliders.h"
 #include "support/drawing_test.h"
 
 #include <gmock/gmock.h>
@@ -38,8 +39,10 @@ TEST_P(EveryPattern, KeepsItsLimits)
 /// The corners of the sliders' ranges: nowhere is the picture blank, of one tone, or no picture at all.
 TEST_P(EveryPattern, ShowsSomethingAtEverySliderLimit)
 {
-    for (const float scale : {0.3F, 1.0F, 3.0F}) {
-        for (const float warp : {0.0F, 1.0F, 3.0F}) {
+    const Slider& scales = sliderOf(&Look::scale);
+    const Slider& warps = sliderOf(&Look::warp);
+    for (const float scale : {scales.lower, scales.initial, scales.upper}) {
+        for (const float warp : {warps.lower, warps.initial, warps.upper}) {
             for (const auto& [width, height] : {std::pair{192, 192}, {660, 1434}, {1920, 1080}}) {
                 Look look;
                 look.pattern = GetParam();

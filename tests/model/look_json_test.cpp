@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "model/json_reader.h"
 #include "model/look_json.h"
 
 #include <QString>
@@ -83,15 +84,11 @@ TEST(EncodeLook, RefusesWhatCouldNotBeReadBack)
                 StartsWith(R"("imagePath" holds "a\u0000b"; the path of a photo)"));
 
     look = {};
-    look.custom = {1, 0x1000000};
-    EXPECT_THAT(failure(encodeLook, look), StartsWith(R"("custom"[1] holds 16777216; a colour is)"));
+    look.seed = std::numeric_limits<float>::infinity();
     const std::vector<Preset> presets{{uuid, "Good", {}, false}, {uuid, "Bad", look, false}};
-    EXPECT_THAT(failure(encodePresets, presets),
-                StartsWith(R"(entry 2: "look": "custom"[1] holds 16777216)"));
+    EXPECT_THAT(failure(encodePresets, presets), StartsWith(R"(entry 2: "look": "seed" holds inf)"));
     EXPECT_THAT(failure(encodePresets, std::vector<Preset>{{"7", "", {}, false}}),
                 StartsWith(R"(entry 1: "id" holds "7"; a UUID)"));
-    EXPECT_THAT(failure(encodeColorLists, std::vector<std::vector<Color>>{{}, {0x1000000}}),
-                StartsWith("entry 2: [0] holds 16777216"));
 }
 
 TEST(DecodeLook, SuppliesTheDefaults)
@@ -103,7 +100,46 @@ TEST(DecodeLook, SuppliesTheDefaults)
                          R"("grain":null,"vignette":null,"invert":null,"seed":null,"imagePath":null,)"
                          R"("custom":null})"),
               Look());
-    EXPECT_EQ(decodeLook(R"({"Pattern":7,"later":{"speed":[1,"x",null,true]}})"), Look());
+}
+
+TEST(DecodeLook, PassesOverWhatUnknownKeysHold)
+{
+    for (const char* const value :
+         {R"({"speed":[1,"x",null,true]})", "1e999", "-1E+999", R"({"y":[0,[1e999,{"z":-1e999}]]})",
+          R"({"a":1,"\u0061":1})", R"("1e999 \" 1e999")", "-0.0", "123456789012345678901234567890"})
+        EXPECT_EQ(decodeLook(R"({"x":1e9,"Pattern":)" + std::string(value) + R"(,"Pattern":2e999})"), Look());
+    // Numbers before and after it are still told apart.
+    const Look look = decodeLook(R"({"x":[1.5,1e999,"2e999"],"scale":2.5,"x":9e999,"warp":3.5})");
+    EXPECT_EQ(look.scale, 2.5F);
+    EXPECT_EQ(look.warp, 3.5F);
+    EXPECT_EQ(lookFailure(R"({"x":[1e999,-1e999],"seed":4e999})").substr(0, 21), R"("seed" holds 4e999; a)");
+    for (const char* const wrong : {"01e999", "1.e999", "1e999.5", "-e999", "1e+", "--1e999", "1e999e1"})
+        EXPECT_THAT(lookFailure(R"({"x":)" + std::string(wrong) + "}"), StartsWith("line 1, column "))
+            << wrong;
+    EXPECT_EQ(lookFailure("{\"x\":1e9999,\n oops}"), R"(line 2, column 2: "o" cannot stand here)");
+}
+
+TEST(DecodeLook, TakesTheLastOfAKeyThatStandsTwice)
+{
+    const Look look = decodeLook(R"({"seed":"x","scale":1,"seed":1,"s\u0065ed":2})");
+    EXPECT_EQ(look.seed, 2.0F);
+    EXPECT_THAT(lookFailure(R"({"seed":1,"seed":"x"})"), StartsWith(R"("seed" holds "x"; )"));
+}
+
+TEST(DecodeLook, TakesWholeNumbersHoweverTheyAreWritten)
+{
+    for (const char* const three :
+         {"3.0", "3e0", "30e-1", "0.3E+1", "0.00003e5", "300000000000000000000e-20"})
+        EXPECT_EQ(decodeLook(R"({"pattern":)" + std::string(three) + "}").pattern, Pattern::ripple) << three;
+    const auto palette = [](const std::string& digits) {
+        return decodeLook(R"({"palette":)" + digits + "}").palette;
+    };
+    EXPECT_EQ(palette("9.223372036854775807e18"), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(palette("-9.223372036854775808e18"), 0);
+    EXPECT_EQ(palette("0e99999999999999999999"), 0);
+    EXPECT_EQ(palette("-0.0"), 0);
+    EXPECT_EQ(decodeLook(R"({"custom":[1.0,4294967295,4.294967295e9]})").custom,
+              (std::vector<Color>{1, 0xFFFFFFFF, 0xFFFFFFFF}));
 }
 
 TEST(DecodeLook, ReadsEveryKey)
@@ -153,21 +189,21 @@ TEST(DecodeLook, RoundsFloatsOnce)
 TEST(DecodeLook, NamesKeyValueAndWhatIsRight)
 {
     const std::string anyFloat = "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected";
-    const std::string anyColors =
-        "an array of colours, whole numbers from 0 to 16777215 (0xFFFFFF), is expected";
-    const std::string anyColor = "a colour is a whole number from 0 to 16777215 (0xFFFFFF)";
+    const std::string anyColors = "an array of colours, whole numbers from 0 to 4294967295, is expected";
+    const std::string anyColor = "a colour is a whole number from 0 to 4294967295";
 
     const std::vector<std::tuple<std::string, std::string, std::vector<std::string>>> wrong{
         {"pattern",
          "a whole number from 0 (Flow) to 35 (Neuro) is expected",
-         {"36", "-1", "3.0", "1e0", R"("flow")", "1e999", "256", "9223372036854775807",
-          "-9223372036854775808"}},
+         {"36", "-1", "36.0", "3.00000000000000000000001", "1e-1", R"("flow")", "1e999", "256",
+          "9223372036854775807", "-9223372036854775808"}},
         {"dither",
          "a whole number from 0 (Smooth) to 9 (Benday) is expected",
          {"10", "-1", "256", "9223372036854775807", "-9223372036854775808", "false"}},
         {"palette",
          "a whole number from 0 to 9223372036854775807 is expected",
-         {"1.5", "9223372036854775808", "18446744073709551616", "-9223372036854775809"}},
+         {"1.5", "9223372036854775808", "18446744073709551616", "-9223372036854775809", "9.3e18",
+          "1e99999999999999999999", "1e-99999999999999999999"}},
         {"pixel", anyFloat, {R"("8")"}},
         {"scale", anyFloat, {"1e39"}},
         {"warp", anyFloat, {"-3.4028236e38"}},
@@ -189,21 +225,16 @@ TEST(DecodeLook, NamesKeyValueAndWhatIsRight)
     const std::vector<std::pair<std::string, std::string>> cases{
         {R"({"levels":[5]})", R"("levels" holds an array; )" + anyFloat},
         {R"({"custom":{}})", R"("custom" holds an object; )" + anyColors},
-        {R"({"custom":[0,1,16777216]})", R"("custom"[2] holds 16777216; )" + anyColor},
+        {R"({"custom":[0,1,4294967296]})", R"("custom"[2] holds 4294967296; )" + anyColor},
         {R"({"custom":[-1]})", R"("custom"[0] holds -1; )" + anyColor},
-        {R"({"custom":[1.0]})", R"("custom"[0] holds 1.0; )" + anyColor},
+        {R"({"custom":[1.5]})", R"("custom"[0] holds 1.5; )" + anyColor},
         {R"({"custom":[0,null]})", R"("custom"[1] holds null; )" + anyColor},
-        {R"({"custom":[0,1e999]})", R"("custom"[1] holds 1e999; )" + anyColors},
-        {R"({"x":{"y":[0,[1e999]]}})", R"("x": "y"[1][0] holds 1e999; no number may be that large)"},
-        {R"({"seed":1,"scale":1,"seed":1})",
-         R"(the key "seed" stands twice in one object; each key may stand once)"},
-        {R"({"x":{"\u0061":1,"a":1}})",
-         R"("x": the key "a" stands twice in one object; each key may stand once)"},
+        {R"({"custom":[0,1e999]})", R"("custom"[1] holds 1e999; )" + anyColor},
         {"[]", "a look is a JSON object, this is an array"},
         {"null", "a look is a JSON object, this is null"},
         {"1e5", "a look is a JSON object, this is a number"},
         {"\"{}\"", "a look is a JSON object, this is a string"},
-        {"1e999", "the JSON holds 1e999; no number may be that large"},
+        {"1e999", "a look is a JSON object, this is a number"},
     };
     for (const auto& [json, message] : cases)
         EXPECT_EQ(lookFailure(json), message) << json;
@@ -224,7 +255,6 @@ TEST(DecodeLook, CutsLongValuesShortAndKeepsThemPrintable)
     EXPECT_THAT(lookFailure(R"({"palette":)" + digits + "}"),
                 StartsWith(R"("palette" holds )" + std::string(37, '1') + "...; "));
     EXPECT_LT(lookFailure(R"({"seed":)" + digits + ".5}").size(), 200U);
-    EXPECT_LT(lookFailure("{\"" + path + "\":1,\"" + path + "\":1}").size(), 400U);
 }
 
 TEST(DecodeLook, SaysWhereTheSyntaxBreaks)
@@ -315,18 +345,15 @@ TEST(DecodeLists, SayWhichEntryIsWrong)
                 StartsWith(R"(entry 2: "custom"[1] holds -1; a colour)"));
     EXPECT_THAT(failure(decodeLooks, R"([{},{"custom":[0,1e999]}])"),
                 StartsWith(R"(entry 2: "custom"[1] holds 1e999; )"));
-    EXPECT_THAT(failure(decodeLooks, R"([{},{"seed":1,"seed":2}])"),
-                StartsWith(R"(entry 2: the key "seed" stands twice)"));
     EXPECT_EQ(failure(decodeLooks, "[{},7]"), "entry 2: a look is a JSON object, this is a number");
     EXPECT_EQ(failure(decodeLooks, "{}"), "a list of looks is a JSON array, this is an object");
 
-    const std::vector<std::vector<Color>> lists{{}, {0}, {0xFFFFFF, 1, 2, 3, 4, 5, 6}};
-    EXPECT_EQ(encodeColorLists(lists), "[[],[0],[16777215,1,2,3,4,5,6]]");
+    const std::vector<std::vector<Color>> lists{{}, {0}, {0xFFFFFFFF, 1, 2, 3, 4, 5, 6}};
+    EXPECT_EQ(encodeColorLists(lists), "[[],[0],[4294967295,1,2,3,4,5,6]]");
     EXPECT_EQ(decodeColorLists(encodeColorLists(lists)), lists);
-    EXPECT_THAT(failure(decodeColorLists, "[[],[1,16777216]]"),
-                StartsWith("entry 2: [1] holds 16777216; a colour is"));
-    EXPECT_EQ(failure(decodeColorLists, "[[1e999]]"),
-              "entry 1: [0] holds 1e999; no number may be that large");
+    EXPECT_THAT(failure(decodeColorLists, "[[],[1,4294967296]]"),
+                StartsWith("entry 2: [1] holds 4294967296; a colour is"));
+    EXPECT_THAT(failure(decodeColorLists, "[[1e999]]"), StartsWith("entry 1: [0] holds 1e999; a colour is"));
     EXPECT_EQ(failure(decodeColorLists, "[[],null]"), "entry 2: a colour list is a JSON array, this is null");
     EXPECT_EQ(failure(decodeColorLists, "\"\""), "a list of colour lists is a JSON array, this is a string");
 }
@@ -352,8 +379,6 @@ TEST(DecodePresets, RequiresAllFourKeys)
                 StartsWith(R"(entry 1: "look": "scale" holds 1e39; a number)"));
     EXPECT_THAT(failure(decodePresets, presetJson(uuid, R"({"scale":1e999})")),
                 StartsWith(R"(entry 1: "look": "scale" holds 1e999; a number)"));
-    EXPECT_THAT(failure(decodePresets, presetJson(uuid, R"({"seed":1,"seed":1})")),
-                StartsWith(R"(entry 1: "look": the key "seed" stands twice)"));
     EXPECT_EQ(failure(decodePresets, R"([[]])"), "entry 1: a preset is a JSON object, this is an array");
 }
 
@@ -371,26 +396,26 @@ TEST(DecodePresets, ChecksTheId)
 class AnyLook
 {
 public:
-    explicit AnyLook(std::uint64_t seed) : engine(seed) {}
+    explicit AnyLook(std::uint64_t seed) : m_engine(seed) {}
 
     Look next()
     {
         Look look;
-        look.pattern = static_cast<Pattern>(engine() % patternCount);
-        look.palette = static_cast<std::int64_t>(engine() >> (1 + engine() % 63));
-        look.dither = static_cast<Dither>(engine() % ditherCount);
+        look.pattern = static_cast<Pattern>(m_engine() % patternCount);
+        look.palette = static_cast<std::int64_t>(m_engine() >> (1 + m_engine() % 63));
+        look.dither = static_cast<Dither>(m_engine() % ditherCount);
         for (float Look::*const field :
              {&Look::pixel, &Look::levels, &Look::scale, &Look::warp, &Look::contrast, &Look::offset,
               &Look::grain, &Look::vignette, &Look::seed})
             look.*field = finiteFloat();
         look.speed = std::max(finiteFloat(), 0.01F);
-        look.invert = engine() % 2 == 0;
-        if (engine() % 2 == 0)
+        look.invert = m_engine() % 2 == 0;
+        if (m_engine() % 2 == 0)
             look.imagePath = text(1);
-        if (engine() % 2 == 0) {
-            look.custom.emplace(engine() % 9);
+        if (m_engine() % 2 == 0) {
+            look.custom.emplace(m_engine() % 9);
             for (Color& color : *look.custom)
-                color = static_cast<Color>(engine() & 0xFFFFFFU);
+                color = static_cast<Color>(m_engine());
         }
         return look;
     }
@@ -399,21 +424,21 @@ public:
     std::string text(std::uint32_t least)
     {
         std::string result;
-        for (std::uint64_t count = engine() % 20; count > 0; --count) {
+        for (std::uint64_t count = m_engine() % 20; count > 0; --count) {
             const char32_t point = codePoint(least);
             result += QString::fromUcs4(&point, 1).toStdString();
         }
         return result;
     }
 
-    std::uint64_t draw() { return engine(); }
+    std::uint64_t draw() { return m_engine(); }
 
 private:
     float finiteFloat()
     {
         float value = std::numeric_limits<float>::infinity();
         while (!std::isfinite(value))
-            value = std::bit_cast<float>(static_cast<std::uint32_t>(engine()));
+            value = std::bit_cast<float>(static_cast<std::uint32_t>(m_engine()));
         return value;
     }
 
@@ -421,13 +446,13 @@ private:
     {
         const std::array<std::uint32_t, 5> limits{0x20, 0x80, 0x800, 0xD800, 0x110000};
         for (;;) {
-            const auto point = static_cast<char32_t>(engine() % limits.at(engine() % limits.size()));
+            const auto point = static_cast<char32_t>(m_engine() % limits.at(m_engine() % limits.size()));
             if (point >= least && (point < 0xD800 || point > 0xDFFF))
                 return point;
         }
     }
 
-    std::mt19937_64 engine;
+    std::mt19937_64 m_engine;
 };
 
 TEST(RoundTrip, AnyLookComesBackWithTheSameBits)

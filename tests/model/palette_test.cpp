@@ -93,7 +93,8 @@ TEST(ResolveStops, TakesFiveAtMostAndRepeatsTheLast)
           Case{lookWithPalette(3), 4, {0x14020F, 0x6B0F4E, 0xFF4FA3, 0xFFC2DD, 0xFFC2DD}},
           Case{lookWithStops({}), 2, {0x1B1B1F, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8, 0xE9E4D8}},
           Case{lookWithStops({7, 6, 5, 4, 3, 2, 1}), 5, {7, 6, 5, 4, 3}},
-          Case{lookWithStops({9, 1, 5}), 3, {9, 1, 5, 5, 5}}, Case{lookWithStops({8}), 2, {8, 8, 8, 8, 8}}}) {
+          Case{lookWithStops({9, 1, 5}), 3, {9, 1, 5, 5, 5}}, Case{lookWithStops({8}), 2, {8, 8, 8, 8, 8}},
+          Case{lookWithStops({0xFF123456, 0x01000000}), 2, {0x123456, 0, 0, 0, 0}}}) {
         const Stops stops = resolveStops(look);
         EXPECT_EQ(stops.count, count);
         EXPECT_EQ(stops.slot, slot);

@@ -243,10 +243,17 @@ TEST_F(SettingsFile, KeepsACopyOfWhatNobodyCouldRead)
         EXPECT_THAT(failure->message.toStdString(), HasSubstr("a copy cannot be kept"));
         EXPECT_EQ(textOf(path()), before);
     }
-    for (int value = 1; value <= 7; ++value)
+    // The copies of a file are told apart from whatever else is named alike, which stays.
+    const QString foreign = path("broth.conf.unreadable-0099.txt");
+    put(foreign, {});
+    ASSERT_TRUE(QFile::setPermissions(foreign, QFile::permissions(path())));
+    for (int value = 1; value <= 12; ++value)
         EXPECT_EQ(writeSettings(path(), {{"tea", value}}, {"tea"}), std::nullopt);
-    EXPECT_EQ(copies().size(), 5);
-    EXPECT_EQ(copies().back(), "[General]\nedge=1\ntea=6\nlook=1\n");
+    EXPECT_TRUE(QFile::remove(foreign));
+    QList<QByteArray> newest;
+    for (int value = 7; value <= 11; ++value)
+        newest.append("[General]\nedge=1\ntea=" + QByteArray::number(value) + "\nlook=1\n");
+    EXPECT_EQ(copies(), newest);
 }
 
 } // namespace

@@ -33,14 +33,6 @@ constexpr std::chrono::milliseconds patience{2000};
 /// it made it.
 constexpr std::chrono::milliseconds namelessLockAge{1000};
 
-const QStringList& actions()
-{
-    static const QStringList names{QStringLiteral("new-wallpaper"), QStringLiteral("previous-wallpaper"),
-                                   QStringLiteral("toggle-motion"), QStringLiteral("open-editor"),
-                                   QStringLiteral("quit")};
-    return names;
-}
-
 void askToComeForward(const QDBusConnection& bus)
 {
     auto question = QDBusMessage::createMethodCall(identity::id, identity::objectPath, interfaceName,
@@ -76,9 +68,11 @@ sockaddr_un socketAddress(const QString& path)
 
 } // namespace
 
-ApplicationInterface::ApplicationInterface(QDBusConnection bus, RunningInstance* instance)
+ApplicationInterface::ApplicationInterface(QDBusConnection bus, QStringList actions,
+                                           RunningInstance* instance)
     : QObject(instance)
     , m_bus(std::move(bus))
+    , m_actions(std::move(actions))
     , m_instance(instance)
 {
 }
@@ -96,20 +90,20 @@ void ApplicationInterface::Open(const QStringList& /*uris*/, const QVariantMap& 
 void ApplicationInterface::ActivateAction(const QString& name, const QVariantList& /*parameter*/,
                                           const QVariantMap& /*platformData*/, const QDBusMessage& message)
 {
-    if (actions().contains(name)) {
+    if (m_actions.contains(name)) {
         Q_EMIT m_instance->actionRequested(name);
         return;
     }
     message.setDelayedReply(true);
     m_bus.send(message.createErrorReply(QDBusError::InvalidArgs,
                                         QStringLiteral("There is no action \"%1\". The actions are %2.")
-                                            .arg(name, actions().join(QStringLiteral(", ")))));
+                                            .arg(name, m_actions.join(QStringLiteral(", ")))));
 }
 
-BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
+BusInstance::BusInstance(QDBusConnection bus, const QStringList& actions) : m_bus(std::move(bus))
 {
     // Before the name is ours, since a call may come the moment that it is.
-    auto* interface = new ApplicationInterface(m_bus, this);
+    auto* interface = new ApplicationInterface(m_bus, actions, this);
     m_bus.registerObject(identity::objectPath, interface, QDBusConnection::ExportAllSlots);
     // Neither waits in a queue for the name, nor lets another take it.
     m_isFirst = m_bus.registerService(identity::id);
@@ -179,11 +173,11 @@ void LockFileInstance::askToComeForward() const
         qWarning("Tessel Broth already runs, but does not answer.");
 }
 
-std::unique_ptr<RunningInstance> claimInstance()
+std::unique_ptr<RunningInstance> claimInstance(const QStringList& actions)
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected())
-        return std::make_unique<BusInstance>(bus);
+        return std::make_unique<BusInstance>(bus, actions);
     return std::make_unique<LockFileInstance>(lockFolder());
 }
 

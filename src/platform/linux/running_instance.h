@@ -20,7 +20,7 @@ class BusInstance : public RunningInstance
 
 public:
     /// Waits for the bus, and for up to 2 s for the instance that already runs.
-    explicit BusInstance(QDBusConnection bus);
+    BusInstance(QDBusConnection bus, const QStringList& actions);
     ~BusInstance() override;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
@@ -62,7 +62,7 @@ class ApplicationInterface : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    ApplicationInterface(QDBusConnection bus, RunningInstance* instance);
+    ApplicationInterface(QDBusConnection bus, QStringList actions, RunningInstance* instance);
 
     Q_SLOT void Activate(const QVariantMap& platformData);
     /// We open no files: the user has only started the program in another way.
@@ -72,6 +72,7 @@ public:
 
 private:
     QDBusConnection m_bus;
+    const QStringList m_actions;
     RunningInstance* m_instance;
 };
 
