@@ -8,6 +8,7 @@
 #include "render/program_library.h"
 #include "render/uniforms.h"
 
+#include <array>
 #include <map>
 #include <optional>
 
@@ -60,6 +61,14 @@ private:
     std::map<Key, CellTextures> m_entries;
 };
 
+/// A row of colours of one look, and the look that it was drawn for.
+struct ColorRow
+{
+    GlTexture texture;
+    GlFramebuffer target;
+    std::optional<LookBlock> look;
+};
+
 /// Draws frames with whatever context is current: at first use with the programs and caches it needs, then
 /// without allocating anything as long as the looks and sizes stay. It must be made and destroyed with a
 /// context of the same share group current.
@@ -105,13 +114,13 @@ private:
     void begin();
     void end();
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
-    [[nodiscard]] const CellTextures*
-    encodeGrid(const Frame& frame, CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize));
+    template<typename DrawGrid>
+    [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame, DrawGrid drawGrid);
     CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
               float extentY, RowOrder rows, int firstRow = 0);
     CellTextures* drawCells(const Pass& pass, GridSize grid);
-    void drawRamp(const Pass& pass);
+    void prepareColors(const Pass& pass);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
     static void restrictTo(const Target& target, GridSize grid, float cell);
     void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);
@@ -125,8 +134,8 @@ private:
     GlTexture m_placeholder;
     GlTexture m_blueNoise;
     GlTexture m_glyphs;
-    GlTexture m_ramp;
-    GlFramebuffer m_rampTarget;
+    std::array<ColorRow, 2> m_ramps; ///< by slot, as are the steps
+    std::array<ColorRow, 2> m_steps;
     GlTexture m_small;
     GlFramebuffer m_smallTarget;
 };

@@ -35,7 +35,7 @@ void bindSamplers(GLuint program)
         {"uField", TextureUnit::field}, {"uGlyphs", TextureUnit::glyphs},
         {"uLower", TextureUnit::lower}, {"uUpper", TextureUnit::upper},
         {"uPhoto", TextureUnit::photo}, {"uBlueNoise", TextureUnit::blueNoise},
-        {"uRamp", TextureUnit::ramp},
+        {"uRamp", TextureUnit::ramp},   {"uSteps", TextureUnit::steps},
     };
     glUseProgram(program);
     for (const auto& [name, unit] : samplers)
@@ -128,6 +128,11 @@ const Program& ProgramLibrary::ramp()
     return find(rampKey(), [&] { return shaders::ramp(m_dialect); });
 }
 
+const Program& ProgramLibrary::steps()
+{
+    return find(stepsKey(), [&] { return shaders::steps(m_dialect); });
+}
+
 const Program& ProgramLibrary::composite(Dither dither)
 {
     const Key key = compositeKey(dither);
@@ -148,6 +153,11 @@ bool ProgramLibrary::hasDirect(Pattern pattern, Dither dither) const
 bool ProgramLibrary::hasRamp() const
 {
     return m_programs.contains(rampKey());
+}
+
+bool ProgramLibrary::hasSteps() const
+{
+    return m_programs.contains(stepsKey());
 }
 
 bool ProgramLibrary::hasCells(Pattern pattern, Dither dither) const

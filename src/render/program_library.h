@@ -21,7 +21,8 @@ enum class TextureUnit : GLint
     upper,
     photo,
     blueNoise,
-    ramp
+    ramp,
+    steps
 };
 
 /// A linked program and where its uniforms are; -1 for those it does not use.
@@ -46,13 +47,15 @@ public:
     const Program& field(Pattern pattern);
     const Program& inks(Dither dither);
     const Program& ramp();
+    const Program& steps();
     const Program& composite(Dither dither);
     const Program& direct(Pattern pattern, Dither dither);
 
-    /// Whether the programs are built already: that of direct(), that of ramp(), and the three of a picture
-    /// made of cells.
+    /// Whether the programs are built already: that of direct(), those of ramp() and steps(), and the three
+    /// of a picture made of cells.
     [[nodiscard]] bool hasDirect(Pattern pattern, Dither dither) const;
     [[nodiscard]] bool hasRamp() const;
+    [[nodiscard]] bool hasSteps() const;
     [[nodiscard]] bool hasCells(Pattern pattern, Dither dither) const;
 
 private:
@@ -61,6 +64,7 @@ private:
         field,
         inks,
         ramp,
+        steps,
         composite,
         direct
     };
@@ -75,6 +79,7 @@ private:
     static Key fieldKey(Pattern pattern) { return {Kind::field, pattern, {}}; }
     static Key inksKey(Dither dither);
     static Key rampKey() { return {Kind::ramp, {}, {}}; }
+    static Key stepsKey() { return {Kind::steps, {}, {}}; }
     static Key compositeKey(Dither dither);
     static Key directKey(Pattern pattern, Dither dither) { return {Kind::direct, pattern, dither}; }
 

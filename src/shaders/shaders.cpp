@@ -62,6 +62,7 @@ std::string assemble(Dialect dialect, Stage stage, std::string_view switches,
     // Both stages share the declarations of what is hoisted; only the direction differs.
     text += stage == Stage::vertex ? "#define out_hoisted flat out\n" : "#define in_hoisted flat in\n";
     text += "const float rampLength = " + std::to_string(rampLength) + ".0;\n";
+    text += "const float maxLevels = " + std::to_string(maxLevels) + ".0;\n";
     text += switches;
     for (const std::string& file : files)
         text += readFile(file);
@@ -74,6 +75,14 @@ constexpr std::string_view inkSwitch = "#define HAS_INKS\n";
 std::string inkSwitches(Dither dither)
 {
     return std::string(inkSwitch) + (dither == Dither::ascii ? "#define GLYPH_INKS\n" : "");
+}
+
+/// Draws colours of the palette's ramp, which of them is decided by the file.
+Source colors(const std::string& file, Dialect dialect)
+{
+    static constexpr std::string_view switches = "#define HAS_STOPS\n";
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
+            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp", file})};
 }
 
 } // namespace
@@ -116,9 +125,12 @@ Source inks(Dither dither, Dialect dialect)
 
 Source ramp(Dialect dialect)
 {
-    const std::string switches = std::string(inkSwitch) + "#define RAMP_INKS\n";
-    return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
-            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp"})};
+    return colors("framp", dialect);
+}
+
+Source steps(Dialect dialect)
+{
+    return colors("fsteps", dialect);
 }
 
 Source composite(Dither dither, Dialect dialect)
