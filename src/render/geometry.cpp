@@ -3,6 +3,8 @@
 
 #include "render/geometry.h"
 
+#include "render/limits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,10 +25,10 @@ float cellSize(const Look& look, double width, double height, float reference)
     if (look.dither == Dither::smooth)
         return smoothCellSize(look.pattern);
     const auto longSide = static_cast<float>(std::max(width, height));
-    const float cell = std::max(std::round(look.pixel * longSide / reference), 1.0F);
-    if (look.dither != Dither::ascii)
-        return cell;
-    return std::max(std::round(cell * 1.6F), std::round(longSide * 9.0F / reference));
+    float cell = std::max(std::round(limits::pixel.apply(look.pixel) * longSide / reference), 1.0F);
+    if (look.dither == Dither::ascii)
+        cell = std::max(std::round(cell * 1.6F), std::round(longSide * 9.0F / reference));
+    return std::max(std::min(cell, longSide), 1.0F);
 }
 
 GridSize fieldSize(double width, double height, float cell)

@@ -62,7 +62,6 @@ std::string assemble(Dialect dialect, Stage stage, std::string_view switches,
     // Both stages share the declarations of what is hoisted; only the direction differs.
     text += stage == Stage::vertex ? "#define out_hoisted flat out\n" : "#define in_hoisted flat in\n";
     text += "const float rampLength = " + std::to_string(rampLength) + ".0;\n";
-    text += "const float maxLevels = " + std::to_string(maxLevels) + ".0;\n";
     text += switches;
     for (const std::string& file : files)
         text += readFile(file);
