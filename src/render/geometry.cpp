@@ -12,10 +12,10 @@ namespace tessel {
 
 namespace {
 
-/// Patterns made of fine lines need every pixel when they are smooth; the later, softer ones do not.
+/// Fine lines need every pixel when they are smooth; what is soft does not.
 float smoothCellSize(Pattern pattern)
 {
-    return pattern <= Pattern::weave ? 1.0F : 2.0F;
+    return entry(pattern).detail == Detail::fineLines ? 1.0F : 2.0F;
 }
 
 } // namespace

@@ -32,9 +32,7 @@ std::string readFile(const std::string& name)
 
 std::string fileOf(Pattern pattern)
 {
-    std::string name(title(pattern));
-    name.front() = static_cast<char>(name.front() - 'A' + 'a');
-    return "patterns/" + name;
+    return "patterns/" + std::string(entry(pattern).shader);
 }
 
 std::string fileOf(Dither dither)
