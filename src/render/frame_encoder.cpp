@@ -250,9 +250,9 @@ GLuint FrameEncoder::textureOf(const std::shared_ptr<const Photo>& photo) const
     return photo != nullptr ? photo->texture.name() : m_placeholder.name();
 }
 
-void FrameEncoder::begin()
+FrameEncoder::State::State(GLuint vertexArray)
 {
-    glBindVertexArray(m_vertexArray.name());
+    glBindVertexArray(vertexArray);
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_STENCIL_TEST);
     glDisable(GL_SCISSOR_TEST);
@@ -260,9 +260,10 @@ void FrameEncoder::begin()
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
-void FrameEncoder::end()
+FrameEncoder::State::~State()
 {
     setBlending(1.0F);
+    glDisable(GL_SCISSOR_TEST);
     glUseProgram(0);
     glBindVertexArray(0);
     for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::steps); ++unit)
@@ -276,13 +277,12 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
     const std::shared_ptr<const Photo> current = photoOf(frame.current);
     const std::shared_ptr<const Photo> previous = fading ? photoOf(frame.previous) : nullptr;
     const UniformBlock block = makeUniforms(frame, sizeOf(previous), sizeOf(current), m_blocks);
-    begin();
+    const State state(m_vertexArray.name());
     if (fading) {
         const UniformBlock before = withEdge(block, frame.previousEdge);
         drawPicture({before, Slot::previous, frame.previous, textureOf(previous)}, frame, target);
     }
     drawPicture({block, Slot::current, frame.current, textureOf(current)}, frame, target);
-    end();
 }
 
 template<typename DrawGrid>
@@ -291,10 +291,8 @@ const CellTextures* FrameEncoder::encodeGrid(const Frame& frame, DrawGrid drawGr
     const std::shared_ptr<const Photo> photo = photoOf(frame.current);
     const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
     const GridSize grid = fieldSize(frame.width, frame.height, cellSize(block, Slot::current));
-    begin();
-    const CellTextures* cells = drawGrid(Pass{block, Slot::current, frame.current, textureOf(photo)}, grid);
-    end();
-    return cells;
+    const State state(m_vertexArray.name());
+    return drawGrid(Pass{block, Slot::current, frame.current, textureOf(photo)}, grid);
 }
 
 const CellTextures* FrameEncoder::encodeField(const Frame& frame)

@@ -69,9 +69,13 @@ struct ColorRow
     std::optional<LookBlock> look;
 };
 
-/// Draws frames with whatever context is current: at first use with the programs and caches it needs, then
-/// without allocating anything as long as the looks and sizes stay. It must be made and destroyed with a
-/// context of the same share group current.
+/// Draws frames, at first use with the programs and caches it needs, then without allocating anything as long
+/// as the looks and sizes stay. An encoder belongs to one context, which must be current whenever it is made,
+/// used or destroyed: contexts do not share vertex arrays and framebuffers, not even those of one share
+/// group.
+///
+/// A look whose program the driver refuses is a DrawingError, whatever is asked about it; others can still be
+/// drawn.
 class FrameEncoder
 {
 public:
@@ -79,10 +83,12 @@ public:
 
     /// Draws one frame into the target, over whatever was there, and leaves the context with no program,
     /// vertex array or blending.
+    /// \throws DrawingError, the target then holding anything
     void encode(const Frame& frame, const Target& target);
 
     /// Draws only the field of the frame's current look, its sliders applied: one half float for each cell,
     /// first row on top. Returns where it is, nullptr if there is no room for it; valid until the next call.
+    /// \throws DrawingError
     const CellTextures* encodeField(const Frame& frame);
 
     /// Draws only the cells of the frame's current look, whose dither must be one that gives each cell one
@@ -90,17 +96,30 @@ public:
     const CellTextures* encodeCells(const Frame& frame);
 
     /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
+    /// \throws DrawingError where it comes upon something that was refused before
     [[nodiscard]] bool isPrepared(const Frame& frame) const;
 
     /// Draws a corner of the frame out of sight, so that whatever has to be built or loaded for it is there
     /// when it is drawn for real: drivers compile a shader as late as at its first use. Waits until that is
     /// done.
+    /// \throws DrawingError
     void prepare(const Frame& frame);
 
     [[nodiscard]] const PhotoCache& photos() const { return m_photos; }
     [[nodiscard]] PhotoCache& photos() { return m_photos; }
 
 private:
+    /// The state of the context while something is drawn; afterwards it has no program, vertex array or
+    /// blending, also where drawing has failed.
+    class State
+    {
+    public:
+        explicit State(GLuint vertexArray);
+        ~State();
+        State(const State&) = delete;
+        State& operator=(const State&) = delete;
+    };
+
     struct Pass
     {
         const UniformBlock& block;
@@ -111,8 +130,6 @@ private:
 
     [[nodiscard]] std::shared_ptr<const Photo> photoOf(const Look& look);
     [[nodiscard]] GLuint textureOf(const std::shared_ptr<const Photo>& photo) const;
-    void begin();
-    void end();
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
     template<typename DrawGrid>
     [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame, DrawGrid drawGrid);

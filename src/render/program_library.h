@@ -3,12 +3,14 @@
 
 #pragma once
 
+#include "render/drawing_error.h"
 #include "render/gl_objects.h"
 #include "shaders/shaders.h"
 
 #include <compare>
 #include <deque>
 #include <map>
+#include <string>
 
 namespace tessel {
 
@@ -38,7 +40,8 @@ struct Program
 };
 
 /// The specialised programs, each built when it is first asked for. Those of the dithers are few and small,
-/// and kept; of those of the patterns the six built last.
+/// and kept; of those of the patterns the six built last. One that the driver refuses is not tried again: it
+/// is a DrawingError each time it is asked for, and each time it is asked whether it is there.
 class ProgramLibrary
 {
 public:
@@ -53,6 +56,7 @@ public:
 
     /// Whether the programs are built already: that of direct(), those of ramp() and steps(), and the three
     /// of a picture made of cells.
+    /// \throws DrawingError where one of them has been refused
     [[nodiscard]] bool hasDirect(Pattern pattern, Dither dither) const;
     [[nodiscard]] bool hasRamp() const;
     [[nodiscard]] bool hasSteps() const;
@@ -83,15 +87,17 @@ private:
     static Key compositeKey(Dither dither);
     static Key directKey(Pattern pattern, Dither dither) { return {Kind::direct, pattern, dither}; }
 
+    static std::string describe(Key key);
     template<typename MakeSource>
     const Program& find(Key key, MakeSource makeSource);
-    template<typename MakeSource>
-    const Program& findPattern(Key key, MakeSource makeSource);
+    void rememberPattern(Key key);
+    [[nodiscard]] bool has(Key key) const;
 
     shaders::Dialect m_dialect;
     static constexpr std::size_t patternCapacity = 6; ///< a cross-fade and what is made ready for the next
     std::map<Key, Program> m_programs;
     std::deque<Key> m_patterns; ///< the programs with a pattern, oldest first
+    std::map<Key, DrawingError> m_refused;
 };
 
 } // namespace tessel
