@@ -54,6 +54,20 @@ Look decode(const std::string& origin, const std::string& text)
     }
 }
 
+Look decodeFromPng(const std::string& origin, const std::optional<std::string>& text)
+{
+    if (!text)
+        throw std::runtime_error(origin + ": holds no look; only a PNG made by tessel does");
+    return decode(origin, *text);
+}
+
+/// Whatever was read, JSON or a PNG.
+Look decodeEither(const std::string& origin, const std::string& content)
+{
+    return content.starts_with(pngSignature) ? decodeFromPng(origin, lookTextIn(content, origin))
+                                             : decode(origin, content);
+}
+
 } // namespace
 
 Look readLook(const std::string& argument)
@@ -63,19 +77,13 @@ Look readLook(const std::string& argument)
     if (isJsonText(argument))
         return decode("LOOK", argument);
     if (argument == "-")
-        return decode("standard input", readAll(std::cin));
-    const std::string content = readFile(argument);
-    if (!content.starts_with(pngSignature))
-        return decode(argument, content);
-    return readPngLook(argument);
+        return decodeEither("standard input", readAll(std::cin));
+    return decodeEither(argument, readFile(argument));
 }
 
 Look readPngLook(const std::string& fileName)
 {
-    const std::optional<std::string> text = readLookText(fileName);
-    if (!text)
-        throw std::runtime_error(fileName + ": holds no look; only a PNG made by tessel does");
-    return decode(fileName, *text);
+    return decodeFromPng(fileName, readLookText(fileName));
 }
 
 } // namespace tessel::cli

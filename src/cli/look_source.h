@@ -10,7 +10,7 @@
 namespace tessel::cli {
 
 /// The look that a LOOK argument stands for: JSON text, a JSON file, - for standard input, a PNG made by
-/// this program, or the default look when it is empty.
+/// this program, or the default look when it is empty. It is read once, so that a pipe will do.
 /// \throws std::runtime_error naming the argument and what is wrong with it
 [[nodiscard]] Look readLook(const std::string& argument);
 

@@ -22,27 +22,6 @@ constexpr double frameStep = 2.0 / 30.0;
 constexpr int blockColumns = 16;
 constexpr int blockRows = 9;
 
-/// Patterns of light on a dark ground keep to other limits of tone.
-bool isOnDark(Pattern pattern)
-{
-    switch (pattern) {
-    case Pattern::aurora:
-    case Pattern::sonar:
-    case Pattern::beams:
-    case Pattern::halo:
-    case Pattern::ribbon:
-    case Pattern::nova:
-    case Pattern::spotlight:
-    case Pattern::exposure:
-    case Pattern::planet:
-    case Pattern::orbit:
-    case Pattern::neuro:
-        return true;
-    default:
-        return false;
-    }
-}
-
 FieldRequest desktop(int seed, double time)
 {
     return {.seed = seed, .width = 1512, .height = 851, .time = time};
@@ -208,7 +187,7 @@ std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& meas
                    measures.frameChange, "at least 0.0002 is wanted, or nothing seems to move");
     limits.require(measures.seedDistance >= 0.05, "the distance of the two nearest seeds",
                    measures.seedDistance, "at least 0.05 is wanted");
-    if (isOnDark(pattern)) {
+    if (entry(pattern).ground == Ground::dark) {
         limits.require(measures.leastDark >= 0.45, "the least share of the darkest fifth", measures.leastDark,
                        "at least 0.45 is wanted of light on dark");
         limits.require(measures.mostDark <= 0.75, "the largest share of the darkest fifth", measures.mostDark,

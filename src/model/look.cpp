@@ -7,23 +7,16 @@ namespace tessel {
 
 namespace {
 
-constexpr std::array<std::string_view, patternCount> patternTitles{
-    "Flow",  "Mesh",      "Plasma",   "Ripple", "Aurora", "Cells", "Topo",   "Image",   "Whorl",
-    "Sonar", "Mosh",      "Weave",    "Silk",   "Metal",  "Beams", "Halo",   "Ribbon",  "Curtain",
-    "Nova",  "Spotlight", "Exposure", "Planet", "Tiles",  "Orbit", "Dawn",   "Threads", "Fold",
-    "Swell", "Smoke",     "Blobs",    "Gem",    "Fluted", "Water", "Spiral", "Dots",    "Neuro"};
-
 constexpr std::array<std::string_view, ditherCount> ditherTitles{
     "Smooth", "Poster", "Bayer 4", "Bayer 8", "Noise", "Halftone", "Lines", "Diamond", "ASCII", "Benday"};
 
 constexpr std::array<std::string_view, 2> edgeTitles{"Left", "Right"};
 
-template<typename Enum, std::size_t count>
-constexpr std::array<Enum, count> inRawOrder()
+constexpr std::array<Dither, ditherCount> dithersInRawOrder()
 {
-    std::array<Enum, count> all{};
-    for (std::size_t raw = 0; raw < count; ++raw)
-        all[raw] = static_cast<Enum>(raw);
+    std::array<Dither, ditherCount> all{};
+    for (std::size_t raw = 0; raw < all.size(); ++raw)
+        all[raw] = static_cast<Dither>(raw);
     return all;
 }
 
@@ -47,23 +40,10 @@ private:
 
 } // namespace
 
-const std::array<Pattern, patternCount>& allPatterns()
-{
-    static constexpr auto all = inRawOrder<Pattern, patternCount>();
-    return all;
-}
-
 const std::array<Dither, ditherCount>& allDithers()
 {
-    static constexpr auto all = inRawOrder<Dither, ditherCount>();
+    static constexpr auto all = dithersInRawOrder();
     return all;
-}
-
-std::optional<Pattern> patternFromRaw(std::int64_t raw)
-{
-    if (raw < 0 || raw >= patternCount)
-        return std::nullopt;
-    return static_cast<Pattern>(raw);
 }
 
 std::optional<Dither> ditherFromRaw(std::int64_t raw)
@@ -71,11 +51,6 @@ std::optional<Dither> ditherFromRaw(std::int64_t raw)
     if (raw < 0 || raw >= ditherCount)
         return std::nullopt;
     return static_cast<Dither>(raw);
-}
-
-std::string_view title(Pattern pattern)
-{
-    return patternTitles.at(static_cast<std::size_t>(pattern));
 }
 
 std::string_view title(Dither dither)

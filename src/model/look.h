@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/pattern.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -16,48 +18,6 @@ namespace tessel {
 
 /// A packed sRGB colour, 0xRRGGBB; what the top byte holds is kept but never drawn.
 using Color = std::uint32_t;
-
-/// What is drawn. The raw values are part of the file format.
-enum class Pattern : std::uint8_t
-{
-    flow,
-    mesh,
-    plasma,
-    ripple,
-    aurora,
-    cells,
-    topo,
-    image,
-    whorl,
-    sonar,
-    mosh,
-    weave,
-    silk,
-    metal,
-    beams,
-    halo,
-    ribbon,
-    curtain,
-    nova,
-    spotlight,
-    exposure,
-    planet,
-    tiles,
-    orbit,
-    dawn,
-    threads,
-    fold,
-    swell,
-    smoke,
-    blobs,
-    gem,
-    fluted,
-    water,
-    spiral,
-    dots,
-    neuro,
-};
-inline constexpr int patternCount = 36;
 
 /// How tones become palette colours. The raw values are part of the file format.
 enum class Dither : std::uint8_t
@@ -82,18 +42,13 @@ enum class Edge : std::uint8_t
     right
 };
 
-/// All patterns in raw order.
-[[nodiscard]] const std::array<Pattern, patternCount>& allPatterns();
-
 /// All dithers in raw order.
 [[nodiscard]] const std::array<Dither, ditherCount>& allDithers();
 
-/// The pattern or dither with this raw value; none outside 0-35 and 0-9.
-[[nodiscard]] std::optional<Pattern> patternFromRaw(std::int64_t raw);
+/// The dither with this raw value; none outside 0-9.
 [[nodiscard]] std::optional<Dither> ditherFromRaw(std::int64_t raw);
 
-/// The name shown to people, such as "Flow", "Bayer 8" or "Left".
-[[nodiscard]] std::string_view title(Pattern pattern);
+/// The name shown to people, such as "Bayer 8" or "Left".
 [[nodiscard]] std::string_view title(Dither dither);
 [[nodiscard]] std::string_view title(Edge edge);
 

@@ -50,6 +50,14 @@ GlTexture makeGlyphs()
     return makeTexture(maskFormat, atlas.width(), atlas.height(), atlas.constBits());
 }
 
+ColorRow makeColorRow(TextureFormat format, int length)
+{
+    ColorRow row;
+    row.texture = makeTexture(format, length, 1);
+    row.target = makeFramebuffer(row.texture);
+    return row;
+}
+
 PhotoSize sizeOf(const std::shared_ptr<const Photo>& photo)
 {
     return photo != nullptr ? photo->size : PhotoSize();
@@ -107,8 +115,8 @@ FrameEncoder::FrameEncoder(int longestScreen)
     , m_linear(makeLinearSampler())
     , m_placeholder(makeTexture(colorFormat, 1, 1))
     , m_blueNoise(makeBlueNoise())
-    , m_ramp(makeTexture(rampFormat, shaders::rampLength, 1))
-    , m_rampTarget(makeFramebuffer(m_ramp))
+    , m_ramps{makeColorRow(rampFormat, shaders::rampLength), makeColorRow(rampFormat, shaders::rampLength)}
+    , m_steps{makeColorRow(colorFormat, shaders::maxLevels), makeColorRow(colorFormat, shaders::maxLevels)}
     , m_small(makeTexture(colorFormat, smallSide, smallSide))
     , m_smallTarget(makeFramebuffer(m_small))
 {
@@ -168,12 +176,22 @@ CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
     return cells;
 }
 
-void FrameEncoder::drawRamp(const Pass& pass)
+/// Binds the colours that the look's tones become. They are drawn when the look is another than before.
+void FrameEncoder::prepareColors(const Pass& pass)
 {
-    setBlending(1.0F);
-    draw(pass, m_programs.ramp(), m_rampTarget.name(), {shaders::rampLength, 1},
-         static_cast<float>(shaders::rampLength), 1.0F, RowOrder::topFirst);
-    bind(TextureUnit::ramp, m_ramp.name());
+    const bool smooth = pass.look.dither == Dither::smooth;
+    const Program& program = smooth ? m_programs.ramp() : m_programs.steps();
+    const int length = smooth ? shaders::rampLength : shaders::maxLevels;
+    ColorRow& row = (smooth ? m_ramps : m_steps).at(static_cast<std::size_t>(pass.slot));
+    LookBlock look{};
+    std::ranges::copy(lookBlock(pass.block, pass.slot), look.begin());
+    if (row.look != look) {
+        setBlending(1.0F);
+        draw(pass, program, row.target.name(), {length, 1}, static_cast<float>(length), 1.0F,
+             RowOrder::topFirst);
+        row.look = look;
+    }
+    bind(smooth ? TextureUnit::ramp : TextureUnit::steps, row.texture.name());
 }
 
 /// Draws no more cells than a part of the picture needs, and those around it that it may look at.
@@ -197,8 +215,7 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
     const Program& program = direct ? m_programs.direct(pass.look.pattern, pass.look.dither)
                                     : m_programs.composite(pass.look.dither);
     const bool smooth = pass.look.dither == Dither::smooth;
-    if (smooth)
-        drawRamp(pass);
+    prepareColors(pass);
     if (pass.look.dither == Dither::ascii && !m_glyphs)
         m_glyphs = makeGlyphs();
     bind(TextureUnit::glyphs, m_glyphs ? m_glyphs.name() : m_placeholder.name());
@@ -233,9 +250,9 @@ GLuint FrameEncoder::textureOf(const std::shared_ptr<const Photo>& photo) const
     return photo != nullptr ? photo->texture.name() : m_placeholder.name();
 }
 
-void FrameEncoder::begin()
+FrameEncoder::State::State(GLuint vertexArray)
 {
-    glBindVertexArray(m_vertexArray.name());
+    glBindVertexArray(vertexArray);
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_STENCIL_TEST);
     glDisable(GL_SCISSOR_TEST);
@@ -243,12 +260,13 @@ void FrameEncoder::begin()
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
-void FrameEncoder::end()
+FrameEncoder::State::~State()
 {
     setBlending(1.0F);
+    glDisable(GL_SCISSOR_TEST);
     glUseProgram(0);
     glBindVertexArray(0);
-    for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::ramp); ++unit)
+    for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::steps); ++unit)
         glBindSampler(unit, 0);
     glActiveTexture(GL_TEXTURE0);
 }
@@ -259,43 +277,42 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
     const std::shared_ptr<const Photo> current = photoOf(frame.current);
     const std::shared_ptr<const Photo> previous = fading ? photoOf(frame.previous) : nullptr;
     const UniformBlock block = makeUniforms(frame, sizeOf(previous), sizeOf(current), m_blocks);
-    begin();
+    const State state(m_vertexArray.name());
     if (fading) {
         const UniformBlock before = withEdge(block, frame.previousEdge);
         drawPicture({before, Slot::previous, frame.previous, textureOf(previous)}, frame, target);
     }
     drawPicture({block, Slot::current, frame.current, textureOf(current)}, frame, target);
-    end();
 }
 
-const CellTextures* FrameEncoder::encodeGrid(const Frame& frame,
-                                             CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize))
+template<typename DrawGrid>
+const CellTextures* FrameEncoder::encodeGrid(const Frame& frame, DrawGrid drawGrid)
 {
     const std::shared_ptr<const Photo> photo = photoOf(frame.current);
     const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
     const GridSize grid = fieldSize(frame.width, frame.height, cellSize(block, Slot::current));
-    begin();
-    const CellTextures* cells =
-        (this->*drawGrid)({block, Slot::current, frame.current, textureOf(photo)}, grid);
-    end();
-    return cells;
+    const State state(m_vertexArray.name());
+    return drawGrid(Pass{block, Slot::current, frame.current, textureOf(photo)}, grid);
 }
 
 const CellTextures* FrameEncoder::encodeField(const Frame& frame)
 {
-    return encodeGrid(frame, &FrameEncoder::drawField);
+    return encodeGrid(frame, [this](const Pass& pass, GridSize grid) { return drawField(pass, grid); });
 }
 
 const CellTextures* FrameEncoder::encodeCells(const Frame& frame)
 {
-    return encodeGrid(frame, &FrameEncoder::drawCells);
+    return encodeGrid(frame, [this](const Pass& pass, GridSize grid) {
+        prepareColors(pass);
+        return drawCells(pass, grid);
+    });
 }
 
 bool FrameEncoder::isPrepared(const Look& look, const Frame& frame) const
 {
     if (look.dither == Dither::ascii && !m_glyphs)
         return false;
-    if (look.dither == Dither::smooth && !m_programs.hasRamp())
+    if (look.dither == Dither::smooth ? !m_programs.hasRamp() : !m_programs.hasSteps())
         return false;
     if (look.pattern == Pattern::image && look.imagePath && !m_photos.holds(*look.imagePath))
         return false;

@@ -8,6 +8,7 @@
 #include "render/program_library.h"
 #include "render/uniforms.h"
 
+#include <array>
 #include <map>
 #include <optional>
 
@@ -60,9 +61,21 @@ private:
     std::map<Key, CellTextures> m_entries;
 };
 
-/// Draws frames with whatever context is current: at first use with the programs and caches it needs, then
-/// without allocating anything as long as the looks and sizes stay. It must be made and destroyed with a
-/// context of the same share group current.
+/// A row of colours of one look, and the look that it was drawn for.
+struct ColorRow
+{
+    GlTexture texture;
+    GlFramebuffer target;
+    std::optional<LookBlock> look;
+};
+
+/// Draws frames, at first use with the programs and caches it needs, then without allocating anything as long
+/// as the looks and sizes stay. An encoder belongs to one context, which must be current whenever it is made,
+/// used or destroyed: contexts do not share vertex arrays and framebuffers, not even those of one share
+/// group.
+///
+/// A look whose program the driver refuses is a DrawingError, whatever is asked about it; others can still be
+/// drawn.
 class FrameEncoder
 {
 public:
@@ -70,10 +83,12 @@ public:
 
     /// Draws one frame into the target, over whatever was there, and leaves the context with no program,
     /// vertex array or blending.
+    /// \throws DrawingError, the target then holding anything
     void encode(const Frame& frame, const Target& target);
 
     /// Draws only the field of the frame's current look, its sliders applied: one half float for each cell,
     /// first row on top. Returns where it is, nullptr if there is no room for it; valid until the next call.
+    /// \throws DrawingError
     const CellTextures* encodeField(const Frame& frame);
 
     /// Draws only the cells of the frame's current look, whose dither must be one that gives each cell one
@@ -81,17 +96,30 @@ public:
     const CellTextures* encodeCells(const Frame& frame);
 
     /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
+    /// \throws DrawingError where it comes upon something that was refused before
     [[nodiscard]] bool isPrepared(const Frame& frame) const;
 
     /// Draws a corner of the frame out of sight, so that whatever has to be built or loaded for it is there
     /// when it is drawn for real: drivers compile a shader as late as at its first use. Waits until that is
     /// done.
+    /// \throws DrawingError
     void prepare(const Frame& frame);
 
     [[nodiscard]] const PhotoCache& photos() const { return m_photos; }
     [[nodiscard]] PhotoCache& photos() { return m_photos; }
 
 private:
+    /// The state of the context while something is drawn; afterwards it has no program, vertex array or
+    /// blending, also where drawing has failed.
+    class State
+    {
+    public:
+        explicit State(GLuint vertexArray);
+        ~State();
+        State(const State&) = delete;
+        State& operator=(const State&) = delete;
+    };
+
     struct Pass
     {
         const UniformBlock& block;
@@ -102,16 +130,14 @@ private:
 
     [[nodiscard]] std::shared_ptr<const Photo> photoOf(const Look& look);
     [[nodiscard]] GLuint textureOf(const std::shared_ptr<const Photo>& photo) const;
-    void begin();
-    void end();
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
-    [[nodiscard]] const CellTextures*
-    encodeGrid(const Frame& frame, CellTextures* (FrameEncoder::*drawGrid)(const Pass&, GridSize));
+    template<typename DrawGrid>
+    [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame, DrawGrid drawGrid);
     CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
               float extentY, RowOrder rows, int firstRow = 0);
     CellTextures* drawCells(const Pass& pass, GridSize grid);
-    void drawRamp(const Pass& pass);
+    void prepareColors(const Pass& pass);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
     static void restrictTo(const Target& target, GridSize grid, float cell);
     void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);
@@ -125,8 +151,8 @@ private:
     GlTexture m_placeholder;
     GlTexture m_blueNoise;
     GlTexture m_glyphs;
-    GlTexture m_ramp;
-    GlFramebuffer m_rampTarget;
+    std::array<ColorRow, 2> m_ramps; ///< by slot, as are the steps
+    std::array<ColorRow, 2> m_steps;
     GlTexture m_small;
     GlFramebuffer m_smallTarget;
 };

@@ -3,6 +3,8 @@
 
 #include "render/geometry.h"
 
+#include "render/limits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,10 +12,10 @@ namespace tessel {
 
 namespace {
 
-/// Patterns made of fine lines need every pixel when they are smooth; the later, softer ones do not.
+/// Fine lines need every pixel when they are smooth; what is soft does not.
 float smoothCellSize(Pattern pattern)
 {
-    return pattern <= Pattern::weave ? 1.0F : 2.0F;
+    return entry(pattern).detail == Detail::fineLines ? 1.0F : 2.0F;
 }
 
 } // namespace
@@ -23,10 +25,10 @@ float cellSize(const Look& look, double width, double height, float reference)
     if (look.dither == Dither::smooth)
         return smoothCellSize(look.pattern);
     const auto longSide = static_cast<float>(std::max(width, height));
-    const float cell = std::max(std::round(look.pixel * longSide / reference), 1.0F);
-    if (look.dither != Dither::ascii)
-        return cell;
-    return std::max(std::round(cell * 1.6F), std::round(longSide * 9.0F / reference));
+    float cell = std::max(std::round(limits::pixel.apply(look.pixel) * longSide / reference), 1.0F);
+    if (look.dither == Dither::ascii)
+        cell = std::max(std::round(cell * 1.6F), std::round(longSide * 9.0F / reference));
+    return std::max(std::min(cell, longSide), 1.0F);
 }
 
 GridSize fieldSize(double width, double height, float cell)

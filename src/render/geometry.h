@@ -20,7 +20,8 @@ struct GridSize
     bool operator==(const GridSize&) const = default;
 };
 
-/// The side, in target pixels, of one cell of `look` on a target of `width` x `height` pixels; at least 1.
+/// The side, in target pixels, of one cell of `look` on a target of `width` x `height` pixels; at least 1,
+/// and no longer than the target.
 [[nodiscard]] float cellSize(const Look& look, double width, double height, float reference);
 
 /// How many cells cover the target, the last column and row cut off where they do not fit.

@@ -79,13 +79,14 @@ std::vector<Band> makeBands(int height, unsigned threads)
     return bands;
 }
 
-/// Calls work(0) to work(count - 1) at the same time and passes on what one of them throws.
+/// Calls work(0) to work(count - 1), at the same time as far as the system has threads for them and the rest
+/// on this one, and passes on what one of them throws.
 template<class Work>
 void inParallel(std::size_t count, const Work& work)
 {
     std::vector<std::future<void>> others;
     for (std::size_t i = 1; i < count; ++i)
-        others.push_back(std::async(std::launch::async, [&work, i] { work(i); }));
+        others.push_back(std::async(std::launch::async | std::launch::deferred, [&work, i] { work(i); }));
     work(0);
     for (std::future<void>& other : others)
         other.get();

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <new>
 #include <span>
@@ -191,22 +192,41 @@ struct FreeDecompressor
     }
 };
 
+/// Fills its argument as far as there are more bytes, and says how many there were.
+using ByteSource = std::function<std::size_t(std::span<std::uint8_t>)>;
+
+[[noreturn]] void failReading(int error, const fs::path& path)
+{
+    throw FileError(error == EACCES ? FileError::Code::noPermission : FileError::Code::unknown,
+                    path.string() + ": cannot be read: " + reasonFor(error, path));
+}
+
+/// Fills `bytes` as far as the file goes.
+std::size_t readUpTo(const FileDescriptor& file, std::span<std::uint8_t> bytes, const fs::path& path)
+{
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        const ssize_t got = ::read(file.get(), bytes.data() + count, bytes.size() - count);
+        if (got == 0)
+            break;
+        if (got > 0)
+            count += static_cast<std::size_t>(got);
+        else if (errno != EINTR)
+            failReading(errno, path);
+    }
+    return count;
+}
+
 /// Walks over the chunks of a PNG file in search of the look.
 class LookReader
 {
 public:
-    explicit LookReader(const fs::path& path)
-        : m_name(path)
-        , m_file(::open(path.c_str(), O_RDONLY | O_CLOEXEC))
-    {
-        if (!m_file.isOpen())
-            failReading(errno);
-    }
+    LookReader(fs::path name, ByteSource source) : m_name(std::move(name)), m_source(std::move(source)) {}
 
     std::optional<std::string> read()
     {
         std::array<std::uint8_t, 8> start{};
-        if (readUpTo(start) != start.size() || start != signature)
+        if (m_source(start) != start.size() || start != signature)
             fail("is not a PNG file");
         if (readChunk() != "IHDR")
             fail("is a damaged PNG file: it does not begin with its header");
@@ -230,31 +250,9 @@ private:
         throw FileError(FileError::Code::unknown, m_name.string() + ": " + std::string(what));
     }
 
-    [[noreturn]] void failReading(int error) const
-    {
-        throw FileError(error == EACCES ? FileError::Code::noPermission : FileError::Code::unknown,
-                        m_name.string() + ": cannot be read: " + reasonFor(error, m_name));
-    }
-
-    /// Fills `bytes` as far as the file goes.
-    [[nodiscard]] std::size_t readUpTo(std::span<std::uint8_t> bytes) const
-    {
-        std::size_t count = 0;
-        while (count < bytes.size()) {
-            const ssize_t got = ::read(m_file.get(), bytes.data() + count, bytes.size() - count);
-            if (got == 0)
-                break;
-            if (got > 0)
-                count += static_cast<std::size_t>(got);
-            else if (errno != EINTR)
-                failReading(errno);
-        }
-        return count;
-    }
-
     void readAll(std::span<std::uint8_t> bytes) const
     {
-        if (readUpTo(bytes) != bytes.size())
+        if (m_source(bytes) != bytes.size())
             fail("is a PNG file that has been cut off");
     }
 
@@ -326,7 +324,7 @@ private:
     }
 
     fs::path m_name;
-    FileDescriptor m_file;
+    ByteSource m_source;
     std::vector<std::uint8_t> m_buffer = std::vector<std::uint8_t>(std::size_t{64} << 10);
     std::string m_text;
 };
@@ -340,7 +338,23 @@ void writePng(const Picture& picture, const std::optional<std::string>& lookJson
 
 std::optional<std::string> readLookText(const fs::path& path)
 {
-    return LookReader(path).read();
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen())
+        failReading(errno, path);
+    return LookReader(path, [&](std::span<std::uint8_t> bytes) { return readUpTo(file, bytes, path); })
+        .read();
+}
+
+std::optional<std::string> lookTextIn(std::string_view png, const fs::path& name)
+{
+    return LookReader(name,
+                      [png](std::span<std::uint8_t> bytes) mutable {
+                          const std::size_t count =
+                              png.copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
+                          png.remove_prefix(count);
+                          return count;
+                      })
+        .read();
 }
 
 } // namespace tessel

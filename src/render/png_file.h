@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tessel {
 
@@ -24,5 +25,9 @@ void writePng(const Picture& picture, const std::optional<std::string>& lookJson
 /// \throws FileError for a file that cannot be read, is no PNG, is cut off or damaged, or holds a text of
 /// more than maxLookText bytes
 [[nodiscard]] std::optional<std::string> readLookText(const std::filesystem::path& path);
+
+/// The same for a PNG file that has been read already.
+/// \param name what errors call it
+[[nodiscard]] std::optional<std::string> lookTextIn(std::string_view png, const std::filesystem::path& name);
 
 } // namespace tessel

@@ -4,7 +4,6 @@
 #include "render/program_library.h"
 
 #include <array>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -12,8 +11,15 @@ namespace tessel {
 
 namespace {
 
-/// \throws std::logic_error with the driver's log: the sources travel with the program, so that a stage
-/// that does not compile is a fault of the installation.
+/// What the driver says first in its log.
+std::string firstLine(const std::array<char, 4096>& log)
+{
+    const std::string text(log.data());
+    const std::string line = text.substr(0, text.find_first_of("\r\n"));
+    return line.empty() ? "the driver gives no reason" : line;
+}
+
+/// \throws DrawingError
 GlShader compile(GLenum stage, const std::string& source)
 {
     GlShader shader(glCreateShader(stage));
@@ -26,7 +32,7 @@ GlShader compile(GLenum stage, const std::string& source)
         return shader;
     std::array<char, 4096> log{};
     glGetShaderInfoLog(shader.name(), static_cast<GLsizei>(log.size()), nullptr, log.data());
-    throw std::logic_error(std::string("a shader does not compile: ") + log.data());
+    throw DrawingError(firstLine(log));
 }
 
 void bindSamplers(GLuint program)
@@ -35,13 +41,14 @@ void bindSamplers(GLuint program)
         {"uField", TextureUnit::field}, {"uGlyphs", TextureUnit::glyphs},
         {"uLower", TextureUnit::lower}, {"uUpper", TextureUnit::upper},
         {"uPhoto", TextureUnit::photo}, {"uBlueNoise", TextureUnit::blueNoise},
-        {"uRamp", TextureUnit::ramp},
+        {"uRamp", TextureUnit::ramp},   {"uSteps", TextureUnit::steps},
     };
     glUseProgram(program);
     for (const auto& [name, unit] : samplers)
         glUniform1i(glGetUniformLocation(program, name), static_cast<GLint>(unit));
 }
 
+/// \throws DrawingError
 Program build(const shaders::Source& source)
 {
     Program program;
@@ -57,7 +64,7 @@ Program build(const shaders::Source& source)
     if (ok != GL_TRUE) {
         std::array<char, 4096> log{};
         glGetProgramInfoLog(name, static_cast<GLsizei>(log.size()), nullptr, log.data());
-        throw std::logic_error(std::string("a shader program does not link: ") + log.data());
+        throw DrawingError(firstLine(log));
     }
     bindSamplers(name);
     program.frame = glGetUniformLocation(name, "uFrame");
@@ -76,27 +83,54 @@ ProgramLibrary::ProgramLibrary()
 {
 }
 
+std::string ProgramLibrary::describe(Key key)
+{
+    const std::string pattern = "the pattern " + std::string(title(key.pattern));
+    const std::string dither = "the dither " + std::string(title(key.dither));
+    switch (key.kind) {
+    case Kind::field:
+        return pattern;
+    case Kind::direct:
+        return pattern + " with " + dither;
+    case Kind::inks:
+    case Kind::composite:
+        return dither;
+    default:
+        return "the palette";
+    }
+}
+
 template<typename MakeSource>
 const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
 {
-    const auto found = m_programs.find(key);
-    if (found != m_programs.end())
-        return found->second;
-    return m_programs.emplace(key, build(makeSource())).first->second;
+    if (has(key))
+        return m_programs.find(key)->second;
+    try {
+        Program program = build(makeSource());
+        if (key.kind == Kind::field || key.kind == Kind::direct)
+            rememberPattern(key);
+        return m_programs.emplace(key, std::move(program)).first->second;
+    } catch (const DrawingError& error) {
+        throw m_refused.emplace(key, describe(key) + " cannot be drawn: " + error.what()).first->second;
+    }
 }
 
 /// A pattern's program holds up to a megabyte of code: forgetting it costs less than keeping all of them.
-template<typename MakeSource>
-const Program& ProgramLibrary::findPattern(Key key, MakeSource makeSource)
+void ProgramLibrary::rememberPattern(Key key)
 {
-    if (!m_programs.contains(key)) {
-        if (m_patterns.size() == patternCapacity) {
-            m_programs.erase(m_patterns.front());
-            m_patterns.pop_front();
-        }
-        m_patterns.push_back(key);
+    if (m_patterns.size() == patternCapacity) {
+        m_programs.erase(m_patterns.front());
+        m_patterns.pop_front();
     }
-    return find(key, makeSource);
+    m_patterns.push_back(key);
+}
+
+bool ProgramLibrary::has(Key key) const
+{
+    const auto refused = m_refused.find(key);
+    if (refused != m_refused.end())
+        throw refused->second;
+    return m_programs.contains(key);
 }
 
 ProgramLibrary::Key ProgramLibrary::inksKey(Dither dither)
@@ -114,7 +148,7 @@ ProgramLibrary::Key ProgramLibrary::compositeKey(Dither dither)
 
 const Program& ProgramLibrary::field(Pattern pattern)
 {
-    return findPattern(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
+    return find(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
 }
 
 const Program& ProgramLibrary::inks(Dither dither)
@@ -128,6 +162,11 @@ const Program& ProgramLibrary::ramp()
     return find(rampKey(), [&] { return shaders::ramp(m_dialect); });
 }
 
+const Program& ProgramLibrary::steps()
+{
+    return find(stepsKey(), [&] { return shaders::steps(m_dialect); });
+}
+
 const Program& ProgramLibrary::composite(Dither dither)
 {
     const Key key = compositeKey(dither);
@@ -136,24 +175,27 @@ const Program& ProgramLibrary::composite(Dither dither)
 
 const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)
 {
-    return findPattern(directKey(pattern, dither),
-                       [&] { return shaders::direct(pattern, dither, m_dialect); });
+    return find(directKey(pattern, dither), [&] { return shaders::direct(pattern, dither, m_dialect); });
 }
 
 bool ProgramLibrary::hasDirect(Pattern pattern, Dither dither) const
 {
-    return m_programs.contains(directKey(pattern, dither));
+    return has(directKey(pattern, dither));
 }
 
 bool ProgramLibrary::hasRamp() const
 {
-    return m_programs.contains(rampKey());
+    return has(rampKey());
+}
+
+bool ProgramLibrary::hasSteps() const
+{
+    return has(stepsKey());
 }
 
 bool ProgramLibrary::hasCells(Pattern pattern, Dither dither) const
 {
-    return m_programs.contains(fieldKey(pattern)) && m_programs.contains(inksKey(dither)) &&
-           m_programs.contains(compositeKey(dither));
+    return has(fieldKey(pattern)) && has(inksKey(dither)) && has(compositeKey(dither));
 }
 
 } // namespace tessel

@@ -3,12 +3,14 @@
 
 #pragma once
 
+#include "render/drawing_error.h"
 #include "render/gl_objects.h"
 #include "shaders/shaders.h"
 
 #include <compare>
 #include <deque>
 #include <map>
+#include <string>
 
 namespace tessel {
 
@@ -21,7 +23,8 @@ enum class TextureUnit : GLint
     upper,
     photo,
     blueNoise,
-    ramp
+    ramp,
+    steps
 };
 
 /// A linked program and where its uniforms are; -1 for those it does not use.
@@ -37,7 +40,8 @@ struct Program
 };
 
 /// The specialised programs, each built when it is first asked for. Those of the dithers are few and small,
-/// and kept; of those of the patterns the six built last.
+/// and kept; of those of the patterns the six built last. One that the driver refuses is not tried again: it
+/// is a DrawingError each time it is asked for, and each time it is asked whether it is there.
 class ProgramLibrary
 {
 public:
@@ -46,13 +50,16 @@ public:
     const Program& field(Pattern pattern);
     const Program& inks(Dither dither);
     const Program& ramp();
+    const Program& steps();
     const Program& composite(Dither dither);
     const Program& direct(Pattern pattern, Dither dither);
 
-    /// Whether the programs are built already: that of direct(), that of ramp(), and the three of a picture
-    /// made of cells.
+    /// Whether the programs are built already: that of direct(), those of ramp() and steps(), and the three
+    /// of a picture made of cells.
+    /// \throws DrawingError where one of them has been refused
     [[nodiscard]] bool hasDirect(Pattern pattern, Dither dither) const;
     [[nodiscard]] bool hasRamp() const;
+    [[nodiscard]] bool hasSteps() const;
     [[nodiscard]] bool hasCells(Pattern pattern, Dither dither) const;
 
 private:
@@ -61,6 +68,7 @@ private:
         field,
         inks,
         ramp,
+        steps,
         composite,
         direct
     };
@@ -75,18 +83,21 @@ private:
     static Key fieldKey(Pattern pattern) { return {Kind::field, pattern, {}}; }
     static Key inksKey(Dither dither);
     static Key rampKey() { return {Kind::ramp, {}, {}}; }
+    static Key stepsKey() { return {Kind::steps, {}, {}}; }
     static Key compositeKey(Dither dither);
     static Key directKey(Pattern pattern, Dither dither) { return {Kind::direct, pattern, dither}; }
 
+    static std::string describe(Key key);
     template<typename MakeSource>
     const Program& find(Key key, MakeSource makeSource);
-    template<typename MakeSource>
-    const Program& findPattern(Key key, MakeSource makeSource);
+    void rememberPattern(Key key);
+    [[nodiscard]] bool has(Key key) const;
 
     shaders::Dialect m_dialect;
     static constexpr std::size_t patternCapacity = 6; ///< a cross-fade and what is made ready for the next
     std::map<Key, Program> m_programs;
     std::deque<Key> m_patterns; ///< the programs with a pattern, oldest first
+    std::map<Key, DrawingError> m_refused;
 };
 
 } // namespace tessel

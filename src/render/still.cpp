@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tessel {
 
@@ -84,6 +85,11 @@ bool StillDrawing::advance(FrameEncoder& encoder, StillTiming* timing)
     return m_done < m_frame.height;
 }
 
+std::optional<Picture> StillDrawing::take()
+{
+    return m_done >= m_frame.height ? std::exchange(m_picture, std::nullopt) : std::nullopt;
+}
+
 std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame, StillTiming* timing)
 {
     StillDrawing drawing(frame, frame.height);
@@ -112,13 +118,15 @@ std::vector<std::optional<Picture>> renderStills(FrameEncoder& encoder, std::spa
 {
     std::vector<std::optional<Picture>> pictures;
     pictures.reserve(looks.size());
-    for (const Look& look : looks)
-        pictures.push_back(renderStill(encoder, {.previous = look,
-                                                 .current = look,
-                                                 .width = width,
-                                                 .height = height,
-                                                 .time = time,
-                                                 .edge = edge}));
+    for (const Look& look : looks) {
+        const Frame frame{
+            .previous = look, .current = look, .width = width, .height = height, .time = time, .edge = edge};
+        try {
+            pictures.push_back(renderStill(encoder, frame));
+        } catch (const DrawingError&) {
+            pictures.emplace_back();
+        }
+    }
     return pictures;
 }
 

@@ -8,7 +8,6 @@
 
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace tessel {
@@ -34,13 +33,14 @@ public:
     /// Draws the next slice.
     /// \return whether there are more to draw; false once all is drawn, and when nothing can be, because the
     /// size is not positive or more than the GPU can draw
+    /// \throws DrawingError
     bool advance(FrameEncoder& encoder, StillTiming* timing = nullptr);
 
     /// The size of the slices to come.
     void setSliceRows(int rows);
 
-    /// The picture, once; none if it could not be drawn.
-    [[nodiscard]] std::optional<Picture> take() { return std::exchange(m_picture, std::nullopt); }
+    /// The picture, once and when all of it is drawn.
+    [[nodiscard]] std::optional<Picture> take();
 
 private:
     bool begin();
@@ -56,6 +56,7 @@ private:
 
 /// Draws one frame without any window and reads it back. None if the size is not positive or more than the
 /// GPU can draw at once.
+/// \throws DrawingError
 [[nodiscard]] std::optional<Picture> renderStill(FrameEncoder& encoder, const Frame& frame,
                                                  StillTiming* timing = nullptr);
 
@@ -67,10 +68,11 @@ struct Field
 };
 
 /// Draws the field of a frame's current look and reads it back. None if the GPU has no room for it.
+/// \throws DrawingError
 [[nodiscard]] std::optional<Field> renderField(FrameEncoder& encoder, const Frame& frame);
 
 /// The frames that show each look alone, at one size, as renderStill() draws them: one picture or none for
-/// each look, in order.
+/// each look, in order; none also for one that the driver refuses.
 [[nodiscard]] std::vector<std::optional<Picture>> renderStills(FrameEncoder& encoder,
                                                                std::span<const Look> looks, int width,
                                                                int height, double time, Edge edge);

@@ -4,6 +4,7 @@
 #include "render/uniforms.h"
 
 #include "model/palette.h"
+#include "render/limits.h"
 
 #include <algorithm>
 
@@ -31,16 +32,16 @@ LookBlock makeLookBlock(const Look& look)
     const Stops stops = resolveStops(look);
     LookBlock block{static_cast<float>(look.pattern),
                     static_cast<float>(look.dither),
-                    look.pixel,
-                    look.levels,
-                    look.scale,
-                    look.warp,
-                    look.contrast,
-                    look.offset,
-                    look.grain,
-                    look.vignette,
+                    limits::pixel.apply(look.pixel),
+                    limits::levels.apply(look.levels),
+                    limits::scale.apply(look.scale),
+                    limits::warp.apply(look.warp),
+                    limits::contrast.apply(look.contrast),
+                    drawnOffset(look.offset),
+                    limits::grain.apply(look.grain),
+                    limits::vignette.apply(look.vignette),
                     look.invert ? 1.0F : 0.0F,
-                    look.seed,
+                    look.seed + 0.0F,
                     static_cast<float>(stops.count)};
     auto out = block.begin() + 13;
     for (const Color color : stops.slot) {

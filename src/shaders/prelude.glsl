@@ -13,7 +13,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define handleOnRight (uFrame[5] > 0.5)
 #define cellSize (uSlot == 0 ? uFrame[12] : uFrame[13]) // in target pixels
 
-#define lookLevels uLook[3]
+#define lookLevels floor(uLook[3] + 0.5)
 #define lookScale uLook[4]
 #define lookWarp uLook[5]
 #define lookContrast uLook[6]
@@ -22,7 +22,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define lookVignette uLook[9]
 #define lookInvert (uLook[10] > 0.5)
 #define lookSeed uLook[11]
-#define lookStopCount clamp(uLook[12], 2.0, 5.0)
+#define lookStopCount uLook[12]
 
 const float pi = 3.14159265358979;
 const float tau = 6.28318530717959;
@@ -31,8 +31,10 @@ float saturate(float x) { return clamp(x, 0.0, 1.0); }
 vec2 saturate(vec2 x) { return clamp(x, 0.0, 1.0); }
 vec3 saturate(vec3 x) { return clamp(x, 0.0, 1.0); }
 
+vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop], uLook[15 + 3 * stop]); }
+
 /// The width of one cell in pattern coordinates: what an edge needs to be anti-aliased over.
-float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * max(lookScale, 0.01)); }
+float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * lookScale); }
 
 /// Half the extent of the picture in pattern coordinates: the picture spans -halfExtent() to halfExtent().
-vec2 halfExtent() { return frameSize / (min(uFrame[0], uFrame[1]) * max(lookScale, 0.01)); }
+vec2 halfExtent() { return frameSize / (min(uFrame[0], uFrame[1]) * lookScale); }

@@ -1,18 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The continuous ramp of a look, dark end on the left.
+// The ramp of a palette, from its first stop to its last.
 
-in_hoisted vec3 vInk[5]; // OKLab here
-in vec2 vPosition;
-out vec4 outColor;
+in_hoisted vec3 vStop[5]; // in OKLab
 
-void main()
+/// \param place 0 at the first stop, 1 at the second, and so on
+vec3 rampColor(float place)
 {
-    // The first and last texels hold the very ends, so that the sampler's edge texels are exact.
-    float tone = saturate((vPosition.x - 0.5) / (rampLength - 1.0)) * (lookStopCount - 1.0);
-    vec3 color = vInk[0];
+    vec3 color = vStop[0];
     for (int i = 0; i < 4; ++i)
-        color += (vInk[i + 1] - vInk[i]) * saturate(tone - float(i));
-    outColor = vec4(saturate(srgbFromOklab(color)), 1.0);
+        color += (vStop[i + 1] - vStop[i]) * saturate(place - float(i));
+    return saturate(srgbFromOklab(color));
 }

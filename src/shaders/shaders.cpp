@@ -32,9 +32,7 @@ std::string readFile(const std::string& name)
 
 std::string fileOf(Pattern pattern)
 {
-    std::string name(title(pattern));
-    name.front() = static_cast<char>(name.front() - 'A' + 'a');
-    return "patterns/" + name;
+    return "patterns/" + std::string(entry(pattern).shader);
 }
 
 std::string fileOf(Dither dither)
@@ -74,6 +72,14 @@ constexpr std::string_view inkSwitch = "#define HAS_INKS\n";
 std::string inkSwitches(Dither dither)
 {
     return std::string(inkSwitch) + (dither == Dither::ascii ? "#define GLYPH_INKS\n" : "");
+}
+
+/// Draws colours of the palette's ramp, which of them is decided by the file.
+Source colors(const std::string& file, Dialect dialect)
+{
+    static constexpr std::string_view switches = "#define HAS_STOPS\n";
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
+            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp", file})};
 }
 
 } // namespace
@@ -116,9 +122,12 @@ Source inks(Dither dither, Dialect dialect)
 
 Source ramp(Dialect dialect)
 {
-    const std::string switches = std::string(inkSwitch) + "#define RAMP_INKS\n";
-    return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
-            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp"})};
+    return colors("framp", dialect);
+}
+
+Source steps(Dialect dialect)
+{
+    return colors("fsteps", dialect);
 }
 
 Source composite(Dither dither, Dialect dialect)

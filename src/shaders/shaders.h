@@ -36,6 +36,9 @@ struct Source
 /// Texels of the ramp that a smooth look is coloured with.
 inline constexpr int rampLength = 512;
 
+/// The most inks that a look is drawn with.
+inline constexpr int maxLevels = 16;
+
 /// Draws the tone of every cell into a field texture.
 [[nodiscard]] Source field(Pattern pattern, Dialect dialect);
 
@@ -45,6 +48,9 @@ inline constexpr int rampLength = 512;
 
 /// Draws the ramp of a smooth look into a texture of rampLength x 1.
 [[nodiscard]] Source ramp(Dialect dialect);
+
+/// Draws the inks of a look that is not smooth into a texture of maxLevels x 1.
+[[nodiscard]] Source steps(Dialect dialect);
 
 /// Draws the picture from what the passes above have left.
 [[nodiscard]] Source composite(Dither dither, Dialect dialect);

@@ -10,7 +10,7 @@ float shapedTone(float field, vec2 screen, ivec2 cell)
     float tone = lookInvert ? 1.0 - field : field;
     tone = (tone - 0.5) * lookContrast + 0.5;
     float corner = 0.5 * dot(screen, screen);
-    tone *= 1.0 - saturate(lookVignette) * corner * (0.4 + 0.6 * corner);
+    tone *= 1.0 - lookVignette * corner * (0.4 + 0.6 * corner);
     vec2 grain = unit2(hashBits(cell + 4096));
     tone = saturate(tone + 0.6 * lookGrain * (grain.x - grain.y));
     return 1.0 - abs(1.0 - mod(tone + lookOffset, 2.0));

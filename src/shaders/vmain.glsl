@@ -18,40 +18,28 @@ out vec2 vPlace;       // the position in texture coordinates
 out_hoisted vec4 vHoisted[8];
 #endif
 
+#ifdef HAS_STOPS
+out_hoisted vec3 vStop[5]; // in OKLab
+#endif
+
 #ifdef HAS_INKS
-out_hoisted vec3 vInk[5];
-#ifndef RAMP_INKS
-out_hoisted vec2 vLevels;
+out_hoisted float vLevels;
 #endif
+
 #ifdef GLYPH_INKS
+uniform sampler2D uSteps;
 out_hoisted vec3 vGround;
-#endif
 
-vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop], uLook[15 + 3 * stop]); }
-
-#ifdef RAMP_INKS
-void prepareInks()
+vec3 darkestInk()
 {
-    for (int i = 0; i < 5; ++i)
-        vInk[i] = oklabFromSrgb(stopColor(i));
-}
-#else
-void prepareInks()
-{
-    float count = lookStopCount;
-    float levels = max(floor(lookLevels + 0.5), 2.0);
-    float inks = min(levels, count);
-    vLevels = vec2(inks, inks / levels);
-    for (int i = 0; i < 5; ++i)
-        vInk[i] = stopColor(int(floor(min(float(i), inks - 1.0) * (count - 1.0) / (inks - 1.0) + 0.5)));
-#ifdef GLYPH_INKS
     const vec3 luminance = vec3(0.2126, 0.7152, 0.0722);
-    vGround = vInk[0];
-    for (int i = 1; i < 5; ++i)
-        vGround = dot(vInk[i], luminance) < dot(vGround, luminance) ? vInk[i] : vGround;
-#endif
+    vec3 darkest = texelFetch(uSteps, ivec2(0, 0), 0).rgb;
+    for (int i = 1; i < int(lookLevels); ++i) {
+        vec3 ink = texelFetch(uSteps, ivec2(i, 0), 0).rgb;
+        darkest = dot(ink, luminance) < dot(darkest, luminance) ? ink : darkest;
+    }
+    return darkest;
 }
-#endif
 #endif
 
 void main()
@@ -69,7 +57,14 @@ void main()
     prepare(hoisted);
     vHoisted = hoisted;
 #endif
+#ifdef HAS_STOPS
+    for (int i = 0; i < 5; ++i)
+        vStop[i] = oklabFromSrgb(stopColor(i));
+#endif
 #ifdef HAS_INKS
-    prepareInks();
+    vLevels = lookLevels;
+#endif
+#ifdef GLYPH_INKS
+    vGround = darkestInk();
 #endif
 }

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace tessel {
@@ -82,6 +84,10 @@ TEST_F(TextCommands, TakesALookFromTextFileInputOrPicture)
     EXPECT_EQ(lookOf(look), lookOf(file));
     EXPECT_EQ(lookOf(look), lookOf("-", look));
     EXPECT_EQ(lookOf(look), lookOf("a.png"));
+    std::ifstream png(path("a.png"), std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(png), {}};
+    EXPECT_EQ(lookOf(look), lookOf("/dev/stdin", bytes)) << "what can be read only once";
+    EXPECT_EQ(lookOf(look), lookOf("-", bytes));
     EXPECT_EQ(run({"inspect", "--size", "64x64", "--json"}).json()["look"]["seed"], 12);
     EXPECT_THAT(run({"read", "a.png"}).out, StartsWith(R"({"pattern":2,"palette":0,"dither":3,"pixel":8,)"));
 }

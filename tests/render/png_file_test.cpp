@@ -16,10 +16,12 @@
 #include <functional>
 #include <iterator>
 #include <memory>
+#include <pthread.h>
 #include <random>
 #include <set>
 #include <string_view>
 #include <sys/stat.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -208,6 +210,40 @@ TEST(PngEncoder, MakesTheSameFileWithAnyNumberOfThreads)
         for (const unsigned threads : {2U, 3U, 8U, 1000U})
             EXPECT_EQ(encodePng(picture, std::nullopt, threads), file) << threads << " threads";
     }
+}
+
+/// As long as it lives, no thread can be made: its stack would not fit the address space.
+class NoThreads
+{
+public:
+    NoThreads()
+    {
+        pthread_getattr_default_np(&m_before);
+        pthread_attr_t attributes;
+        pthread_attr_init(&attributes);
+        pthread_attr_setstacksize(&attributes, std::size_t{1} << 62);
+        pthread_setattr_default_np(&attributes);
+        pthread_attr_destroy(&attributes);
+    }
+    ~NoThreads()
+    {
+        pthread_setattr_default_np(&m_before);
+        pthread_attr_destroy(&m_before);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+
+private:
+    pthread_attr_t m_before{};
+};
+
+TEST(PngEncoder, DoesWithoutThreadsThatCannotBeMade)
+{
+    const Picture picture = withColors(300, 128, 2000);
+    const Bytes file = encodePng(picture, std::nullopt, 1);
+    const NoThreads none;
+    EXPECT_THROW(std::thread([] {}).join(), std::system_error);
+    EXPECT_EQ(encodePng(picture, std::nullopt, 8), file);
 }
 
 TEST(PngEncoder, RefusesWhatNoPngCanHold)

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace tessel {
 namespace {
 
@@ -21,6 +23,30 @@ TEST(LookBlock, FollowsTheLayoutAndLeavesTheSpeedOut)
                                                       1,  42, 3, 1, 0,    0,    0, 1,     0,    0,
                                                       0,  1,  0, 0, 1,    0,    0, 1};
     EXPECT_THAT(makeLookBlock(look), ElementsAreArray(expected));
+}
+
+TEST(LookBlock, IsTheSameForEqualLooks)
+{
+    Look look;
+    Look negative;
+    for (const auto slider : {&Look::pixel, &Look::levels, &Look::scale, &Look::warp, &Look::contrast,
+                              &Look::offset, &Look::grain, &Look::vignette, &Look::seed}) {
+        look.*slider = 0.0F;
+        negative.*slider = -0.0F;
+    }
+    ASSERT_EQ(look, negative);
+    const LookBlock block = makeLookBlock(look);
+    const LookBlock other = makeLookBlock(negative);
+    EXPECT_EQ(std::memcmp(block.data(), other.data(), sizeof block), 0);
+}
+
+TEST(LookBlock, DropsTheTopByteOfAColour)
+{
+    Look look;
+    look.custom = {0xFF102030, 0x80405060};
+    Look opaque;
+    opaque.custom = {0x102030, 0x405060};
+    EXPECT_EQ(makeLookBlock(look), makeLookBlock(opaque));
 }
 
 TEST(LookBlock, CountsTheStopsThatAreDrawn)

@@ -8,8 +8,8 @@
 void prepare(inout vec4 k[8])
 {
     // Two balls in each vector. Zoom spreads or gathers them less than it zooms, so that they fill the frame.
-    float gather = pow(max(lookScale, 0.01), 0.2);
-    float ball = gather / max(lookScale, 0.01);
+    float gather = pow(lookScale, 0.2);
+    float ball = gather / lookScale;
     vec2 reach = gather * halfExtent();
     float start = seedRandom(40);
     float wide = 0.85 + 0.25 * seedRandom(43);

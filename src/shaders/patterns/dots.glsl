@@ -16,7 +16,7 @@ void prepare(inout vec4 k[8])
     k[3] = vec4(drop + 0.15 * loopCircle(0.09), 2.6 + 1.8 * seedRandom(9), phase);
     float wave = tau * seedRandom(11);
     vec2 along = (1.8 + 0.9 * seedRandom(12)) * vec2(cos(wave), sin(wave));
-    k[4] = vec4(along, loopAngle(0.23), sqrt(max(lookScale, 0.01)));
+    k[4] = vec4(along, loopAngle(0.23), sqrt(lookScale));
 }
 
 float swell(vec2 p, vec4 k[8])

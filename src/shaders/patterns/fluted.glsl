@@ -26,7 +26,7 @@ void prepare(inout vec4 k[8])
     k[1].w = kind < 0.3 ? 0.5 : -1.0;
     k[4] = spin(0.12);
     // What is behind is far away: it shrinks less than the zoom says.
-    k[5] = vec4(seedOffset(10), seedRandom(20) < 0.5 ? -0.18 : 0.18, pow(max(lookScale, 0.01), 0.6));
+    k[5] = vec4(seedOffset(10), seedRandom(20) < 0.5 ? -0.18 : 0.18, pow(lookScale, 0.6));
 }
 
 /// The light behind the glass.

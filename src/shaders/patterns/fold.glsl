@@ -34,7 +34,7 @@ void prepare(inout vec4 k[8])
     k[6] = vec4(seedOffset(21), 0.0, 0.0);
     float light = tau * seedRandom(40) + 0.5 * sin(loopAngle(0.11));
     // Zoomed far out the folds spread: they shrink less than the zoom says.
-    k[7] = vec4(cos(light), sin(light), sqrt(max(lookScale, 0.01)), 0.0);
+    k[7] = vec4(cos(light), sin(light), sqrt(lookScale), 0.0);
 }
 
 float pattern(vec2 p, vec4 k[8])

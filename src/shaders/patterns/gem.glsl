@@ -29,7 +29,7 @@ void prepare(inout vec4 k[8])
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     k[0].zw = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    k[1].zw = sqrt(max(lookScale, 0.01)) * inversesqrt(aspect);
+    k[1].zw = sqrt(lookScale) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
     k[2].zw = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.

@@ -21,6 +21,6 @@ float pattern(vec2 p, vec4 k[8])
     if (!photoPresent)
         return 0.85 - 0.6 * smoothstep(0.0, 1.35, length(p / halfExtent()));
     vec2 ripple = sin(p.yx * 3.1 + k[1].xy) + 0.6 * sin(p.xy * 5.3 + k[1].zw);
-    vec2 place = (p + lookWarp * 0.018 * ripple) / (halfExtent() * max(lookScale, 0.01));
+    vec2 place = (p + lookWarp * 0.018 * ripple) / (halfExtent() * lookScale);
     return texture(uPhoto, 0.5 + 0.5 * place * k[0].xy * vec2(1.0, -1.0)).r;
 }

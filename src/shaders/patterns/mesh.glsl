@@ -8,9 +8,9 @@ void prepare(inout vec4 k[8])
     // Position, tone and reach of each anchor. They stand on a loose ring with one near the middle, so that
     // no seed leaves half of the picture empty; dark and light take turns, so that every seed has both.
     // Zoom spreads or gathers them less than it zooms, or a far view would show one small patch.
-    float gather = pow(max(lookScale, 0.01), 0.25);
+    float gather = pow(lookScale, 0.25);
     vec2 reach = 0.82 * gather * halfExtent();
-    float ground = gather / max(lookScale, 0.01);
+    float ground = gather / lookScale;
     float start = seedRandom(20);
     float turn = seedRandom(21) < 0.5 ? -1.0 : 1.0;
     for (int i = 0; i < 6; ++i) {

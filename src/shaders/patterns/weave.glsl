@@ -20,7 +20,7 @@ void prepare(inout vec4 k[8])
     vec2 weave = kind < 0.28 ? vec2(2.0, 1.0) : kind < 0.68 ? vec2(4.0, 2.0) : vec2(3.0, 2.0);
     float apart = (seedRandom(11) < 0.5 ? -1.0 : 1.0) * (0.06 + 0.08 * seedRandom(14));
     k[4] = vec4(weave, 0.25 + 0.3 * seedRandom(10), apart);
-    k[5] = vec4(2.0 + floor(3.0 * seedRandom(12)), 1.5 * sqrt(max(lookScale, 0.01)), 0.0, 0.0);
+    k[5] = vec4(2.0 + floor(3.0 * seedRandom(12)), 1.5 * sqrt(lookScale), 0.0, 0.0);
 }
 
 /// The tone of a strand: that of its stripe.
