@@ -7,17 +7,15 @@
 #include "platform/linux/x11/x11_backdrop.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_desktop_icons.h"
-#include "platform/linux/x11/x11_desktop_owner.h"
 #include "platform/linux/x11/x11_shared_memory.h"
+#include "platform/linux/x11/x11_stacking.h"
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <xcb/shape.h>
 
 namespace tessel {
@@ -28,9 +26,6 @@ namespace {
 constexpr int desktopType = 0x2;
 constexpr auto typeProperty = "_q_xcb_wm_window_type";
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
-
-/// From a change of the windows' order until it is looked at: a desktop that starts makes several.
-constexpr std::chrono::milliseconds restackingPace{300};
 
 xcb_connection_t* connectionOfQt()
 {
@@ -86,6 +81,7 @@ public:
         , m_surface(screen, context.isSoftware() ? QSurface::RasterSurface : QSurface::OpenGLSurface)
         , m_window(static_cast<xcb_window_t>(m_surface.winId()))
         , m_graphics(xcb_generate_id(m_drawing))
+        , m_stacking(m_connection, m_events, m_drawing, m_window, m_place)
         , m_icons(m_window, m_place)
     {
         static constexpr std::uint32_t noExposures = 0;
@@ -95,14 +91,18 @@ public:
         waitForServer();
         if (context.isSoftware())
             leaveFramesUnsynchronized();
-        chooseEvents(m_window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_connection.get(), m_window, XCB_CW_EVENT_MASK, &events);
         m_connection.setProperty(m_window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {&everyWorkspace, 1});
         m_connection.sync();
         connect(&m_surface, &Surface::exposed, this, &DesktopWindow::exposed);
         connect(&m_events, &X11Events::received, this, &X11DesktopWindow::handle);
-        m_restacking.setSingleShot(true);
-        m_restacking.setInterval(restackingPace);
-        connect(&m_restacking, &QTimer::timeout, this, &X11DesktopWindow::checkOrder);
+        connect(&m_stacking, &X11Stacking::desktopChanged, this,
+                [this] { m_icons.watch(m_stacking.desktop(), m_behind); });
+        connect(&m_stacking, &X11Stacking::refused, this, [this] {
+            hide();
+            show();
+        });
     }
 
     ~X11DesktopWindow() override { xcb_free_gc(m_drawing, m_graphics); }
@@ -113,29 +113,16 @@ public:
     {
         if (m_surface.isVisible())
             return;
-        chooseEvents(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
-        m_below = desktopWindowAt(m_connection, m_place.center());
-        m_canBelong = canBelong();
-        m_icons.watch(m_below, m_behind);
-        // The window manager is to see this before it takes the window in. Qt takes it away again as it shows
-        // the window.
-        bindToDesktop();
+        m_stacking.prepare();
+        m_icons.watch(m_stacking.desktop(), m_behind);
         xcb_map_window(m_drawing, m_window);
         m_surface.show();
-        bindToDesktop();
-        // Above the window that a file manager draws its desktop in, but where nobody manages the windows,
-        // below all of them.
-        if (isManaged())
-            m_surface.raise();
-        else
-            m_surface.lower();
-        m_events.drain();
+        m_stacking.follow();
     }
 
     void hide() override
     {
-        m_restacking.stop();
-        chooseEvents(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
+        m_stacking.rest();
         m_surface.hide();
         m_icons.rest();
     }
@@ -144,7 +131,7 @@ public:
     {
         m_behind = file;
         if (m_surface.isVisible())
-            m_icons.watch(m_below, m_behind);
+            m_icons.watch(m_stacking.desktop(), m_behind);
     }
 
     bool makeCurrent() override
@@ -245,89 +232,11 @@ private:
             xcb_get_input_focus_reply(m_drawing, xcb_get_input_focus(m_drawing), nullptr));
     }
 
-    void chooseEvents(xcb_window_t window, std::uint32_t events)
-    {
-        xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
-        xcb_flush(m_connection.get());
-    }
-
-    /// Window managers keep a window that belongs to another above that one, even when the user clicks there.
-    void bindToDesktop()
-    {
-        if (m_below == XCB_WINDOW_NONE || !m_canBelong)
-            xcb_delete_property(m_drawing, m_window, XCB_ATOM_WM_TRANSIENT_FOR);
-        else
-            xcb_change_property(m_drawing, XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_TRANSIENT_FOR,
-                                XCB_ATOM_WINDOW, 32, 1, &m_below);
-        xcb_flush(m_drawing);
-    }
-
-    /// A desktop that was started anew covers ours. Some window managers then keep the order that windows
-    /// were shown in, whatever they are asked for.
-    void checkOrder()
-    {
-        if (!m_surface.isVisible())
-            return;
-        const xcb_window_t below = desktopWindowAt(m_connection, m_place.center());
-        if (below != std::exchange(m_below, below)) {
-            bindToDesktop();
-            m_icons.watch(m_below, m_behind);
-            m_restacking.start();
-        } else if (!isBelow(m_below)) {
-            m_refused = XCB_WINDOW_NONE;
-        } else if (std::exchange(m_refused, m_below) != m_below) {
-            hide();
-            show();
-        }
-        m_events.drain();
-    }
-
-    bool isBelow(xcb_window_t other)
-    {
-        const std::vector<xcb_window_t> fromBelow = stackedWindows(m_connection);
-        const auto own = std::ranges::find(fromBelow, m_window);
-        return std::find(own, fromBelow.end(), other) != fromBelow.end();
-    }
-
-    bool isManaged() { return manager() != XCB_WINDOW_NONE; }
-
-    /// A window of the window manager's own.
-    xcb_window_t manager()
-    {
-        const auto windows =
-            m_connection.property(m_connection.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW);
-        return windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
-    }
-
-    /// Not with KWin (5.27): it crashes when the desktop's program ends while another window belongs to its.
-    bool canBelong()
-    {
-        const xcb_window_t window = manager();
-        return window == XCB_WINDOW_NONE ||
-               m_connection.text(window, "_NET_WM_NAME", m_connection.atom("UTF8_STRING")) != "KWin";
-    }
-
     void handle(const xcb_generic_event_t& event)
     {
         const int type = event.response_type & 0x7F;
         if (type == XCB_REPARENT_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_CONFIGURE_NOTIFY)
             letClicksThrough();
-        else if (type == XCB_PROPERTY_NOTIFY && isOrder(event))
-            followOrder();
-    }
-
-    void followOrder()
-    {
-        if (!m_canBelong && m_surface.isVisible() && isBelow(m_below))
-            m_surface.raise();
-        if (!m_restacking.isActive())
-            m_restacking.start();
-    }
-
-    bool isOrder(const xcb_generic_event_t& event)
-    {
-        return reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
-               m_connection.atom("_NET_CLIENT_LIST_STACKING");
     }
 
     /// Qt makes the window itself transparent for input; the frame that the window manager has put around it
@@ -362,12 +271,9 @@ private:
     const xcb_window_t m_window;
     const xcb_gcontext_t m_graphics;
     const std::uint8_t m_depth = m_connection.screen().root_depth;
-    xcb_window_t m_below = XCB_WINDOW_NONE;   ///< in which another program draws the desktop
-    bool m_canBelong = true;                  ///< whether the window manager may know that ours belongs to it
-    xcb_window_t m_refused = XCB_WINDOW_NONE; ///< the one that ours was last shown anew to get above
+    X11Stacking m_stacking;
     X11DesktopIcons m_icons;
-    QString m_behind; ///< the file of the desktop's picture
-    QTimer m_restacking;
+    QString m_behind;                          ///< the file of the desktop's picture
     std::unique_ptr<X11SharedMemory> m_shared; ///< nullptr where the server is on another machine
     QImage m_image;                            ///< in the shared memory if there is any
 };
