@@ -40,19 +40,6 @@ std::unique_ptr<X11Connection> connectToRandr()
     return server;
 }
 
-std::vector<QRect> askForMonitors(const X11Connection& server)
-{
-    const XcbPointer<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
-        server.get(), xcb_randr_get_monitors(server.get(), server.root(), 1), nullptr));
-    std::vector<QRect> monitors;
-    if (reply == nullptr)
-        return monitors;
-    for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
-         xcb_randr_monitor_info_next(&each))
-        monitors.emplace_back(each.data->x, each.data->y, each.data->width, each.data->height);
-    return monitors;
-}
-
 /// Whether a size in pixels is what Qt makes of it: points are whole numbers, so at a fractional scale the
 /// way there and back can end beside it.
 bool isRounded(QSize pixels, QSize byQt)
@@ -146,7 +133,7 @@ std::vector<Screen> QtScreens::list() const
 void QtScreens::readMonitors()
 {
     if (m_server != nullptr)
-        m_monitors = askForMonitors(*m_server);
+        m_monitors = monitorPlaces(*m_server);
 }
 
 void QtScreens::watch(const QScreen* screen)

@@ -8,6 +8,7 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <xcb/randr.h>
 
 namespace tessel {
 
@@ -106,6 +107,60 @@ void X11Connection::sync()
 {
     const XcbPointer<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+}
+
+std::vector<QRect> monitorPlaces(const X11Connection& connection)
+{
+    // Without the extension the server would hear nothing from us any more.
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection.get(), &xcb_randr_id);
+    if (extension == nullptr || extension->present == 0)
+        return {};
+    const XcbPointer<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
+        connection.get(), xcb_randr_get_monitors(connection.get(), connection.root(), 1), nullptr));
+    std::vector<QRect> monitors;
+    if (reply != nullptr)
+        for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
+             xcb_randr_monitor_info_next(&each))
+            monitors.emplace_back(each.data->x, each.data->y, each.data->width, each.data->height);
+    return monitors;
+}
+
+std::vector<xcb_window_t> childrenOf(const X11Connection& connection, xcb_window_t window)
+{
+    const XcbPointer<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), window), nullptr));
+    if (tree == nullptr)
+        return {};
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    return {children, children + xcb_query_tree_children_length(tree.get())};
+}
+
+xcb_window_t outermost(const X11Connection& connection, xcb_window_t window)
+{
+    while (true) {
+        const XcbPointer<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), window), nullptr));
+        if (tree == nullptr || tree->parent == tree->root || tree->parent == XCB_WINDOW_NONE)
+            return window;
+        window = tree->parent;
+    }
+}
+
+std::optional<QRect> placeOf(const X11Connection& connection, xcb_window_t window)
+{
+    const auto attributesCookie = xcb_get_window_attributes(connection.get(), window);
+    const auto geometryCookie = xcb_get_geometry(connection.get(), window);
+    const auto originCookie = xcb_translate_coordinates(connection.get(), window, connection.root(), 0, 0);
+    const XcbPointer<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(connection.get(), attributesCookie, nullptr));
+    const XcbPointer<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(connection.get(), geometryCookie, nullptr));
+    const XcbPointer<xcb_translate_coordinates_reply_t> origin(
+        xcb_translate_coordinates_reply(connection.get(), originCookie, nullptr));
+    if (attributes == nullptr || geometry == nullptr || origin == nullptr ||
+        attributes->map_state == XCB_MAP_STATE_UNMAPPED || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY)
+        return std::nullopt;
+    return QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
 }
 
 X11Events::X11Events(X11Connection& connection)

@@ -4,11 +4,13 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 
 #include <cstdint>
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -73,6 +75,18 @@ private:
     const xcb_screen_t* m_screen = nullptr;
     std::map<std::string, xcb_atom_t> m_atoms;
 };
+
+/// The monitors' places among all pixels, the primary one first; none if the server cannot tell.
+[[nodiscard]] std::vector<QRect> monitorPlaces(const X11Connection& connection);
+
+/// The windows right below one, from the lowest to the uppermost.
+[[nodiscard]] std::vector<xcb_window_t> childrenOf(const X11Connection& connection, xcb_window_t window);
+
+/// The ancestor of a window, or itself, that is a child of the root.
+[[nodiscard]] xcb_window_t outermost(const X11Connection& connection, xcb_window_t window);
+
+/// Where a window can be seen among all pixels; nothing if it is not mapped or has no pixels.
+[[nodiscard]] std::optional<QRect> placeOf(const X11Connection& connection, xcb_window_t window);
 
 /// Tells an X11Connection's events as they come.
 class X11Events : public QObject

@@ -243,23 +243,10 @@ private:
     /// would catch the clicks all the same.
     void letClicksThrough()
     {
-        const xcb_window_t frame = outermost();
+        const xcb_window_t frame = outermost(m_connection, m_window);
         xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
                              XCB_CLIP_ORDERING_UNSORTED, frame, 0, 0, 0, nullptr);
         xcb_flush(m_connection.get());
-    }
-
-    /// The ancestor of the window that is a child of the root.
-    xcb_window_t outermost()
-    {
-        xcb_window_t window = m_window;
-        while (true) {
-            const XcbPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
-                m_connection.get(), xcb_query_tree(m_connection.get(), window), nullptr));
-            if (tree == nullptr || tree->parent == tree->root || tree->parent == XCB_WINDOW_NONE)
-                return window;
-            window = tree->parent;
-        }
     }
 
     const QRect m_place; ///< among the pixels of the whole desktop
