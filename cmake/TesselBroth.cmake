@@ -4,7 +4,10 @@
 # What every target of the project is compiled with: strict warnings, and the sanitizers of the preset.
 add_library(tessel_options INTERFACE)
 target_compile_options(tessel_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-    -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+    -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
+if(TESSEL_WARNINGS_AS_ERRORS)
+    target_compile_options(tessel_options INTERFACE -Werror)
+endif()
 target_compile_definitions(tessel_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
     QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(TESSEL_SANITIZE)

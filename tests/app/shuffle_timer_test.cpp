@@ -5,6 +5,7 @@
 #include "support/test_store.h"
 
 #include <QTest>
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -31,7 +32,7 @@ protected:
 
     TestStore m_store;
     FakeSession m_session;
-    QDateTime m_now = QDateTime({2026, 3, 1}, {12, 0}, Qt::UTC);
+    QDateTime m_now = QDateTime({2026, 3, 1}, {12, 0}, QTimeZone::utc());
     std::unique_ptr<ShuffleTimer> m_timer;
 };
 

@@ -16,6 +16,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <utility>
@@ -38,16 +39,39 @@ class X11WallpaperWindowTest : public testing::Test
 protected:
     X11WallpaperWindowTest()
     {
+        announce(m_server.root(), m_manager);
+        announce(m_manager, m_manager);
+        support({m_server.atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
         m_window = m_system.makeWallpaperWindow(screen, Rasterizer::software);
         m_id = static_cast<xcb_window_t>(QGuiApplication::allWindows().constLast()->winId());
+    }
+
+    xcb_window_t makeWindow()
+    {
+        const xcb_window_t window = xcb_generate_id(m_server.get());
+        xcb_create_window(m_server.get(), XCB_COPY_FROM_PARENT, window, m_server.root(), 0, 0, 1280, 800, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        return window;
+    }
+
+    /// Says in a window's property which one is the window manager's.
+    void announce(xcb_window_t window, xcb_window_t manager)
+    {
+        m_server.setProperty(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {&manager, 1});
+        m_server.sync();
+    }
+
+    /// Says what the window manager knows.
+    void support(const std::vector<std::uint32_t>& atoms)
+    {
+        m_server.setProperty(m_server.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, atoms);
+        m_server.sync();
     }
 
     /// The window in which a file manager draws the desktop.
     xcb_window_t makeDesktop()
     {
-        const xcb_window_t window = xcb_generate_id(m_server.get());
-        xcb_create_window(m_server.get(), XCB_COPY_FROM_PARENT, window, m_server.root(), 0, 0, 1280, 800, 0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        const xcb_window_t window = makeWindow();
         const std::uint32_t type = m_server.atom("_NET_WM_WINDOW_TYPE_DESKTOP");
         m_server.setProperty(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {&type, 1});
         xcb_map_window(m_server.get(), window);
@@ -70,8 +94,8 @@ protected:
     /// What of the window is not there.
     QRegion holes()
     {
-        const XcbPointer<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
-            m_server.get(), xcb_shape_get_rectangles(m_server.get(), m_id, XCB_SHAPE_SK_BOUNDING), nullptr));
+        const auto reply = readReply(xcb_shape_get_rectangles_reply, m_server.get(),
+                                     xcb_shape_get_rectangles(m_server.get(), m_id, XCB_SHAPE_SK_BOUNDING));
         QRegion missing(QRect({}, place.size()));
         const xcb_rectangle_t* first = xcb_shape_get_rectangles_rectangles(reply.get());
         for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
@@ -105,6 +129,34 @@ protected:
         return window;
     }
 
+    /// Whether the window manager is left out.
+    bool isUnmanaged()
+    {
+        const auto reply = readReply(xcb_get_window_attributes_reply, m_server.get(),
+                                     xcb_get_window_attributes(m_server.get(), m_id));
+        return reply->override_redirect != 0;
+    }
+
+    /// Whether one window lies below another in truth, whatever is told about them.
+    bool isBelow(xcb_window_t lower, xcb_window_t upper)
+    {
+        const std::vector<xcb_window_t> fromBelow = childrenOf(m_server, m_server.root());
+        return std::ranges::find(fromBelow, lower) < std::ranges::find(fromBelow, upper);
+    }
+
+    void destroy(xcb_window_t window)
+    {
+        xcb_destroy_window(m_server.get(), window);
+        m_server.sync();
+    }
+
+    void restack(xcb_window_t window, xcb_stack_mode_t to)
+    {
+        const std::uint32_t mode = to;
+        xcb_configure_window(m_server.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &mode);
+        m_server.sync();
+    }
+
     void countShowings()
     {
         static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -124,6 +176,7 @@ protected:
     VirtualDisplay m_display;
     WithApplication<QGuiApplication> m_application;
     X11Connection m_server;
+    const xcb_window_t m_manager = makeWindow();
     X11WindowSystem m_system;
     std::unique_ptr<WallpaperWindow> m_window;
     xcb_window_t m_id = XCB_WINDOW_NONE;
@@ -137,7 +190,7 @@ TEST_F(X11WallpaperWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
     m_window->show();
     EXPECT_THAT(belongsTo(), ElementsAre(desktop));
     m_window->hide();
-    stack({});
+    destroy(desktop);
     m_window->show();
     EXPECT_THAT(belongsTo(), IsEmpty()) << "nobody draws it";
 }
@@ -167,6 +220,50 @@ TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
     stack({m_id, desktop});
     settle(800ms);
     EXPECT_EQ(showings(), 2) << "down is down";
+}
+
+TEST_F(X11WallpaperWindowTest, LiesBelowAllWindowsWhereNobodyKnowsDesktops)
+{
+    const xcb_window_t other = makeWindow();
+    xcb_map_window(m_server.get(), other);
+    const auto showAnew = [&] {
+        m_window->hide();
+        m_window->show();
+        return isUnmanaged();
+    };
+    m_window->show();
+    EXPECT_FALSE(isUnmanaged());
+    EXPECT_TRUE(waitUntil([&] { return isBelow(m_id, other); })) << "nobody draws a desktop";
+
+    support({});
+    EXPECT_TRUE(waitUntil([&] { return isUnmanaged(); })) << "another manager has taken over";
+    EXPECT_TRUE(waitUntil([&] { return isBelow(m_id, other); }));
+    restack(m_id, XCB_STACK_MODE_ABOVE);
+    EXPECT_TRUE(waitUntil([&] { return isBelow(m_id, other); }));
+
+    const xcb_window_t desktop = makeDesktop();
+    restack(desktop, XCB_STACK_MODE_BELOW);
+    EXPECT_TRUE(showAnew());
+    EXPECT_TRUE(waitUntil([&] { return isBelow(desktop, m_id) && isBelow(m_id, other); }));
+    restack(m_id, XCB_STACK_MODE_BELOW);
+    EXPECT_TRUE(waitUntil([&] { return isBelow(desktop, m_id) && isBelow(m_id, other); }));
+
+    support({m_server.atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
+    EXPECT_FALSE(showAnew());
+    destroy(m_manager);
+    EXPECT_TRUE(showAnew()) << "one that was killed is no manager";
+}
+
+TEST_F(X11WallpaperWindowTest, ComesBackToItsPlace)
+{
+    m_window->show();
+    const auto isInPlace = [this] { return placeOf(m_server, m_id) == place; };
+    ASSERT_TRUE(waitUntil(isInPlace));
+    const std::array<std::uint32_t, 2> values{22, 600};
+    xcb_configure_window(m_server.get(), m_id, XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_HEIGHT, values.data());
+    m_server.sync();
+    EXPECT_FALSE(isInPlace());
+    EXPECT_TRUE(waitUntil(isInPlace));
 }
 
 TEST_F(X11WallpaperWindowTest, LeavesTheIconsOfTheDesktopFree)
@@ -222,7 +319,7 @@ TEST_F(X11WallpaperWindowTest, LeavesTheIconsOfTheDesktopFree)
     EXPECT_TRUE(waitUntil([&] { return holes() == withRims(moved); })) << "what changed while it was down";
 
     m_window->hide();
-    stack({});
+    destroy(desktop);
     m_window->show();
     EXPECT_TRUE(waitUntil([&] { return holes().isEmpty(); })) << "nobody draws the desktop any more";
 }

@@ -9,6 +9,7 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <xcb/randr.h>
 
 namespace tessel {
 
@@ -112,6 +113,13 @@ void X11Connection::setProperty(xcb_window_t window, const std::string& name, xc
                         static_cast<std::uint32_t>(items.size()), items.data());
 }
 
+void X11Connection::listenToRoot(std::uint32_t events)
+{
+    m_rootEvents |= events;
+    xcb_change_window_attributes(get(), root(), XCB_CW_EVENT_MASK, &m_rootEvents);
+    xcb_flush(get());
+}
+
 void X11Connection::put(xcb_drawable_t drawable, const QImage& picture, QPoint to)
 {
     const xcb_gcontext_t context = xcb_generate_id(get());
@@ -124,6 +132,56 @@ bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension)
 {
     const xcb_query_extension_reply_t* reply = xcb_get_extension_data(connection, &extension);
     return reply != nullptr && reply->present != 0;
+}
+
+std::vector<QRect> monitorPlaces(const X11Connection& connection)
+{
+    // Without the extension the server would hear nothing from us any more.
+    if (!hasExtension(connection.get(), xcb_randr_id))
+        return {};
+    const auto reply = readReply(xcb_randr_get_monitors_reply, connection.get(),
+                                 xcb_randr_get_monitors(connection.get(), connection.root(), 1));
+    std::vector<QRect> monitors;
+    if (reply != nullptr)
+        for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
+             xcb_randr_monitor_info_next(&each))
+            monitors.emplace_back(each.data->x, each.data->y, each.data->width, each.data->height);
+    return monitors;
+}
+
+std::vector<xcb_window_t> childrenOf(const X11Connection& connection, xcb_window_t window)
+{
+    const auto tree =
+        readReply(xcb_query_tree_reply, connection.get(), xcb_query_tree(connection.get(), window));
+    if (tree == nullptr)
+        return {};
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    return {children, children + xcb_query_tree_children_length(tree.get())};
+}
+
+xcb_window_t outermost(const X11Connection& connection, xcb_window_t window)
+{
+    while (true) {
+        const auto tree =
+            readReply(xcb_query_tree_reply, connection.get(), xcb_query_tree(connection.get(), window));
+        if (tree == nullptr || tree->parent == tree->root || tree->parent == XCB_WINDOW_NONE)
+            return window;
+        window = tree->parent;
+    }
+}
+
+std::optional<QRect> placeOf(const X11Connection& connection, xcb_window_t window)
+{
+    const auto attributesCookie = xcb_get_window_attributes(connection.get(), window);
+    const auto geometryCookie = xcb_get_geometry(connection.get(), window);
+    const auto originCookie = xcb_translate_coordinates(connection.get(), window, connection.root(), 0, 0);
+    const auto attributes = readReply(xcb_get_window_attributes_reply, connection.get(), attributesCookie);
+    const auto geometry = readReply(xcb_get_geometry_reply, connection.get(), geometryCookie);
+    const auto origin = readReply(xcb_translate_coordinates_reply, connection.get(), originCookie);
+    if (attributes == nullptr || geometry == nullptr || origin == nullptr ||
+        attributes->map_state == XCB_MAP_STATE_UNMAPPED || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY)
+        return std::nullopt;
+    return QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
 }
 
 void waitForServer(xcb_connection_t* connection)

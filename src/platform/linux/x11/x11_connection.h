@@ -4,11 +4,13 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 
 #include <cstdint>
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -82,6 +84,9 @@ public:
     void setProperty(xcb_window_t window, const std::string& name, xcb_atom_t type,
                      std::span<const std::uint32_t> items);
 
+    /// Has the root window's events told too, besides those that others have asked for.
+    void listenToRoot(std::uint32_t events);
+
     /// Copies a picture into a drawable of the screen's depth, its top left corner at `to`.
     /// \param picture Format_RGB32
     void put(xcb_drawable_t drawable, const QImage& picture, QPoint to);
@@ -100,8 +105,21 @@ private:
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     const xcb_screen_t* m_screen = nullptr; ///< of the connection's setup
     int m_screenNumber = 0;
+    std::uint32_t m_rootEvents = XCB_EVENT_MASK_NO_EVENT;
     std::map<std::string, xcb_atom_t> m_atoms;
 };
+
+/// The monitors' places among all pixels, the primary one first; none if the server cannot tell.
+[[nodiscard]] std::vector<QRect> monitorPlaces(const X11Connection& connection);
+
+/// The windows right below one, from the lowest to the uppermost.
+[[nodiscard]] std::vector<xcb_window_t> childrenOf(const X11Connection& connection, xcb_window_t window);
+
+/// The ancestor of a window, or itself, that is a child of the root.
+[[nodiscard]] xcb_window_t outermost(const X11Connection& connection, xcb_window_t window);
+
+/// Where a window can be seen among all pixels; nothing if it is not mapped or has no pixels.
+[[nodiscard]] std::optional<QRect> placeOf(const X11Connection& connection, xcb_window_t window);
 
 /// Tells an X11Connection's events as they come, also those that came while a reply was waited for.
 class X11Events : public QObject

@@ -5,8 +5,6 @@
 
 #include "platform/linux/x11/x11_connection.h"
 
-#include <QRect>
-
 #include <algorithm>
 #include <unistd.h>
 
@@ -14,17 +12,11 @@ namespace tessel {
 
 namespace {
 
-/// The windows of programs: as the window manager lists them, and those that have no frame around them.
-std::vector<xcb_window_t> windows(X11Connection& connection)
+/// The windows of programs: those that have no frame around them, then as the window manager lists them.
+std::vector<xcb_window_t> withListed(X11Connection& connection, const std::vector<xcb_window_t>& listed)
 {
-    std::vector<xcb_window_t> all =
-        connection.property(connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW);
-    const XcbPointer<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
-    if (tree != nullptr) {
-        const xcb_window_t* children = xcb_query_tree_children(tree.get());
-        all.insert(all.end(), children, children + xcb_query_tree_children_length(tree.get()));
-    }
+    std::vector<xcb_window_t> all = childrenOf(connection, connection.root());
+    all.insert(all.end(), listed.begin(), listed.end());
     return all;
 }
 
@@ -39,8 +31,7 @@ std::vector<xcb_window_t> desktopWindows(X11Connection& connection, const std::v
         cookies.push_back(xcb_get_property(connection.get(), 0, window, property, XCB_ATOM_ATOM, 0, 1));
     std::vector<xcb_window_t> found;
     for (std::size_t i = 0; i < all.size(); ++i) {
-        const XcbPointer<xcb_get_property_reply_t> reply(
-            xcb_get_property_reply(connection.get(), cookies[i], nullptr));
+        const auto reply = readReply(xcb_get_property_reply, connection.get(), cookies[i]);
         if (reply != nullptr && reply->format == 32 && reply->value_len == 1 &&
             *static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())) == desktop)
             found.push_back(all[i]);
@@ -54,29 +45,11 @@ bool isOurs(X11Connection& connection, xcb_window_t window)
     return !process.empty() && process.front() == static_cast<std::uint32_t>(getpid());
 }
 
-/// Large enough for the background of a monitor among others.
-bool isBackground(X11Connection& connection, xcb_window_t window)
+/// Whether a window is large enough for the background of a monitor.
+bool isBackground(const QRect& window, const QRect& monitor)
 {
-    const XcbPointer<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-        connection.get(), xcb_get_window_attributes(connection.get(), window), nullptr));
-    const XcbPointer<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(connection.get(), xcb_get_geometry(connection.get(), window), nullptr));
-    const XcbPointer<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(
-        connection.get(), xcb_get_geometry(connection.get(), connection.root()), nullptr));
-    return attributes != nullptr && geometry != nullptr && root != nullptr &&
-           attributes->map_state != XCB_MAP_STATE_UNMAPPED && geometry->width * 4 >= root->width &&
-           geometry->height * 4 >= root->height;
-}
-
-bool contains(X11Connection& connection, xcb_window_t window, QPoint pixel)
-{
-    const XcbPointer<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(connection.get(), xcb_get_geometry(connection.get(), window), nullptr));
-    const XcbPointer<xcb_translate_coordinates_reply_t> origin(xcb_translate_coordinates_reply(
-        connection.get(), xcb_translate_coordinates(connection.get(), window, connection.root(), 0, 0),
-        nullptr));
-    return geometry != nullptr && origin != nullptr &&
-           QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height).contains(pixel);
+    return window.contains(monitor.center()) && window.width() * 4 >= monitor.width() &&
+           window.height() * 4 >= monitor.height();
 }
 
 std::string className(X11Connection& connection, xcb_window_t window)
@@ -92,20 +65,29 @@ std::string className(X11Connection& connection, xcb_window_t window)
 
 std::optional<std::string> desktopOwner(X11Connection& connection)
 {
-    for (const xcb_window_t window : desktopWindows(connection, windows(connection)))
-        if (!isOurs(connection, window) && isBackground(connection, window))
+    std::vector<QRect> monitors = monitorPlaces(connection);
+    if (monitors.empty())
+        monitors.emplace_back(0, 0, connection.screen().width_in_pixels,
+                              connection.screen().height_in_pixels);
+    const auto listed = connection.property(connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW);
+    for (const xcb_window_t window : desktopWindows(connection, withListed(connection, listed))) {
+        const std::optional<QRect> place = placeOf(connection, window);
+        const auto isBehind = [&place](const QRect& monitor) { return isBackground(*place, monitor); };
+        if (place && !isOurs(connection, window) && std::ranges::any_of(monitors, isBehind))
             return className(connection, window);
+    }
     return std::nullopt;
 }
 
-xcb_window_t desktopWindowAt(X11Connection& connection, QPoint pixel)
+xcb_window_t desktopWindowAt(X11Connection& connection, const QRect& monitor)
 {
-    const std::vector<xcb_window_t> fromBelow = stackedWindows(connection);
     xcb_window_t uppermost = XCB_WINDOW_NONE;
-    for (const xcb_window_t window : desktopWindows(connection, fromBelow))
-        if (!isOurs(connection, window) && isBackground(connection, window) &&
-            contains(connection, window, pixel))
+    for (const xcb_window_t window :
+         desktopWindows(connection, withListed(connection, stackedWindows(connection)))) {
+        const std::optional<QRect> place = placeOf(connection, window);
+        if (place && !isOurs(connection, window) && isBackground(*place, monitor))
             uppermost = window;
+    }
     return uppermost;
 }
 

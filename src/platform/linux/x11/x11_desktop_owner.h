@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QPoint>
+#include <QRect>
 
 #include <optional>
 #include <string>
@@ -14,13 +14,14 @@ namespace tessel {
 
 class X11Connection;
 
-/// The program whose window covers the desktop below all others, by the class that the window names; none if
+/// The program whose window covers a monitor below all others, by the class that the window names; none if
 /// nobody's does. Windows of our own do not count, nor small ones such as a clock drawn on the desktop.
 [[nodiscard]] std::optional<std::string> desktopOwner(X11Connection& connection);
 
-/// The window in which such a program draws the desktop at a place; XCB_WINDOW_NONE if none does. Of several
-/// it is the uppermost.
-[[nodiscard]] xcb_window_t desktopWindowAt(X11Connection& connection, QPoint pixel);
+/// The window in which such a program draws the desktop on a monitor; XCB_WINDOW_NONE if none does. Of
+/// several it is the uppermost, and one that the window manager lists goes before one that it does not.
+/// \param monitor its place among all pixels
+[[nodiscard]] xcb_window_t desktopWindowAt(X11Connection& connection, const QRect& monitor);
 
 /// The windows that the window manager knows, from the lowest to the uppermost.
 [[nodiscard]] std::vector<xcb_window_t> stackedWindows(X11Connection& connection);

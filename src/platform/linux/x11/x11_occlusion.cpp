@@ -228,8 +228,7 @@ X11Occlusion::X11Occlusion(X11Connection& connection, X11Events& events)
     m_shapeEvent = xcb_get_extension_data(m_connection.get(), &xcb_shape_id)->first_event + XCB_SHAPE_NOTIFY;
     m_atoms = std::make_unique<X11OcclusionAtoms>(m_connection);
     // The root's structure brings the announcement of a compositing manager.
-    const std::uint32_t rootEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &rootEvents);
+    m_connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     connect(&events, &X11Events::received, this, &X11Occlusion::handle);
     refresh();
 }

@@ -16,19 +16,6 @@ namespace tessel {
 
 namespace {
 
-std::vector<QRect> askForMonitors(const X11Connection& server)
-{
-    const auto reply = readReply(xcb_randr_get_monitors_reply, server.get(),
-                                 xcb_randr_get_monitors(server.get(), server.root(), 1));
-    std::vector<QRect> monitors;
-    if (reply == nullptr)
-        return monitors;
-    for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
-         xcb_randr_monitor_info_next(&each))
-        monitors.emplace_back(each.data->x, each.data->y, each.data->width, each.data->height);
-    return monitors;
-}
-
 /// Whether a size in pixels is what Qt makes of it: points are whole numbers, so at a fractional scale the
 /// way there and back can end beside it.
 bool isRounded(QSize pixels, QSize byQt)
@@ -55,7 +42,7 @@ X11Screens::X11Screens(X11Connection& connection) : m_connection(connection)
     static_cast<void>(
         readReply(xcb_randr_query_version_reply, server, xcb_randr_query_version(server, 1, 5)));
     m_firstEvent = xcb_get_extension_data(server, &xcb_randr_id)->first_event;
-    m_monitors = askForMonitors(m_connection);
+    m_monitors = monitorPlaces(m_connection);
     qGuiApp->installNativeEventFilter(this);
 }
 
@@ -79,7 +66,7 @@ std::vector<Screen> X11Screens::list() const
 void X11Screens::update()
 {
     if (m_firstEvent)
-        m_monitors = askForMonitors(m_connection);
+        m_monitors = monitorPlaces(m_connection);
 }
 
 /// Qt, which gets these events, tells nobody that the last monitor went.

@@ -266,21 +266,8 @@ private:
     {
         xcb_connection_t* const server = m_server.connection.get();
         xcb_shape_rectangles(server, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                             outermost(), 0, 0, 0, nullptr);
+                             outermost(m_server.connection, m_window), 0, 0, 0, nullptr);
         xcb_flush(server);
-    }
-
-    /// The ancestor of the window that is a child of the root.
-    xcb_window_t outermost()
-    {
-        xcb_connection_t* const server = m_server.connection.get();
-        xcb_window_t window = m_window;
-        while (true) {
-            const auto tree = readReply(xcb_query_tree_reply, server, xcb_query_tree(server, window));
-            if (tree == nullptr || tree->parent == tree->root || tree->parent == XCB_WINDOW_NONE)
-                return window;
-            window = tree->parent;
-        }
     }
 
     const QRect m_place; ///< among the pixels of the whole desktop
