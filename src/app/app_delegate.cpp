@@ -21,10 +21,10 @@ namespace {
 
 /// The signals of what the menu shows. The edited look is not among them, which a slider changes all the
 /// time.
-constexpr std::array menuSignals{&Store::desktopChanged,        &Store::desktopHistoryChanged,
-                                 &Store::appliedMotionChanged,  &Store::presetsChanged,
-                                 &Store::shuffleMinutesChanged, &Store::edgeChanged,
-                                 &Store::handleHiddenChanged};
+constexpr std::array menuSignals{&Store::desktopChanged,       &Store::desktopHistoryChanged,
+                                 &Store::appliedMotionChanged, &Store::motionChanged,
+                                 &Store::presetsChanged,       &Store::shuffleMinutesChanged,
+                                 &Store::edgeChanged,          &Store::handleHiddenChanged};
 
 /// Damaged settings stay as they are until they are changed, so that there is nothing for the user to do.
 void reportProblems(const std::vector<SettingProblem>& problems)
@@ -160,7 +160,7 @@ void AppDelegate::perform(Action action)
         store.previousWallpaper();
         break;
     case Action::toggleMotion:
-        setDesktopMotion(store, !store.appliedMotion());
+        setDesktopMotion(store, !desktopMotion(store));
         break;
     case Action::openEditor:
         popUpMenu();

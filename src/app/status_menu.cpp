@@ -74,11 +74,8 @@ bool disturbs(QChar character)
 
 MenuRow motionRow(Store& store, const QString& id, const QString& title, bool motion)
 {
-    const bool hasLook = store.desktop().has_value();
-    MenuRow made = radioRow(id, title, QStringLiteral("motion"), hasLook && store.appliedMotion() == motion,
-                            [&store, motion] { setDesktopMotion(store, motion); });
-    made.enabled = hasLook;
-    return made;
+    return radioRow(id, title, QStringLiteral("motion"), desktopMotion(store) == motion,
+                    [&store, motion] { setDesktopMotion(store, motion); });
 }
 
 MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint64 minutes)
@@ -177,10 +174,17 @@ std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveA
     return rows;
 }
 
+bool desktopMotion(const Store& store)
+{
+    return store.desktop() ? store.appliedMotion() : store.motion();
+}
+
 void setDesktopMotion(Store& store, bool motion)
 {
     if (store.desktop())
         store.applyToDesktop(*store.desktop(), RecordHistory::no, motion, ContinueFromEditor::no);
+    else
+        store.setMotion(motion);
 }
 
 QString menuTitle(const Preset& preset)

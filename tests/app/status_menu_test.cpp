@@ -76,10 +76,24 @@ protected:
     };
 };
 
+TEST_F(StatusMenu, ChoosesStillOrAnimatedAlsoForTheFirstWallpaper)
+{
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Animated Wallpaper"));
+    EXPECT_TRUE(find(rows(), "Still Wallpaper").enabled);
+    find(rows(), "Still Wallpaper").run();
+    EXPECT_FALSE(m_store->motion());
+    EXPECT_FALSE(m_store->desktop());
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Still Wallpaper"));
+    m_store->shuffle();
+    EXPECT_FALSE(m_store->appliedMotion());
+    find(rows(), "Animated Wallpaper").run();
+    EXPECT_TRUE(m_store->appliedMotion());
+    EXPECT_FALSE(m_store->motion()) << "that is the editor's choice for what it applies";
+    EXPECT_THAT(checkedTitles(rows()), ElementsAre("Animated Wallpaper"));
+}
+
 TEST_F(StatusMenu, AppliesPresetsWithTheirMotionAndHistory)
 {
-    find(rows(), "Animated Wallpaper").run();
-    EXPECT_FALSE(m_store->desktop()) << "nothing can move yet";
     m_store->setPresets({presetNamed("Miso"), presetNamed("Dashi")});
     showOnDesktop(lookWithSeed(1), false);
     EXPECT_THAT(titles(children("Presets")), ElementsAre("Miso", "Dashi", "-", "Save as Preset..."));
