@@ -6,6 +6,7 @@
 #include "app/status_icon.h"
 #include "base/identity.h"
 #include "platform/gl_context.h"
+#include "wallpaper/wallpaper.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -75,14 +76,14 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 }
 
 /// The context to draw with; none after telling the user that there cannot be one.
-std::optional<GlContext> makeContext(QApplication& application)
+std::optional<GlContext> makeContext(QApplication& application, Dialogs& dialogs)
 {
     try {
         return std::optional<GlContext>(std::in_place);
     } catch (const GlContextError& error) {
-        Dialogs dialogs(makeFocus());
         QObject::connect(&dialogs, &Dialogs::quitRequested, &application, &QCoreApplication::quit);
-        dialogs.alert({QStringLiteral("Tessel Broth cannot draw here"), QString::fromUtf8(error.what())},
+        dialogs.alert({QCoreApplication::translate("Main", "Tessel Broth cannot draw here"),
+                       QString::fromUtf8(error.what())},
                       [](bool) { QCoreApplication::quit(); });
         QApplication::exec();
         return std::nullopt;
@@ -94,7 +95,8 @@ int runApplication(QApplication& application)
     const std::unique_ptr<RunningInstance> instance = claimInstance(actionNames());
     if (!instance->isFirst())
         return EXIT_SUCCESS;
-    std::optional<GlContext> context = makeContext(application);
+    Dialogs dialogs(makeFocus());
+    std::optional<GlContext> context = makeContext(application, dialogs);
     if (!context)
         return EXIT_FAILURE;
     Store store;
@@ -113,7 +115,19 @@ int runApplication(QApplication& application)
          .rasterizer = context->isSoftware() ? Rasterizer::software : Rasterizer::gpu});
     const std::unique_ptr<LoginItem> login = makeLoginItem();
     const std::unique_ptr<Notifications> notifications = makeNotifications();
-    AppDelegate delegate({*instance, store, wallpaper, *session, *login, *notifications});
+    const std::unique_ptr<QuitSignals> quitSignals = watchQuitSignals();
+    const std::unique_ptr<TrayHost> trayHost = watchTrayHost();
+    const std::unique_ptr<PanelShade> panelShade = watchPanelShade();
+    AppDelegate delegate({.instance = *instance,
+                          .store = store,
+                          .wallpaper = wallpaper,
+                          .session = *session,
+                          .login = *login,
+                          .notifications = *notifications,
+                          .dialogs = dialogs,
+                          .quitSignals = *quitSignals,
+                          .trayHost = *trayHost,
+                          .panelShade = *panelShade});
     delegate.start();
     return QApplication::exec();
 }
