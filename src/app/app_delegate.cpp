@@ -40,7 +40,6 @@ void reportProblems(const std::vector<SettingProblem>& problems)
 
 AppDelegate::AppDelegate(const AppParts& parts)
     : m_parts(parts)
-    , m_dialogs(parts.focus)
     , m_shuffleTimer(parts.store, parts.session)
     , m_panelMenu([this] { return menuRows(); })
     , m_popupMenu([this] { return menuRows(); })
@@ -69,24 +68,20 @@ void AppDelegate::quit()
 void AppDelegate::connectStore()
 {
     Store& store = m_parts.store;
-    connect(&store, &Store::applied, &m_parts.wallpaper, &Wallpaper::apply);
+    connect(&store, &Store::applied, &m_parts.wallpaper, &DesktopWallpaper::apply);
     for (const auto signal : menuSignals)
         connect(&store, signal, &m_panelMenu, &MenuView::refreshLater);
-    connect(&store, &Store::refused, this, [this](const QString& message) {
-        tell(QStringLiteral("Tessel Broth could not use that"), message);
-    });
+    connect(&store, &Store::refused, this,
+            [this](const QString& message) { tell(tr("Tessel Broth could not use that"), message); });
     connect(&store, &Store::savingFailed, this, [this](const QString& message) {
-        tell(QStringLiteral("Your settings cannot be saved"),
-             message + QStringLiteral(" Tessel Broth keeps trying."));
+        tell(tr("Your settings cannot be saved"), tr("%1 Tessel Broth keeps trying.").arg(message));
     });
-    connect(&store, &Store::savingResumed, this, [this] {
-        tell(QStringLiteral("Your settings are saved again"), QStringLiteral("Nothing has been lost."));
-    });
-    connect(&m_parts.wallpaper, &Wallpaper::stillFailed, this, [this](const QString& message) {
-        tell(QStringLiteral("The desktop picture stays as it was"), message);
-    });
-    connect(&m_parts.wallpaper, &Wallpaper::photoMissing, this, [this](const QString& message) {
-        tell(QStringLiteral("The photo of this wallpaper cannot be shown"), message);
+    connect(&store, &Store::savingResumed, this,
+            [this] { tell(tr("Your settings are saved again"), tr("Nothing has been lost.")); });
+    connect(&m_parts.wallpaper, &DesktopWallpaper::stillFailed, this,
+            [this](const QString& message) { tell(tr("The desktop picture stays as it was"), message); });
+    connect(&m_parts.wallpaper, &DesktopWallpaper::photoMissing, this, [this](const QString& message) {
+        tell(tr("The photo of this wallpaper cannot be shown"), message);
     });
 }
 
@@ -100,9 +95,8 @@ void AppDelegate::connectSystem()
     // After the wallpaper, which has heard of it before us and keeps where the animation is.
     connect(&m_parts.session, &Session::aboutToSleep, this,
             [this] { static_cast<void>(m_parts.store.saveNow()); });
-    connect(&m_dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
-    m_quitSignals = watchQuitSignals();
-    connect(m_quitSignals.get(), &QuitSignals::received, this, &AppDelegate::quit);
+    connect(&m_parts.dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
+    connect(&m_parts.quitSignals, &QuitSignals::received, this, &AppDelegate::quit);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
     // Whether the program starts with the session is the user's choice, made elsewhere.
     connect(qApp, &QGuiApplication::saveStateRequest, this,
@@ -113,7 +107,7 @@ void AppDelegate::connectSystem()
 
 void AppDelegate::installMenu()
 {
-    m_tray = std::make_unique<TrayIcon>(m_panelMenu.menu(), watchTrayHost());
+    m_tray = std::make_unique<TrayIcon>(m_panelMenu.menu(), m_parts.trayHost, m_parts.panelShade);
     connect(m_tray.get(), &TrayIcon::clicked, this, &AppDelegate::popUpMenu);
     // A panel may need other titles for the same.
     connect(m_tray.get(), &TrayIcon::shown, &m_panelMenu, &MenuView::refreshLater);
@@ -124,20 +118,19 @@ void AppDelegate::greet()
 {
     if (m_parts.store.desktop())
         return;
-    const QString where = TrayIcon::hasPanel()
-                              ? QStringLiteral("Click the bowl in your panel")
-                              : QStringLiteral("Start Tessel Broth once more to see its menu");
-    const Alert greeting{.message = QStringLiteral("Tessel Broth is ready"),
-                         .informative =
-                             where + QStringLiteral(" and choose New Wallpaper for your first one."),
-                         .takeFocus = TakeFocus::no};
+    const QString where =
+        TrayIcon::hasPanel()
+            ? tr("Click the bowl in your panel and choose New Wallpaper for your first one.")
+            : tr("Start Tessel Broth once more to see its menu and choose New Wallpaper for your first one.");
+    const Alert greeting{
+        .message = tr("Tessel Broth is ready"), .informative = where, .takeFocus = TakeFocus::no};
     m_parts.notifications.show(greeting.message, greeting.informative, [this, greeting] {
         // It may have taken long to find that nobody shows messages.
         if (!m_parts.store.desktop())
-            m_dialogs.alert(greeting);
+            m_parts.dialogs.alert(greeting);
     });
     connect(
-        &m_parts.store, &Store::desktopChanged, this, [this, greeting] { m_dialogs.dismiss(greeting); },
+        &m_parts.store, &Store::desktopChanged, this, [this, greeting] { m_parts.dialogs.dismiss(greeting); },
         Qt::SingleShotConnection);
 }
 
@@ -175,7 +168,7 @@ void AppDelegate::leave()
 {
     if (std::exchange(m_hasLeft, true))
         return;
-    m_dialogs.closeAll();
+    m_parts.dialogs.closeAll();
     static_cast<void>(m_parts.store.saveNow());
     m_tray.reset();
     // This may take a moment, and keeps something itself.
@@ -187,19 +180,20 @@ void AppDelegate::leave()
 /// Says something that needs no answer.
 void AppDelegate::tell(const QString& title, const QString& text)
 {
-    m_parts.notifications.show(title, text, [this, title, text] { m_dialogs.alert({title, text}); });
+    m_parts.notifications.show(title, text, [this, title, text] { m_parts.dialogs.alert({title, text}); });
 }
 
 std::vector<MenuRow> AppDelegate::menuRows()
 {
     const StatusCommands commands{
         [this](Action action) { perform(action); },
-        [this] { saveAsPreset(m_parts.store, m_dialogs); },
+        [this] { saveAsPreset(m_parts.store, m_parts.dialogs); },
         [this](bool on) {
-            setLaunchAtLogin(m_parts.login, m_dialogs, on, [this](bool) { m_panelMenu.refreshLater(); });
+            setLaunchAtLogin(m_parts.login, m_parts.dialogs, on,
+                             [this](bool) { m_panelMenu.refreshLater(); });
         },
-        [this] { checkForUpdates(m_dialogs); },
-        [this](const QString& address) { openWebPage(address, m_dialogs); },
+        [this] { checkForUpdates(m_parts.dialogs); },
+        [this](const QString& address) { openWebPage(address, m_parts.dialogs); },
     };
     return statusMenuRows(m_parts.store, m_parts.login.status(), commands);
 }

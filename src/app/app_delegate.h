@@ -14,7 +14,7 @@
 #include "platform/quit_signals.h"
 #include "platform/running_instance.h"
 #include "platform/session.h"
-#include "wallpaper/wallpaper.h"
+#include "wallpaper/desktop_wallpaper.h"
 
 #include <memory>
 
@@ -25,11 +25,14 @@ struct AppParts
 {
     RunningInstance& instance;
     Store& store;
-    Wallpaper& wallpaper;
+    DesktopWallpaper& wallpaper;
     Session& session;
     LoginItem& login;
     Notifications& notifications;
-    Focus* focus; ///< may be nullptr
+    Dialogs& dialogs;
+    QuitSignals& quitSignals;
+    TrayHost& trayHost;
+    PanelShade& panelShade;
 };
 
 /// Runs the application: brings its parts together at the start, puts its menu into the panel, hears what is
@@ -60,11 +63,9 @@ private:
     [[nodiscard]] std::vector<MenuRow> menuRows();
 
     AppParts m_parts;
-    Dialogs m_dialogs;
     ShuffleTimer m_shuffleTimer;
     MenuView m_panelMenu;
     MenuView m_popupMenu; ///< the same where a panel does not show it
-    std::unique_ptr<QuitSignals> m_quitSignals;
     std::unique_ptr<TrayIcon> m_tray;
     bool m_hasLeft = false;
 };

@@ -8,16 +8,13 @@
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
 #include "platform/software_centre.h"
-#include "render/png_file.h"
 #include "wallpaper/photos.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QFutureWatcher>
 #include <QPointer>
-#include <QPromise>
 #include <QStandardPaths>
-#include <QThreadPool>
 #include <QUrl>
 #include <QUuid>
 
@@ -29,38 +26,27 @@ namespace tessel {
 
 namespace {
 
+struct Commands
+{
+    Q_DECLARE_TR_FUNCTIONS(Commands)
+};
+
 /// How long a photo that nobody uses any more is kept: a look can be outside of the store too, in a PNG file
 /// for example.
 constexpr std::chrono::days photoKeeping{60};
 
 void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()>& done)
 {
-    const Alert alert{QStringLiteral("Allow Tessel Broth in Login Items"), approvalText(),
-                      QStringLiteral("Open Login Items"), QStringLiteral("Not Now")};
+    const Alert alert{Commands::tr("Allow Tessel Broth in Login Items"), approvalText(),
+                      Commands::tr("Open Login Items"), Commands::tr("Not Now")};
     dialogs.alert(alert, [&login, &dialogs, done](bool open) {
         if (open)
             login.openSettings(&dialogs, [&dialogs](const std::optional<QString>& failure) {
                 if (failure)
-                    dialogs.alert({QStringLiteral("Could not open the login items"), *failure});
+                    dialogs.alert({Commands::tr("Could not open the login items"), *failure});
             });
         done();
     });
-}
-
-/// A photo's copy, or why there is none.
-struct PhotoCopy
-{
-    QString path;
-    std::optional<QString> failure;
-};
-
-PhotoCopy tryCopy(const QString& file, const QString& folder)
-{
-    try {
-        return {copyPhoto(file, folder), std::nullopt};
-    } catch (const FileError& error) {
-        return {{}, QString::fromUtf8(error.what())};
-    }
 }
 
 void showPhoto(Store& store, const QString& path)
@@ -71,13 +57,13 @@ void showPhoto(Store& store, const QString& path)
     store.changeLook(look);
 }
 
-void removeOldPhotos(const Store& store, const QString& folder)
+void removeOldPhotos(const Store& store, Worker& worker, const QString& folder)
 {
     const auto inUse = photosInUse(store);
     if (!inUse)
         return;
     const QDateTime limit = QDateTime::currentDateTimeUtc().addDays(-photoKeeping.count());
-    QThreadPool::globalInstance()->start([folder, inUse, limit] { removePhotos(folder, *inUse, limit); });
+    worker.run([folder, inUse, limit] { removePhotos(folder, *inUse, limit); });
 }
 
 std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
@@ -86,10 +72,10 @@ std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
     // From within a sandbox no dialog but the system's own sees the user's files. Everywhere else ours comes
     // to the front for certain.
     dialog->setOption(QFileDialog::DontUseNativeDialog, !isSandboxed());
-    dialog->setWindowTitle(QStringLiteral("Save PNG"));
+    dialog->setWindowTitle(Commands::tr("Save PNG"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setNameFilter(QStringLiteral("PNG pictures (*.png)"));
+    dialog->setNameFilter(Commands::tr("PNG pictures (*.png)"));
     dialog->setDefaultSuffix(QStringLiteral("png"));
     dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     dialog->selectFile(name);
@@ -98,7 +84,7 @@ std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
 
 void alertOfPng(Dialogs& dialogs, const QString& reason)
 {
-    dialogs.alert({QStringLiteral("Could not save that PNG"), reason});
+    dialogs.alert({Commands::tr("Could not save that PNG"), reason});
 }
 
 void saveChosen(Dialogs& dialogs, const Look& look, QSize size, QString file, const SavePicture& save)
@@ -107,7 +93,7 @@ void saveChosen(Dialogs& dialogs, const Look& look, QSize size, QString file, co
         file += QStringLiteral(".png");
         // Nobody has been asked whether this one may be replaced.
         if (QFileInfo::exists(file)) {
-            alertOfPng(dialogs, QStringLiteral("There is \"%1\" already. Choose another name.").arg(file));
+            alertOfPng(dialogs, Commands::tr("There is \"%1\" already. Choose another name.").arg(file));
             return;
         }
     }
@@ -123,8 +109,8 @@ void setLaunchAtLogin(LoginItem& login, Dialogs& dialogs, bool on, const std::fu
 {
     const auto finish = [&login, on, done] { done((login.status() == LoginItem::Status::enabled) == on); };
     const auto ended = [&login, &dialogs, on, finish](const std::optional<QString>& failure) {
-        const QString message = on ? QStringLiteral("Could not turn on Launch at Login")
-                                   : QStringLiteral("Could not turn off Launch at Login");
+        const QString message = on ? Commands::tr("Could not turn on Launch at Login")
+                                   : Commands::tr("Could not turn off Launch at Login");
         if (on && login.status() == LoginItem::Status::requiresApproval)
             showApproval(login, dialogs, finish);
         else if (failure)
@@ -153,7 +139,7 @@ void saveAsPreset(Store& store, Dialogs& dialogs)
                            name->toStdString(), look, motion});
         store.setPresets(std::move(presets));
     };
-    dialogs.askPresetName(QStringLiteral("Save as preset"), initial, add);
+    dialogs.askPresetName(Commands::tr("Save as preset"), initial, add);
 }
 
 void checkForUpdates(Dialogs& dialogs)
@@ -162,9 +148,9 @@ void checkForUpdates(Dialogs& dialogs)
         if (isTaken)
             return;
         dialogs.alert(
-            {QStringLiteral("Updates come with your system"),
-             QStringLiteral("The software centre or package manager of your system keeps Tessel Broth "
-                            "up to date. Look for updates there.")});
+            {Commands::tr("Updates come with your system"),
+             Commands::tr("The software centre or package manager of your system keeps Tessel Broth "
+                          "up to date. Look for updates there.")});
     });
 }
 
@@ -173,8 +159,8 @@ void openWebPage(const QString& address, Dialogs& dialogs)
     openAddress(QUrl(address), &dialogs, [&dialogs, address](bool isTaken) {
         if (!isTaken)
             dialogs.alert(
-                {QStringLiteral("Could not open the web page"),
-                 QStringLiteral("No browser has taken it. You can copy the address:\n%1").arg(address)});
+                {Commands::tr("Could not open the web page"),
+                 Commands::tr("No browser has taken it. You can copy the address:\n%1").arg(address)});
     });
 }
 
@@ -186,7 +172,7 @@ void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& 
             saveChosen(dialogs, look, size, shown->selectedFiles().constFirst(), save);
     };
     // If it is open already, that one is what the user sees.
-    static_cast<void>(dialogs.present(QStringLiteral("Save PNG"), std::move(dialog), ended));
+    static_cast<void>(dialogs.present(QStringLiteral("save-png"), std::move(dialog), ended));
 }
 
 QString pngName(const Look& look, QSize size)
@@ -198,26 +184,19 @@ QString pngName(const Look& look, QSize size)
         .arg(size.height());
 }
 
-void usePhoto(Store& store, Dialogs& dialogs, const QString& file, const QString& folder)
+void usePhoto(Store& store, Dialogs& dialogs, Worker& worker, const QString& file, const QString& folder)
 {
-    auto* watcher = new QFutureWatcher<PhotoCopy>(&dialogs);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, &dialogs, [&store, &dialogs, watcher, folder] {
-        watcher->deleteLater();
-        const PhotoCopy copy = watcher->result();
-        if (copy.failure) {
-            dialogs.alert({QStringLiteral("Could not use that photo"), *copy.failure});
+    const auto copied = [&store, &worker, guard = QPointer(&dialogs), folder](const Outcome<QString>& copy) {
+        if (!guard)
+            return;
+        if (!copy.value) {
+            guard->alert({Commands::tr("Could not use that photo"), copy.failure});
             return;
         }
-        showPhoto(store, copy.path);
-        removeOldPhotos(store, folder);
-    });
-    const auto promise = std::make_shared<QPromise<PhotoCopy>>();
-    promise->start();
-    watcher->setFuture(promise->future());
-    QThreadPool::globalInstance()->start([promise, file, folder] {
-        promise->addResult(tryCopy(file, folder));
-        promise->finish();
-    });
+        showPhoto(store, *copy.value);
+        removeOldPhotos(store, worker, folder);
+    };
+    worker.run([file, folder] { return copyPhoto(file, folder); }, copied);
 }
 
 } // namespace tessel

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/dialogs.h"
+#include "base/worker.h"
 #include "model/store.h"
 #include "platform/login_item.h"
 
@@ -41,7 +42,8 @@ void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& 
 
 /// Shows a photo in the edited look, from a copy of our own that is made meanwhile.
 /// \param file any picture file that can be read
+/// \param worker copies it, and must not outlive the store
 /// \param folder where the copies are
-void usePhoto(Store& store, Dialogs& dialogs, const QString& file, const QString& folder);
+void usePhoto(Store& store, Dialogs& dialogs, Worker& worker, const QString& file, const QString& folder);
 
 } // namespace tessel

@@ -121,7 +121,7 @@ std::unique_ptr<QLineEdit> makeNameField(const QString& initial, const QString& 
     auto field = std::make_unique<QLineEdit>(initial);
     // Large letters need more.
     field->setFixedSize(nameFieldSize.expandedTo({0, field->minimumSizeHint().height()}));
-    field->setAccessibleName(QStringLiteral("Preset name"));
+    field->setAccessibleName(Dialogs::tr("Preset name"));
     field->setAccessibleDescription(explanation);
     field->selectAll();
     return field;
@@ -158,11 +158,10 @@ void Dialogs::dismiss(const Alert& alert)
 void Dialogs::askPresetName(const QString& message, const QString& initial,
                             const std::function<void(std::optional<QString>)>& done)
 {
-    const Alert alert{
-        message,
-        QStringLiteral("A name for this shape, colours, dither and sliders. It stays in Presets, one click "
-                       "from the menu bar."),
-        QStringLiteral("Save"), QStringLiteral("Cancel")};
+    const Alert alert{message,
+                      tr("A name for this shape, colours, dither and sliders. It stays in Presets, one click "
+                         "from the menu bar."),
+                      tr("Save"), tr("Cancel")};
     std::unique_ptr<QLineEdit> nameField = makeNameField(initial, alert.informative);
     QLineEdit* field = nameField.get();
     std::unique_ptr<QDialog> dialog = makeDialog(alert, std::move(nameField));

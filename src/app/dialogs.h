@@ -5,6 +5,7 @@
 
 #include "platform/focus.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QObject>
 #include <QString>
@@ -29,8 +30,8 @@ struct Alert
 {
     QString message;
     QString informative;
-    QString button = QStringLiteral("OK"); ///< the first one, which Return presses
-    QString otherButton{};                 ///< empty for none
+    QString button = QCoreApplication::translate("Dialogs", "OK"); ///< the first one, which Return presses
+    QString otherButton{};                                         ///< empty for none
     TakeFocus takeFocus = TakeFocus::yes;
 };
 

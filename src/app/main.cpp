@@ -6,13 +6,13 @@
 #include "app/status_icon.h"
 #include "base/identity.h"
 #include "platform/window_system.h"
+#include "wallpaper/wallpaper.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 
 namespace tessel {
 namespace {
@@ -75,14 +75,14 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 }
 
 /// What draws; nullptr after telling the user that nothing can.
-std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& windows)
+std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& windows, Dialogs& dialogs)
 {
     try {
         return std::make_unique<Graphics>([&windows] { return windows.makeContext(); });
     } catch (const ContextError& error) {
-        Dialogs dialogs(windows.focus());
         QObject::connect(&dialogs, &Dialogs::quitRequested, &application, &QCoreApplication::quit);
-        dialogs.alert({QStringLiteral("Tessel Broth cannot draw here"), QString::fromUtf8(error.what())},
+        dialogs.alert({QCoreApplication::translate("Main", "Tessel Broth cannot draw here"),
+                       QString::fromUtf8(error.what())},
                       [](bool) { QCoreApplication::quit(); });
         QApplication::exec();
         return nullptr;
@@ -95,7 +95,8 @@ int runApplication(QApplication& application)
     if (!instance->isFirst())
         return EXIT_SUCCESS;
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
-    const std::unique_ptr<Graphics> graphics = makeGraphics(application, *windows);
+    Dialogs dialogs(windows->focus());
+    const std::unique_ptr<Graphics> graphics = makeGraphics(application, *windows, dialogs);
     if (graphics == nullptr)
         return EXIT_FAILURE;
     Store store;
@@ -112,7 +113,19 @@ int runApplication(QApplication& application)
                          .preparer = preparer});
     const std::unique_ptr<LoginItem> login = makeLoginItem();
     const std::unique_ptr<Notifications> notifications = makeNotifications();
-    AppDelegate delegate({*instance, store, wallpaper, *session, *login, *notifications, windows->focus()});
+    const std::unique_ptr<QuitSignals> quitSignals = watchQuitSignals();
+    const std::unique_ptr<TrayHost> trayHost = watchTrayHost();
+    const std::unique_ptr<PanelShade> panelShade = watchPanelShade();
+    AppDelegate delegate({.instance = *instance,
+                          .store = store,
+                          .wallpaper = wallpaper,
+                          .session = *session,
+                          .login = *login,
+                          .notifications = *notifications,
+                          .dialogs = dialogs,
+                          .quitSignals = *quitSignals,
+                          .trayHost = *trayHost,
+                          .panelShade = *panelShade});
     delegate.start();
     return QApplication::exec();
 }

@@ -7,6 +7,7 @@
 #include "model/palette.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QFontMetrics>
 
 #include <algorithm>
@@ -15,6 +16,11 @@
 namespace tessel {
 
 namespace {
+
+struct StatusMenu
+{
+    Q_DECLARE_TR_FUNCTIONS(StatusMenu)
+};
 
 /// The most of a name in a menu, in pixels.
 constexpr int widestName = 320;
@@ -86,7 +92,7 @@ MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint6
 
 MenuRow edgeRow(Store& store, const QString& id, Edge edge)
 {
-    const QString name = QString::fromUtf8(title(edge).data(), static_cast<qsizetype>(title(edge).size()));
+    const QString name = edge == Edge::left ? StatusMenu::tr("Left") : StatusMenu::tr("Right");
     return radioRow(id, name, QStringLiteral("handle"), !store.handleHidden() && store.edge() == edge,
                     [&store, edge] {
                         store.setEdge(edge);
@@ -96,16 +102,16 @@ MenuRow edgeRow(Store& store, const QString& id, Edge edge)
 
 std::vector<MenuRow> intervalRows(Store& store)
 {
-    return {intervalRow(store, QStringLiteral("hourly"), QStringLiteral("Every Hour"), 60),
-            intervalRow(store, QStringLiteral("daily"), QStringLiteral("Every Day"), 1440),
-            intervalRow(store, QStringLiteral("never"), QStringLiteral("Never"), 0)};
+    return {intervalRow(store, QStringLiteral("hourly"), StatusMenu::tr("Every Hour"), 60),
+            intervalRow(store, QStringLiteral("daily"), StatusMenu::tr("Every Day"), 1440),
+            intervalRow(store, QStringLiteral("never"), StatusMenu::tr("Never"), 0)};
 }
 
 std::vector<MenuRow> handleRows(Store& store)
 {
     return {edgeRow(store, QStringLiteral("left"), Edge::left),
             edgeRow(store, QStringLiteral("right"), Edge::right),
-            radioRow(QStringLiteral("hidden"), QStringLiteral("Hidden"), QStringLiteral("handle"),
+            radioRow(QStringLiteral("hidden"), StatusMenu::tr("Hidden"), QStringLiteral("handle"),
                      store.handleHidden(), [&store] { store.setHandleHidden(true); })};
 }
 
@@ -114,14 +120,14 @@ std::vector<MenuRow> creditRows(const StatusCommands& commands)
     const auto page = [&](const QString& id, const QString& title, const QString& address) {
         return row(id, title, [open = commands.openWebPage, address] { open(address); });
     };
-    return {page(QStringLiteral("web-page"), QStringLiteral("Web Page"), identity::webPage),
-            page(QStringLiteral("source-code"), QStringLiteral("Source Code"), identity::sourcePage)};
+    return {page(QStringLiteral("web-page"), StatusMenu::tr("Web Page"), identity::webPage),
+            page(QStringLiteral("source-code"), StatusMenu::tr("Source Code"), identity::sourcePage)};
 }
 
 MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)
 {
     const bool on = login == LoginItem::Status::enabled;
-    return checkedRow(QStringLiteral("launch-at-login"), QStringLiteral("Launch at Login"), on,
+    return checkedRow(QStringLiteral("launch-at-login"), StatusMenu::tr("Launch at Login"), on,
                       [set = commands.setLaunchAtLogin, on] { set(!on); });
 }
 
@@ -140,17 +146,17 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const
         actionRow(commands, Action::newWallpaper),
         previousRow(store, commands),
         separator(QStringLiteral("before-motion")),
-        motionRow(store, QStringLiteral("still"), QStringLiteral("Still Wallpaper"), false),
-        motionRow(store, QStringLiteral("animated"), QStringLiteral("Animated Wallpaper"), true),
-        submenu(QStringLiteral("presets"), QStringLiteral("Presets"),
+        motionRow(store, QStringLiteral("still"), StatusMenu::tr("Still Wallpaper"), false),
+        motionRow(store, QStringLiteral("animated"), StatusMenu::tr("Animated Wallpaper"), true),
+        submenu(QStringLiteral("presets"), StatusMenu::tr("Presets"),
                 presetRows(store, commands.saveAsPreset)),
         separator(QStringLiteral("before-settings")),
-        submenu(QStringLiteral("fresh-bowl"), QStringLiteral("Fresh Bowl"), intervalRows(store)),
-        submenu(QStringLiteral("handle"), QStringLiteral("Handle Position"), handleRows(store)),
+        submenu(QStringLiteral("fresh-bowl"), StatusMenu::tr("Fresh Bowl"), intervalRows(store)),
+        submenu(QStringLiteral("handle"), StatusMenu::tr("Handle Position"), handleRows(store)),
         launchRow(login, commands),
         separator(QStringLiteral("before-about")),
-        row(QStringLiteral("updates"), QStringLiteral("Check for Updates..."), commands.checkForUpdates),
-        submenu(QStringLiteral("credit"), QStringLiteral("Made by the Tessel Broth developers"),
+        row(QStringLiteral("updates"), StatusMenu::tr("Check for Updates..."), commands.checkForUpdates),
+        submenu(QStringLiteral("credit"), StatusMenu::tr("Made by the Tessel Broth developers"),
                 creditRows(commands)),
         actionRow(commands, Action::quit),
     };
@@ -168,7 +174,7 @@ std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveA
     }
     if (!rows.empty())
         rows.push_back(separator(QStringLiteral("before-save")));
-    MenuRow save = row(QStringLiteral("save-as-preset"), QStringLiteral("Save as Preset..."), saveAsPreset);
+    MenuRow save = row(QStringLiteral("save-as-preset"), StatusMenu::tr("Save as Preset..."), saveAsPreset);
     save.enabled = store.desktop().has_value();
     rows.push_back(std::move(save));
     return rows;

@@ -12,17 +12,14 @@
 
 namespace tessel {
 
-TrayIcon::TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host)
-    : m_menu(menu)
-    , m_host(std::move(host))
-    , m_shade(watchPanelShade())
+TrayIcon::TrayIcon(QMenu& menu, TrayHost& host, PanelShade& shade) : m_menu(menu), m_shade(shade)
 {
     // An icon that was made while no panel listened on the bus is not offered to one later.
-    connect(m_host.get(), &TrayHost::appeared, this, [this] {
+    connect(&host, &TrayHost::appeared, this, [this] {
         if (!m_hasPanel)
             renew();
     });
-    connect(m_shade.get(), &PanelShade::changed, this, &TrayIcon::drawIcon);
+    connect(&shade, &PanelShade::changed, this, &TrayIcon::drawIcon);
     qGuiApp->installEventFilter(this);
     renew();
 }
@@ -46,7 +43,7 @@ void TrayIcon::renew()
 void TrayIcon::drawIcon()
 {
     const QColor windowColor = QGuiApplication::palette().color(QPalette::Window);
-    m_icon->setIcon(statusIcon(panelTone(m_shade->isDark(), windowColor)));
+    m_icon->setIcon(statusIcon(panelTone(m_shade.isDark(), windowColor)));
 }
 
 bool TrayIcon::eventFilter(QObject* watched, QEvent* event)

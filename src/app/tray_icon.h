@@ -19,8 +19,8 @@ class TrayIcon : public QObject
     Q_OBJECT
 
 public:
-    /// \param menu must outlive the icon
-    TrayIcon(QMenu& menu, std::unique_ptr<TrayHost> host);
+    /// All of them must outlive the icon.
+    TrayIcon(QMenu& menu, TrayHost& host, PanelShade& shade);
 
     [[nodiscard]] static bool hasPanel() { return QSystemTrayIcon::isSystemTrayAvailable(); }
 
@@ -36,8 +36,7 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     QMenu& m_menu;
-    std::unique_ptr<TrayHost> m_host;
-    std::unique_ptr<PanelShade> m_shade;
+    PanelShade& m_shade;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     bool m_hasPanel = false; ///< when the icon was made
 };

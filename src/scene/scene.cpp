@@ -36,7 +36,13 @@ void Scene::show(const std::vector<ViewSize>& views, LookChange change)
 {
     const Look look = wanted();
     const CrossFade fade{m_isEmpty ? look : m_current, look};
-    m_isPreparing = !isPrepared(fade, views);
+    try {
+        m_isPreparing = !isPrepared(fade, views);
+    } catch (const DrawingError& error) {
+        m_isPreparing = false;
+        Q_EMIT failed(QString::fromUtf8(error.what()));
+        return;
+    }
     if (!m_isPreparing) {
         take(look, change);
         return;
@@ -50,8 +56,12 @@ void Scene::show(const std::vector<ViewSize>& views, LookChange change)
 void Scene::anticipate(const Look& look, const std::vector<ViewSize>& views)
 {
     const CrossFade fade{m_current, look};
-    if (!m_isPreparing && !isPrepared(fade, views))
-        prepare(fade, views, [] {});
+    try {
+        if (!m_isPreparing && !isPrepared(fade, views))
+            prepare(fade, views, [] {});
+    } catch (const DrawingError&) {
+        // It is told when the look is to be shown.
+    }
 }
 
 /// In three steps: on another thread what takes long, and then here, with time for a frame in between, what
@@ -112,7 +122,7 @@ void Scene::take(const Look& look, LookChange change)
             m_previousEdge = m_isEmpty ? m_services.store.edge() : m_edge;
         }
         if (!m_isEmpty && fades)
-            m_transitionStart = mediaTime();
+            m_transitionStart = m_services.store.mediaTime();
         m_current = look;
         m_edge = m_services.store.edge();
         m_isEmpty = false;

@@ -9,6 +9,7 @@
 #include "platform/window_system.h"
 #include "scene/scene.h"
 #include "wallpaper/desktop_stills.h"
+#include "wallpaper/desktop_wallpaper.h"
 #include "wallpaper/live_windows.h"
 
 #include <QTimer>
@@ -47,36 +48,25 @@ struct WallpaperEnvironment
 };
 
 /// Puts the store's desktop look on every screen: live in windows of our own, and as a picture that stays.
-class Wallpaper : public QObject
+class Wallpaper : public DesktopWallpaper
 {
     Q_OBJECT
 
 public:
     explicit Wallpaper(const WallpaperEnvironment& environment);
 
-    /// Shows the store's desktop look, if there is one, as the program starts.
-    void start();
+    void start() override;
 
-    /// Shows a look that was just put on the desktop: cross-faded to, and later as a still behind or instead
-    /// of the animation.
-    void apply(ContinueFromEditor continuing);
+    /// Cross-fades to the look, and shows it later as a still behind or instead of the animation.
+    void apply(ContinueFromEditor continuing) override;
 
-    /// Takes the windows down and remembers where the animation was, as the program ends. A still that is
-    /// not made yet is waited for, within the delay for leaving.
-    void stop();
+    /// A still that is not made yet is waited for, within the delay for leaving.
+    void stop() override;
 
     /// Draws a look at a size in pixels and writes it as a PNG file, without holding up anything else.
     /// \param done called on this thread, with the reason for people if it did not work
     void savePng(const Look& look, QSize size, const QString& file,
                  std::function<void(std::optional<QString> failure)> done);
-
-Q_SIGNALS:
-    /// The picture of the desktop could not be made or set, or its look not be drawn; the old one stays.
-    /// \param message why, naming the file or screen
-    void stillFailed(const QString& message);
-    /// The desktop's look is shown without its photo.
-    /// \param message why, naming the file
-    void photoMissing(const QString& message);
 
 private:
     void restorePhase();

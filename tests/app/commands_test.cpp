@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/commands.h"
+#include "app/fake_login_item.h"
 #include "app/open_dialogs.h"
 #include "render/png_file.h"
 #include "support/file_size_limit.h"
@@ -25,31 +26,6 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 using Status = LoginItem::Status;
-
-class FakeLoginItem : public LoginItem
-{
-public:
-    [[nodiscard]] Status status() const override { return now; }
-
-    void registerItem(const Done& done) override
-    {
-        now = afterwards;
-        done(failure);
-    }
-
-    void unregisterItem(const Done& done) override { registerItem(done); }
-
-    void openSettings(QObject* /*context*/, const Done& done) override
-    {
-        ++settingsOpened;
-        done(failure);
-    }
-
-    Status now = Status::off;
-    Status afterwards = Status::enabled;
-    std::optional<QString> failure;
-    int settingsOpened = 0;
-};
 
 class CommandsTest : public testing::Test
 {
@@ -282,7 +258,7 @@ protected:
 
     void use(const QString& file)
     {
-        usePhoto(*m_store, m_dialogs, file, m_folder);
+        usePhoto(*m_store, m_dialogs, m_worker, file, m_folder);
         EXPECT_TRUE(QTest::qWaitFor(
             [&] { return m_store->look().imagePath.has_value() || !openDialogs().isEmpty(); }, 5000));
     }
@@ -297,6 +273,7 @@ protected:
 
     const QString m_photo = m_store.folder() + QStringLiteral("/my photo.JPG");
     const QString m_folder = m_store.folder() + QStringLiteral("/deep/Photos");
+    Worker m_worker{QStringLiteral("photos")};
 };
 
 TEST_F(UsePhotoTest, ShowsACopyUnderAFreshName)
@@ -350,9 +327,11 @@ TEST_F(UsePhotoTest, LeavesNothingBehindOnAFullDisk)
 TEST_F(UsePhotoTest, EndsInPeaceWhileACopyIsBeingMade)
 {
     auto dialogs = std::make_unique<Dialogs>(nullptr);
-    usePhoto(*m_store, *dialogs, m_photo, m_folder);
+    usePhoto(*m_store, *dialogs, m_worker, m_photo, m_folder);
     dialogs.reset();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !copies().isEmpty(); }, 5000));
+    m_worker.wait();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(copies().size(), 1);
     EXPECT_EQ(m_store->look(), Look());
 }
 

@@ -12,8 +12,8 @@ FIRST_MENU = """\
 New Wallpaper (Control+N)
 Previous Wallpaper ~ (Control+P)
 --
-( ) Still Wallpaper ~
-( ) Animated Wallpaper ~
+( ) Still Wallpaper
+(x) Animated Wallpaper
 Presets
     Save as Preset... ~
 --
@@ -52,10 +52,11 @@ class MenuTest(ApplicationTest):
 
     def test_rows_follow_the_state(self) -> None:
         self.assertEqual(self.panel.text(), FIRST_MENU)
+        for motion in ("Still Wallpaper", "Animated Wallpaper"):
+            self.panel.choose(motion)
+            self.is_checked(motion)
         self.application.new_wallpaper()
-        with_look = FIRST_MENU.replace("( ) Still Wallpaper ~", "( ) Still Wallpaper")
-        with_look = with_look.replace("( ) Animated Wallpaper ~", "(x) Animated Wallpaper")
-        with_look = with_look.replace("Save as Preset... ~", "Save as Preset...")
+        with_look = FIRST_MENU.replace("Save as Preset... ~", "Save as Preset...")
         self.assertEqual(self.panel.text(), with_look)
         self.application.new_wallpaper()
         self.assertEqual(self.panel.text(), with_look.replace("Previous Wallpaper ~", "Previous Wallpaper"))

@@ -32,6 +32,13 @@ public:
         m_store = std::make_unique<Store>(environment);
     }
 
+    /// What is on disk.
+    [[nodiscard]] QByteArray fileText() const
+    {
+        QFile file(settingsFile());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
     [[nodiscard]] QString settingsFile() const { return m_folder.filePath(QStringLiteral("settings.conf")); }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
 

@@ -23,7 +23,6 @@
 #include <QWindow>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 #include <xcb/shape.h>
 
@@ -95,7 +94,6 @@ public:
         , m_stacking(m_server.connection, m_server.events, m_drawing, m_window, m_place)
         , m_icons(m_window, m_place)
     {
-        resizeToPixels();
         // The other connection must not speak of a window that the server does not know yet.
         waitForServer(m_drawing);
         if (rasterizer == Rasterizer::software)
@@ -228,15 +226,6 @@ private:
             m_server.power.addWatcher();
         else
             m_server.power.removeWatcher();
-    }
-
-    /// Points are whole numbers: at a fractional scale Qt's window can be a pixel larger than the monitor.
-    void resizeToPixels()
-    {
-        const std::array size{static_cast<std::uint32_t>(m_place.width()),
-                              static_cast<std::uint32_t>(m_place.height())};
-        xcb_configure_window(m_drawing, m_window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                             size.data());
     }
 
     /// Some window managers show nothing until a frame has been announced, which Qt does only for those that

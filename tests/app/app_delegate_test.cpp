@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/app_delegate.h"
+#include "app/fake_login_item.h"
+#include "app/open_dialogs.h"
+#include "support/test_store.h"
+
+#include <QDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace tessel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class FakeInstance : public RunningInstance
+{
+public:
+    [[nodiscard]] bool isFirst() const override { return true; }
+};
+
+/// Notes what it is asked to do, and what the settings file held at that moment.
+class FakeWallpaper : public DesktopWallpaper
+{
+public:
+    explicit FakeWallpaper(TestStore& store) : m_store(store) {}
+
+    void start() override { steps.emplace_back("start"); }
+    void apply(ContinueFromEditor /*continuing*/) override { steps.emplace_back("apply"); }
+    void stop() override
+    {
+        steps.emplace_back(openDialogs().isEmpty() ? "stop" : "stop while dialogs are open");
+        savedAtStop = m_store.fileText();
+        m_store->setDesktopPhase(6.5);
+    }
+    void keepPhase(double phase) { m_store->setDesktopPhase(phase); }
+
+    std::vector<std::string> steps;
+    QByteArray savedAtStop;
+
+private:
+    TestStore& m_store;
+};
+
+class FakeSession : public Session
+{
+public:
+    void setWatchingScreens(bool /*watching*/) override {}
+};
+
+/// Shows messages, or says that nobody does.
+class FakeNotifications : public Notifications
+{
+public:
+    void show(const QString& title, const QString& text, std::function<void()> failed) override
+    {
+        if (areShown)
+            messages.push_back((title + QLatin1Char('|') + text).toStdString());
+        else
+            failed();
+    }
+
+    bool areShown = true;
+    std::vector<std::string> messages;
+};
+
+class FakeShade : public PanelShade
+{
+public:
+    [[nodiscard]] std::optional<bool> isDark() const override { return false; }
+};
+
+class AppDelegateTest : public testing::Test
+{
+protected:
+    AppDelegate& start()
+    {
+        m_delegate = std::make_unique<AppDelegate>(AppParts{.instance = m_instance,
+                                                            .store = *m_store,
+                                                            .wallpaper = m_wallpaper,
+                                                            .session = m_session,
+                                                            .login = m_login,
+                                                            .notifications = m_notifications,
+                                                            .dialogs = m_dialogs,
+                                                            .quitSignals = m_quitSignals,
+                                                            .trayHost = m_trayHost,
+                                                            .panelShade = m_shade});
+        m_delegate->start();
+        return *m_delegate;
+    }
+
+    void ask(const char* action) { Q_EMIT m_instance.actionRequested(QString::fromLatin1(action)); }
+
+    TestStore m_store;
+    FakeInstance m_instance;
+    FakeWallpaper m_wallpaper{m_store};
+    FakeSession m_session;
+    FakeLoginItem m_login;
+    FakeNotifications m_notifications;
+    Dialogs m_dialogs{nullptr};
+    QuitSignals m_quitSignals;
+    TrayHost m_trayHost;
+    FakeShade m_shade;
+    std::unique_ptr<AppDelegate> m_delegate;
+};
+
+TEST_F(AppDelegateTest, LeavesEverythingSavedAndOnce)
+{
+    start();
+    m_store->setLook(lookWithSeed(3));
+    m_dialogs.alert({QStringLiteral("Anything?"), {}});
+    Q_EMIT m_quitSignals.received();
+    m_delegate->quit();
+    m_delegate.reset();
+    EXPECT_THAT(m_wallpaper.steps, ElementsAre("start", "stop"));
+    // Taking the wallpaper down may be cut short, and keeps something itself.
+    EXPECT_TRUE(m_wallpaper.savedAtStop.contains("look="));
+    EXPECT_TRUE(m_store.fileText().contains("desktopPhase=6.5"));
+}
+
+TEST_F(AppDelegateTest, DoesWhatIsAskedForByName)
+{
+    start();
+    ask("new-wallpaper");
+    ASSERT_TRUE(m_store->desktop());
+    const Look first = *m_store->desktop();
+    ask("new-wallpaper");
+    EXPECT_NE(*m_store->desktop(), first);
+    ask("previous-wallpaper");
+    EXPECT_EQ(*m_store->desktop(), first);
+    EXPECT_TRUE(m_store->appliedMotion());
+    ask("toggle-motion");
+    EXPECT_FALSE(m_store->appliedMotion());
+    ask("boil-over");
+    EXPECT_THAT(m_wallpaper.steps, ElementsAre("start", "apply", "apply", "apply", "apply"));
+    ask("open-editor");
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+    ask("quit");
+    EXPECT_EQ(m_wallpaper.steps.back(), "stop");
+}
+
+TEST_F(AppDelegateTest, WhatIsKeptBeforeSleepIsOnDiskWhenSleepBegins)
+{
+    QObject::connect(&m_session, &Session::aboutToSleep, &m_wallpaper,
+                     [this] { m_wallpaper.keepPhase(4.25); });
+    start();
+    Q_EMIT m_session.aboutToSleep();
+    EXPECT_TRUE(m_store.fileText().contains("desktopPhase=4.25"));
+}
+
+TEST_F(AppDelegateTest, TellsOnceThatSettingsCannotBeSavedAndWhenTheyAre)
+{
+    m_store->setDesktopPhase(1.0);
+    start();
+    m_notifications.messages.clear();
+    ASSERT_TRUE(QDir().mkpath(m_store.settingsFile()));
+    m_store->setHandleHidden(true);
+    EXPECT_FALSE(m_store->saveNow());
+    EXPECT_FALSE(m_store->saveNow());
+    EXPECT_THAT(m_notifications.messages,
+                ElementsAre(HasSubstr("cannot be saved|\"" + m_store.settingsFile().toStdString())));
+    ASSERT_TRUE(QDir().rmdir(m_store.settingsFile()));
+    EXPECT_TRUE(m_store->saveNow());
+    EXPECT_THAT(m_notifications.messages,
+                ElementsAre(HasSubstr("cannot be saved"), HasSubstr("saved again")));
+}
+
+TEST_F(AppDelegateTest, TellsWhatTheWallpaperCannotShowWhoeverListens)
+{
+    start();
+    m_notifications.messages.clear();
+    Q_EMIT m_wallpaper.stillFailed(QStringLiteral("The disk is full."));
+    Q_EMIT m_wallpaper.photoMissing(QStringLiteral("summer.jpg"));
+    EXPECT_THAT(m_notifications.messages,
+                ElementsAre(HasSubstr("|The disk is full."), HasSubstr("|summer.jpg")));
+    m_notifications.areShown = false;
+    Q_EMIT m_wallpaper.stillFailed(QStringLiteral("The disk is full."));
+    EXPECT_EQ(openInformative(), QStringLiteral("The disk is full."));
+    m_dialogs.closeAll();
+    Look broken;
+    broken.scale = std::numeric_limits<float>::infinity();
+    m_store->setLook(broken);
+    EXPECT_THAT(openInformative().toStdString(), HasSubstr("\"scale\" holds inf"));
+    m_dialogs.closeAll();
+}
+
+TEST_F(AppDelegateTest, GreetsUntilThereIsAWallpaper)
+{
+    m_notifications.areShown = false;
+    start();
+    EXPECT_EQ(openMessage(), QStringLiteral("Tessel Broth is ready"));
+    ask("new-wallpaper");
+    EXPECT_THAT(openDialogs(), IsEmpty());
+    m_delegate.reset();
+    start();
+    EXPECT_THAT(openDialogs(), IsEmpty());
+    m_notifications.areShown = true;
+    m_delegate.reset();
+    start();
+    EXPECT_THAT(m_notifications.messages, IsEmpty());
+}
+
+} // namespace
+} // namespace tessel
