@@ -220,6 +220,7 @@ void X11Stacking::bindToDesktop()
     xcb_flush(m_showing);
 }
 
+/// By its pixels: points are whole numbers, and at a fractional scale Qt's window can be a pixel larger.
 void X11Stacking::putInPlace()
 {
     const std::array values{static_cast<std::uint32_t>(m_place.x()), static_cast<std::uint32_t>(m_place.y()),
