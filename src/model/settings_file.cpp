@@ -8,6 +8,7 @@
 
 #include "base/identity.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -31,6 +32,11 @@
 namespace tessel {
 
 namespace {
+
+struct SettingsFile
+{
+    Q_DECLARE_TR_FUNCTIONS(SettingsFile)
+};
 
 constexpr std::size_t maxCopies = 5;
 constexpr int copyDigits = 4; ///< at least, so that they stand in order in a list of files
@@ -264,7 +270,7 @@ std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
     const qint64 number = before.empty() ? 1 : before.back().number + 1;
     QFile copy(copyStem(path) + QStringLiteral("%1").arg(number, copyDigits, 10, QLatin1Char('0')));
     if (!create(copy, text, QFileInfo(path).permissions())) {
-        return QStringLiteral("\"%1\" holds settings that cannot be read, and a copy cannot be kept: %2")
+        return SettingsFile::tr("\"%1\" holds settings that cannot be read, and a copy cannot be kept: %2")
             .arg(path, copy.errorString());
     }
     // Should one of them stay, it does no harm.
@@ -392,30 +398,30 @@ std::optional<WritingFailure> writeSettings(const QString& path, const SettingVa
     const QString folder = QFileInfo(path).absolutePath();
     if (!QDir().mkpath(folder)) {
         return WritingFailure{
-            QStringLiteral("the folder \"%1\" cannot be made; a place that may be written to is expected")
+            SettingsFile::tr("the folder \"%1\" cannot be made; a place that may be written to is expected")
                 .arg(folder)};
     }
     Lock lock(path + QStringLiteral(".lock"));
     const int error = lock.take(patience);
     if (error == EWOULDBLOCK)
-        return WritingFailure{QStringLiteral("another program is writing \"%1\"").arg(path), true};
+        return WritingFailure{SettingsFile::tr("another program is writing \"%1\"").arg(path), true};
     if (error != 0) {
         return WritingFailure{
-            QStringLiteral(
+            SettingsFile::tr(
                 "the folder \"%1\" cannot be written to (%2); permission and free space are expected")
                 .arg(folder, QString::fromStdString(std::generic_category().message(error)))};
     }
     QFile current(path);
     const std::optional<QByteArray> text = contents(current);
     if (!text)
-        return WritingFailure{QStringLiteral("\"%1\" cannot be read: %2").arg(path, current.errorString())};
+        return WritingFailure{SettingsFile::tr("\"%1\" cannot be read: %2").arg(path, current.errorString())};
     if (losesUnreadable(*text, changes, unreadable)) {
         if (const std::optional<QString> failure = keepCopy(path, *text))
             return WritingFailure{*failure};
     }
     QSaveFile next(path);
     if (!replace(next, withSettings(*text, changes)))
-        return WritingFailure{QStringLiteral("\"%1\" cannot be written: %2").arg(path, next.errorString())};
+        return WritingFailure{SettingsFile::tr("\"%1\" cannot be written: %2").arg(path, next.errorString())};
     return std::nullopt;
 }
 

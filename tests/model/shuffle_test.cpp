@@ -23,20 +23,20 @@ constexpr std::uint32_t steps = 1U << 24U;
 class Script
 {
 public:
-    explicit Script(std::vector<std::uint32_t> values) : draws(std::move(values)) {}
+    explicit Script(std::vector<std::uint32_t> values) : m_draws(std::move(values)) {}
 
     RandomSource source()
     {
         return [this](std::uint32_t n) {
             ranges.push_back(n);
-            return draws.at(ranges.size() - 1);
+            return m_draws.at(ranges.size() - 1);
         };
     }
 
     std::vector<std::uint32_t> ranges;
 
 private:
-    std::vector<std::uint32_t> draws;
+    std::vector<std::uint32_t> m_draws;
 };
 
 TEST(RandomLook, DrawsInTheFixedOrder)
