@@ -154,7 +154,8 @@ void fromSetting(const QVariant& stored, Look& value)
 
 void fromSetting(const QVariant& stored, std::optional<Look>& value)
 {
-    value = decodeLook(json(stored));
+    const auto text = json(stored);
+    value = text.empty() ? std::nullopt : std::optional(decodeLook(text));
 }
 
 void fromSetting(const QVariant& stored, std::vector<Look>& value)

@@ -61,8 +61,6 @@ void Store::load()
             unreadable.insert(setting->key);
         }
     }
-    m_previous = look();
-    m_desktopPrevious = desktop();
     m_saver = new SettingsSaver(m_environment.settingsFile, std::move(unreadable),
                                 SettingsSaver::Timing{m_environment.lookDelay, m_environment.retryInterval,
                                                       m_environment.lockPatience},
@@ -175,20 +173,6 @@ void Store::undo()
     finish();
 }
 
-void Store::beginTransition(Look previous)
-{
-    update(m_previous, std::move(previous), &Store::previousChanged);
-    update(m_transitionStart, mediaTime(), &Store::transitionStartChanged);
-    finish();
-}
-
-void Store::beginDesktopTransition(Look previous)
-{
-    update(m_desktopPrevious, std::optional(std::move(previous)), &Store::desktopPreviousChanged);
-    update(m_desktopTransitionStart, mediaTime(), &Store::desktopTransitionStartChanged);
-    finish();
-}
-
 void Store::applyToDesktop(Look next, RecordHistory record, std::optional<bool> motion,
                            ContinueFromEditor continuing)
 {
@@ -198,6 +182,15 @@ void Store::applyToDesktop(Look next, RecordHistory record, std::optional<bool> 
     }
     putOnDesktop(std::move(next), record, motion.value_or(m_motion.value));
     finish(continuing);
+}
+
+void Store::leaveDesktop()
+{
+    if (!desktop())
+        return;
+    change(m_desktopHistory, withNewest(desktopHistory(), *desktop()));
+    change(m_desktop, std::optional<Look>());
+    finish();
 }
 
 void Store::previousWallpaper()
@@ -302,8 +295,8 @@ void Store::change(Setting<Value>& setting, Value value)
 
 void Store::fadeTo(Look next)
 {
-    update(m_previous, look(), &Store::previousChanged);
-    update(m_transitionStart, mediaTime(), &Store::transitionStartChanged);
+    if (next != look())
+        m_changes.push_back(&Store::lookReplaced);
     change(m_look, std::move(next));
 }
 
@@ -320,8 +313,6 @@ void Store::putOnDesktop(Look next, RecordHistory record, bool motion)
 {
     if (record == RecordHistory::yes && desktop() && *desktop() != next)
         change(m_desktopHistory, withNewest(desktopHistory(), *desktop()));
-    update(m_desktopPrevious, desktop(), &Store::desktopPreviousChanged);
-    update(m_desktopTransitionStart, mediaTime(), &Store::desktopTransitionStartChanged);
     change(m_desktop, std::optional(std::move(next)));
     change(m_appliedMotion, motion);
 }

@@ -77,17 +77,13 @@ class Store : public QObject
 public:
     explicit Store(StoreEnvironment environment = {}, QObject* parent = nullptr);
 
-    /// The look being edited, the one it is cross-faded from, and since when in media time.
+    /// The look being edited.
     [[nodiscard]] const Look& look() const { return m_look.value; }
-    [[nodiscard]] const Look& previous() const { return m_previous; }
-    [[nodiscard]] double transitionStart() const { return m_transitionStart; }
     /// The looks edited before, newest last; not saved.
     [[nodiscard]] const std::vector<Look>& history() const { return m_history; }
 
-    /// The same for the desktop. There is no look on it until one has been applied.
+    /// The look on the desktop; there is none until one has been applied.
     [[nodiscard]] const std::optional<Look>& desktop() const { return m_desktop.value; }
-    [[nodiscard]] const std::optional<Look>& desktopPrevious() const { return m_desktopPrevious; }
-    [[nodiscard]] double desktopTransitionStart() const { return m_desktopTransitionStart; }
     [[nodiscard]] const std::vector<Look>& desktopHistory() const { return m_desktopHistory.value; }
 
     /// Whether the user wants the desktop animated, and whether what is on it was applied so.
@@ -159,15 +155,13 @@ public:
     /// Cross-fades the edited look to the newest one of the history, which leaves it.
     void undo();
 
-    /// Says that a cross-fade to the look begins only now, from what was really shown until then: that of the
-    /// edited look, and that of the desktop. Nothing is saved.
-    void beginTransition(Look previous);
-    void beginDesktopTransition(Look previous);
-
     /// Puts a look on the desktop. Applied again, it is still shown anew but not recorded.
     /// \param motion whether it is animated; the user's choice when absent
     void applyToDesktop(Look next, RecordHistory record, std::optional<bool> motion,
                         ContinueFromEditor continuing);
+
+    /// Leaves the desktop to a picture of another program. The look goes to the history.
+    void leaveDesktop();
 
     /// Brings the newest look of the desktop's history back, to the desktop and to the editor.
     void previousWallpaper();
@@ -189,13 +183,12 @@ public:
 
 Q_SIGNALS:
     void lookChanged();
-    void previousChanged();
-    void transitionStartChanged();
+    /// It was replaced by another one, which is to be cross-faded to, and not just changed by a slider.
+    /// Before lookChanged().
+    void lookReplaced();
     void historyChanged();
     void desktopChanged();
     void desktopHistoryChanged();
-    void desktopPreviousChanged();
-    void desktopTransitionStartChanged();
     void motionChanged();
     void appliedMotionChanged();
     void customPalettesChanged();
@@ -222,9 +215,6 @@ Q_SIGNALS:
     void savingResumed();
 
 private:
-    /// Before the first cross-fade: so long ago that none is in progress.
-    static constexpr double longAgo = -10.0;
-
     using Signal = void (Store::*)();
 
     void load();
@@ -267,11 +257,7 @@ private:
     Setting<double> m_desktopPhase{m_settings, "desktopPhase", 0.0, SaveWhen::withNext};
     Setting<QStringList> m_latestPictures{m_settings, "latestPictures", {}, SaveWhen::withNext};
 
-    Look m_previous;
-    double m_transitionStart = longAgo;
     std::vector<Look> m_history;
-    std::optional<Look> m_desktopPrevious;
-    double m_desktopTransitionStart = longAgo;
     std::optional<std::vector<Color>> m_draftStops;
     std::optional<int> m_draftStopsIndex;
     std::optional<std::vector<Color>> m_stopsBeforeEdit;

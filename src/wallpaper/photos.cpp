@@ -7,6 +7,7 @@
 #include "base/identity.h"
 #include "render/photo.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -24,6 +25,11 @@ constexpr qint64 chunk = qint64{1} << 20;
 /// Large enough for any picture to be recognised, small enough to be quick.
 constexpr int trialSide = 256;
 
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Photos", text);
+}
+
 [[nodiscard]] FileError failure(const QString& text)
 {
     return {FileError::Code::unknown, text.toStdString()};
@@ -35,7 +41,9 @@ void requirePicture(const QString& file)
         static_cast<void>(readPhoto(file.toStdString(), trialSide));
     } catch (const PhotoError& error) {
         throw failure(
-            QStringLiteral("\"%1\" cannot be used: %2. Choose a picture file, such as a JPEG or PNG.")
+            translated(
+                QT_TRANSLATE_NOOP("Photos",
+                                  "\"%1\" cannot be used: %2. Choose a picture file, such as a JPEG or PNG."))
                 .arg(file, QString::fromUtf8(error.what())));
     }
 }
@@ -43,11 +51,15 @@ void requirePicture(const QString& file)
 void requireFolder(const QString& folder)
 {
     if (!QDir().mkpath(folder))
-        throw failure(QStringLiteral("The folder \"%1\" cannot be made. It must be possible to write there.")
-                          .arg(folder));
+        throw failure(
+            translated(QT_TRANSLATE_NOOP(
+                           "Photos", "The folder \"%1\" cannot be made. It must be possible to write there."))
+                .arg(folder));
     if (!QFileInfo(folder).isWritable())
         throw FileError(FileError::Code::noPermission,
-                        QStringLiteral("The folder \"%1\" cannot be written to.").arg(folder).toStdString());
+                        translated(QT_TRANSLATE_NOOP("Photos", "The folder \"%1\" cannot be written to."))
+                            .arg(folder)
+                            .toStdString());
 }
 
 /// The suffix as far as it is an ordinary one, with its dot.
@@ -63,11 +75,11 @@ void copyBytes(QFile& from, QSaveFile& to)
     while (!from.atEnd()) {
         const QByteArray bytes = from.read(chunk);
         if (bytes.isEmpty())
-            throw failure(
-                QStringLiteral("\"%1\" cannot be read: %2").arg(from.fileName(), from.errorString()));
+            throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be read: %2"))
+                              .arg(from.fileName(), from.errorString()));
         if (to.write(bytes) != bytes.size())
-            throw failure(
-                QStringLiteral("\"%1\" cannot be written: %2").arg(to.fileName(), to.errorString()));
+            throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
+                              .arg(to.fileName(), to.errorString()));
     }
 }
 
@@ -91,17 +103,18 @@ QString copyPhoto(const QString& file, const QString& folder)
     requireFolder(folder);
     QFile original(file);
     if (!original.open(QIODevice::ReadOnly))
-        throw failure(QStringLiteral("\"%1\" cannot be read: %2").arg(file, original.errorString()));
+        throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be read: %2"))
+                          .arg(file, original.errorString()));
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + ordinarySuffix(file);
     QSaveFile copy(QDir(folder).filePath(name));
     // Not buffered: commit() pays no heed to a buffer that it could not write.
     if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw failure(
-            QStringLiteral("\"%1\" cannot be written: %2").arg(copy.fileName(), copy.errorString()));
+        throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
+                          .arg(copy.fileName(), copy.errorString()));
     copyBytes(original, copy);
     if (!copy.commit())
-        throw failure(
-            QStringLiteral("\"%1\" cannot be written: %2").arg(copy.fileName(), copy.errorString()));
+        throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
+                          .arg(copy.fileName(), copy.errorString()));
     return copy.fileName();
 }
 
@@ -115,10 +128,8 @@ std::optional<std::set<QString>> photosInUse(const Store& store)
             photos.insert(QFileInfo(QString::fromStdString(*look.imagePath)).fileName());
     };
     add(store.look());
-    add(store.previous());
-    for (const std::optional<Look>& look : {store.desktop(), store.desktopPrevious()})
-        if (look)
-            add(*look);
+    if (store.desktop())
+        add(*store.desktop());
     for (const Look& look : store.history())
         add(look);
     for (const Look& look : store.desktopHistory())

@@ -53,13 +53,10 @@ public:
     explicit SignalLog(Store& store)
     {
         note(store, &Store::lookChanged, "look");
-        note(store, &Store::previousChanged, "previous");
-        note(store, &Store::transitionStartChanged, "transitionStart");
+        note(store, &Store::lookReplaced, "replaced");
         note(store, &Store::historyChanged, "history");
         note(store, &Store::desktopChanged, "desktop");
         note(store, &Store::desktopHistoryChanged, "desktopHistory");
-        note(store, &Store::desktopPreviousChanged, "desktopPrevious");
-        note(store, &Store::desktopTransitionStartChanged, "desktopTransitionStart");
         note(store, &Store::motionChanged, "motion");
         note(store, &Store::appliedMotionChanged, "appliedMotion");
         note(store, &Store::customPalettesChanged, "customPalettes");
@@ -181,12 +178,8 @@ TEST_F(StoreTest, StartsWithDefaultsAndWritesNothing)
 {
     const auto store = makeStore();
     EXPECT_EQ(store->look(), Look());
-    EXPECT_EQ(store->previous(), Look());
-    EXPECT_EQ(store->transitionStart(), -10.0);
     EXPECT_THAT(store->history(), IsEmpty());
     EXPECT_EQ(store->desktop(), std::nullopt);
-    EXPECT_EQ(store->desktopPrevious(), std::nullopt);
-    EXPECT_EQ(store->desktopTransitionStart(), -10.0);
     EXPECT_THAT(store->desktopHistory(), IsEmpty());
     EXPECT_TRUE(store->motion());
     EXPECT_FALSE(store->appliedMotion());
@@ -240,11 +233,7 @@ TEST_F(StoreTest, LoadsWhatAnotherSaved)
     }
     const auto store = makeStore();
     EXPECT_EQ(store->look(), lookWithSeed(9));
-    EXPECT_EQ(store->previous(), lookWithSeed(9));
-    EXPECT_EQ(store->transitionStart(), -10.0);
     EXPECT_EQ(store->desktop(), photo);
-    EXPECT_EQ(store->desktopPrevious(), photo);
-    EXPECT_EQ(store->desktopTransitionStart(), -10.0);
     EXPECT_THAT(store->desktopHistory(), ElementsAre(lookWithSeed(5)));
     EXPECT_FALSE(store->motion());
     EXPECT_TRUE(store->appliedMotion());
@@ -335,20 +324,16 @@ TEST_F(StoreTest, ChangingTheLookFadesFromTheOldOne)
     SignalLog log(*store);
     store->changeLook(Look());
     EXPECT_THAT(log.take(), IsEmpty());
-    EXPECT_EQ(store->transitionStart(), -10.0);
 
     store->changeLook(lookWithSeed(1));
-    EXPECT_THAT(log.take(), ElementsAre("history", "transitionStart", "look", "changed"));
+    EXPECT_THAT(log.take(), ElementsAre("history", "replaced", "look", "changed"));
     EXPECT_EQ(store->look(), lookWithSeed(1));
-    EXPECT_EQ(store->previous(), Look());
-    EXPECT_EQ(store->transitionStart(), 100.0);
     EXPECT_THAT(store->history(), ElementsAre(Look()));
 
     now = 101.0;
     // An argument from within the store itself.
     store->changeLook(store->history().front());
-    EXPECT_THAT(log.take(), ElementsAre("history", "previous", "transitionStart", "look", "changed"));
-    EXPECT_EQ(store->previous(), lookWithSeed(1));
+    EXPECT_THAT(log.take(), ElementsAre("history", "replaced", "look", "changed"));
     EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1)));
 
     for (int seed = 100; seed < 145; ++seed)
@@ -366,10 +351,8 @@ TEST_F(StoreTest, UndoWalksBackWithoutRecording)
     SignalLog log(*store);
     now = 102.0;
     store->undo();
-    EXPECT_THAT(log.take(), ElementsAre("history", "previous", "transitionStart", "look", "changed"));
+    EXPECT_THAT(log.take(), ElementsAre("history", "replaced", "look", "changed"));
     EXPECT_EQ(store->look(), lookWithSeed(1));
-    EXPECT_EQ(store->previous(), lookWithSeed(2));
-    EXPECT_EQ(store->transitionStart(), 102.0);
     store->undo();
     EXPECT_EQ(store->look(), Look());
     log.take();
@@ -519,21 +502,16 @@ TEST_F(StoreTest, ApplyingPutsTheLookOnTheDesktop)
     SignalLog log(*store);
     now = 200.0;
     store->applyToDesktop(store->look(), RecordHistory::yes, std::nullopt, ContinueFromEditor::yes);
-    EXPECT_THAT(log.take(), ElementsAre("desktopTransitionStart", "desktop", "appliedMotion", "changed",
-                                        "applied, continuing"));
+    EXPECT_THAT(log.take(), ElementsAre("desktop", "appliedMotion", "changed", "applied, continuing"));
     EXPECT_TRUE(waitUntil([this] { return savedLook("desktop") == lookWithSeed(1); }));
     EXPECT_TRUE(fileText().contains("appliedMotion=true")) << "both or neither";
-    EXPECT_EQ(store->desktopPrevious(), std::nullopt);
-    EXPECT_EQ(store->desktopTransitionStart(), 200.0);
     EXPECT_TRUE(store->isOnDesktop());
     EXPECT_THAT(store->desktopHistory(), IsEmpty());
 
     // The same again, but still: shown anew, not recorded.
     now = 201.0;
     store->applyToDesktop(store->look(), RecordHistory::yes, false, ContinueFromEditor::no);
-    EXPECT_THAT(log.take(), ElementsAre("desktopPrevious", "desktopTransitionStart", "appliedMotion",
-                                        "changed", "applied"));
-    EXPECT_EQ(store->desktopPrevious(), lookWithSeed(1));
+    EXPECT_THAT(log.take(), ElementsAre("appliedMotion", "changed", "applied"));
     EXPECT_THAT(store->desktopHistory(), IsEmpty());
     EXPECT_FALSE(store->isOnDesktop());
     store->setMotion(false);
@@ -582,13 +560,10 @@ TEST_F(StoreTest, GoesBackToThePreviousWallpaper)
     log.take();
     now = 300.0;
     store->previousWallpaper();
-    EXPECT_THAT(log.take(), ElementsAre("desktopHistory", "transitionStart", "look", "desktopPrevious",
-                                        "desktopTransitionStart", "desktop", "changed", "applied"));
+    EXPECT_THAT(log.take(),
+                ElementsAre("desktopHistory", "replaced", "look", "desktop", "changed", "applied"));
     EXPECT_EQ(store->look(), lookWithSeed(1));
-    EXPECT_EQ(store->previous(), Look());
-    EXPECT_EQ(store->transitionStart(), 300.0);
     EXPECT_EQ(store->desktop(), lookWithSeed(1));
-    EXPECT_EQ(store->desktopPrevious(), lookWithSeed(2));
     EXPECT_FALSE(store->appliedMotion()); // although the user wants motion by now
     EXPECT_THAT(store->history(), IsEmpty());
     EXPECT_TRUE(store->saveNow());
@@ -612,13 +587,11 @@ TEST_F(StoreTest, ShufflesEditorAndDesktop)
     const Look first = randomLook(same, "/editor.jpg");
     EXPECT_EQ(first, announced);
     EXPECT_EQ(store->look(), first);
-    EXPECT_EQ(store->previous(), edited);
     EXPECT_THAT(store->history(), ElementsAre(edited));
     EXPECT_EQ(store->desktop(), first);
     EXPECT_TRUE(store->appliedMotion()); // there was no desktop: the user's choice
     EXPECT_THAT(log.take(),
-                ElementsAre("history", "previous", "transitionStart", "look", "desktopTransitionStart",
-                            "desktop", "appliedMotion", "changed", "applied"));
+                ElementsAre("history", "replaced", "look", "desktop", "appliedMotion", "changed", "applied"));
 
     // The desktop's photo comes first, and the desktop stays still.
     Look desktop = lookWithSeed(2);
@@ -767,28 +740,21 @@ TEST_F(StoreTest, AnotherProgramMayWriteForAWhile)
     EXPECT_TRUE(makeStore()->motion());
 }
 
-TEST_F(StoreTest, ATransitionCanBeginAnew)
+TEST_F(StoreTest, AnotherProgramsPictureTakesTheLookFromTheDesktop)
 {
     const auto store = makeStore();
-    store->changeLook(lookWithSeed(1));
     store->applyToDesktop(lookWithSeed(2), RecordHistory::yes, true, ContinueFromEditor::no);
-    EXPECT_TRUE(store->saveNow());
-    const QByteArray before = fileText();
     SignalLog log(*store);
-    now = 104.0;
-    store->beginDesktopTransition(lookWithSeed(8));
-    EXPECT_THAT(log.take(), ElementsAre("desktopPrevious", "desktopTransitionStart", "changed"));
-    EXPECT_EQ(store->desktopPrevious(), lookWithSeed(8));
-    EXPECT_EQ(store->desktopTransitionStart(), 104.0);
-    now = 105.0;
-    store->beginTransition(lookWithSeed(9));
-    EXPECT_THAT(log.take(), ElementsAre("previous", "transitionStart", "changed"));
-    EXPECT_EQ(store->previous(), lookWithSeed(9));
-    EXPECT_EQ(store->transitionStart(), store->mediaTime());
-    EXPECT_EQ(store->look(), lookWithSeed(1));
-    EXPECT_EQ(store->desktop(), lookWithSeed(2));
-    EXPECT_TRUE(isIdle(*store));
-    EXPECT_EQ(fileText(), before);
+    store->leaveDesktop();
+    EXPECT_THAT(log.take(), ElementsAre("desktopHistory", "desktop", "changed")) << "nothing is to be shown";
+    EXPECT_EQ(store->desktop(), std::nullopt);
+    EXPECT_FALSE(store->isOnDesktop());
+    EXPECT_TRUE(store->saveNow());
+    const auto restarted = makeStore();
+    EXPECT_EQ(restarted->desktop(), std::nullopt);
+    EXPECT_THAT(restarted->problems(), IsEmpty());
+    restarted->previousWallpaper();
+    EXPECT_EQ(restarted->desktop(), lookWithSeed(2)) << "it can be had back";
 }
 
 TEST_F(StoreTest, ObserversMayStartTheNextOperation)
@@ -801,7 +767,6 @@ TEST_F(StoreTest, ObserversMayStartTheNextOperation)
     SignalLog log(*store);
     store->changeLook(lookWithSeed(1));
     EXPECT_EQ(store->look(), lookWithSeed(2));
-    EXPECT_EQ(store->previous(), lookWithSeed(1));
     EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1)));
     EXPECT_THAT(log.take(), Contains("look").Times(2));
 }

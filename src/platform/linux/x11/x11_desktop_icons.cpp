@@ -5,6 +5,7 @@
 
 #include "platform/linux/x11/icon_mask.h"
 #include "platform/linux/x11/x11_connection.h"
+#include "platform/process.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <new>
 #include <optional>
 #include <xcb/composite.h>
 #include <xcb/damage.h>
@@ -84,7 +86,7 @@ public:
         if (desktop == XCB_WINDOW_NONE || (!isOtherDesktop && !isOtherPicture))
             return;
         m_picture = {};
-        distrust();
+        suspectDesktop();
         m_pause.start(isOtherDesktop ? 0ms : quiet);
     }
 
@@ -169,12 +171,21 @@ private:
         time.start();
         locate();
         m_memory.start(memory);
-        if (readPicture() && compare(m_changed & m_area) && isBelievable())
-            trust();
+        if (agreesWithPicture())
+            acceptDesktop();
         else
-            distrust();
+            suspectDesktop();
         m_pace =
             std::max<std::chrono::milliseconds>(pace, breaks * std::chrono::milliseconds(time.elapsed()));
+    }
+
+    bool agreesWithPicture()
+    {
+        try {
+            return readPicture() && compare(m_changed & m_area) && isBelievable();
+        } catch (const std::bad_alloc&) {
+            return false; // the holes stay as they are
+        }
     }
 
     [[nodiscard]] bool isBelievable() const
@@ -182,7 +193,7 @@ private:
         return m_mask.share() < (m_isTrusted ? m_share + mostHiddenAtOnce : mostHidden);
     }
 
-    void trust()
+    void acceptDesktop()
     {
         m_isTrusted = true;
         m_share = m_mask.share();
@@ -190,7 +201,7 @@ private:
         cut();
     }
 
-    void distrust()
+    void suspectDesktop()
     {
         m_isTrusted = false;
         m_patience.setRemainingTime(patience);
@@ -287,11 +298,7 @@ private:
 
 X11DesktopIcons::X11DesktopIcons(xcb_window_t window, QRect place) : m_window(window), m_place(place) {}
 
-X11DesktopIcons::~X11DesktopIcons()
-{
-    m_thread.quit();
-    m_thread.wait();
-}
+X11DesktopIcons::~X11DesktopIcons() = default;
 
 void X11DesktopIcons::watch(xcb_window_t desktop, const QString& picture)
 {
@@ -299,19 +306,16 @@ void X11DesktopIcons::watch(xcb_window_t desktop, const QString& picture)
         if (desktop == XCB_WINDOW_NONE || picture.isEmpty())
             return;
         m_watch = new X11IconWatch(m_window, m_place);
-        m_watch->moveToThread(&m_thread);
-        QObject::connect(&m_thread, &QThread::finished, m_watch, &QObject::deleteLater);
-        m_thread.setObjectName(QStringLiteral("icons"));
-        m_thread.start(QThread::LowPriority);
+        m_worker.emplace(QStringLiteral("icons"), lowerThreadPriority);
+        m_worker->adopt(m_watch);
     }
-    QMetaObject::invokeMethod(m_watch,
-                              [watch = m_watch, desktop, picture] { watch->watch(desktop, picture); });
+    m_worker->run([watch = m_watch, desktop, picture] { watch->watch(desktop, picture); });
 }
 
 void X11DesktopIcons::rest()
 {
     if (m_watch != nullptr)
-        QMetaObject::invokeMethod(m_watch, [watch = m_watch] { watch->rest(); });
+        m_worker->run([watch = m_watch] { watch->rest(); });
 }
 
 } // namespace tessel

@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include "base/worker.h"
+
 #include <QRect>
 #include <QString>
-#include <QThread>
 
+#include <optional>
 #include <xcb/xcb.h>
 
 namespace tessel {
@@ -38,8 +40,8 @@ public:
 private:
     const xcb_window_t m_window;
     const QRect m_place;
-    QThread m_thread;
-    X11IconWatch* m_watch = nullptr; ///< lives on the thread, which deletes it
+    std::optional<Worker> m_worker;  ///< there once there has been something to watch
+    X11IconWatch* m_watch = nullptr; ///< lives on its thread, which deletes it
 };
 
 } // namespace tessel
