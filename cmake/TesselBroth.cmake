@@ -34,5 +34,5 @@ function(tessel_add_tests name)
     target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tessel_options GTest::gmock GTest::gtest_main)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LIBGL_ALWAYS_SOFTWARE=1")
+        PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;QT_QPA_PLATFORM=offscreen;LIBGL_ALWAYS_SOFTWARE=1")
 endfunction()

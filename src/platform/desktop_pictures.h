@@ -21,8 +21,8 @@ struct DesktopPicture
     QString file;
 };
 
-/// The desktop's own pictures: what lies behind the icons while no program draws there. One for each kind of
-/// desktop.
+/// The desktop's own pictures: what lies behind the icons while no program draws there. Which kind of desktop
+/// runs may change at any time.
 class DesktopPictures : public QObject
 {
     Q_OBJECT
@@ -35,13 +35,20 @@ public:
     /// The same, but only for the monitors that show something else.
     virtual void restore(const std::vector<DesktopPicture>& pictures) = 0;
 
+    /// Whether the desktop takes pictures, by what was seen last. Where it does not, it may draw icons in a
+    /// window that any of ours would hide, so none is to be shown.
+    [[nodiscard]] virtual bool canSet() const = 0;
+
 Q_SIGNALS:
     /// What was asked for is done.
     /// \param failures why monitors kept what they had, each naming its monitor; empty if none did
     void finished(const QStringList& failures);
+    /// A desktop of another kind runs, or none any more: canSet() may differ. Where it takes pictures it has
+    /// got the newest.
+    void desktopChanged();
 };
 
-/// The pictures of the desktop that runs; nullptr for one that nobody knows how to tell.
+/// Looks which desktop runs.
 [[nodiscard]] std::unique_ptr<DesktopPictures> makeDesktopPictures();
 
 } // namespace tessel

@@ -5,6 +5,7 @@
 #include "platform/linux/desktops/desktop_calls.h"
 #include "platform/linux/desktops/gnome_pictures.h"
 #include "platform/linux/desktops/lxqt_pictures.h"
+#include "platform/linux/desktops/pcmanfm_pictures.h"
 #include "platform/linux/desktops/plasma_pictures.h"
 #include "platform/linux/desktops/queued_pictures.h"
 #include "platform/linux/desktops/root_pictures.h"
@@ -21,6 +22,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
+#include <QProcess>
 #include <QSemaphore>
 #include <QSettings>
 #include <QStandardPaths>
@@ -127,7 +129,11 @@ protected:
 
     Record record;
     QStringList answers;
-    QueuedPictures queue{record.desktop, [this] { return std::make_unique<RecordingBackend>(record); }};
+    QueuedPictures queue{record.desktop, [this]() -> std::unique_ptr<PictureBackend> {
+                             if (record.desktop.isEmpty())
+                                 return nullptr;
+                             return std::make_unique<RecordingBackend>(record);
+                         }};
 };
 
 TEST_F(QueuedPicturesTest, DoesTheFirstAndTheNewestAndAnswersAll)
@@ -150,14 +156,22 @@ TEST_F(QueuedPicturesTest, DoesTheFirstAndTheNewestAndAnswersAll)
 TEST_F(QueuedPicturesTest, TellsAnotherDesktopThatStartsLater)
 {
     record.allowed.release(10);
-    queue.desktopStarted();
+    queue.lookAgain();
     queue.set(two);
     ASSERT_TRUE(waitUntil([this] { return answers.size() == 1; }));
-    queue.desktopStarted();
+    queue.lookAgain();
     settle(50ms);
     EXPECT_THAT(record.files, ElementsAre(two[0].file)) << "the same desktop keeps what its user chose";
+    int changes = 0;
+    QObject::connect(&queue, &DesktopPictures::desktopChanged, [&changes] { ++changes; });
+    record.desktop.clear();
+    queue.lookAgain();
+    ASSERT_TRUE(waitUntil([&changes] { return changes == 1; }));
+    EXPECT_FALSE(queue.canSet());
     record.desktop = QStringLiteral("second");
-    queue.desktopStarted();
+    queue.lookAgain();
+    ASSERT_TRUE(waitUntil([&changes] { return changes == 2; }));
+    EXPECT_TRUE(queue.canSet());
     ASSERT_TRUE(waitUntil([this] { return record.files.size() == 2; }));
     settle(20ms);
     EXPECT_EQ(record.files.last(), two[0].file + QLatin1Char('?'));
@@ -623,6 +637,7 @@ TEST_F(DetectionTest, GoesByWhoDrawsTheDesktop)
               QStringLiteral("X11"));
     EXPECT_EQ(with(QRect(400, 20, 120, 200), 1, "clock\0Clock\0"sv), QStringLiteral("X11"));
     EXPECT_EQ(with(everything, 1, "xfdesktop\0Xfdesktop\0"sv), QStringLiteral("XFCE"));
+    EXPECT_EQ(with(everything, 1, "pcmanfm\0Pcmanfm\0"sv), QStringLiteral("LXDE"));
 
     QDBusConnection files = bus.connect();
     EXPECT_TRUE(files.registerService(QStringLiteral("org.pcmanfm.PCManFM")));
@@ -652,6 +667,85 @@ TEST_F(DetectionTest, GoesByWhatIsOnTheBus)
     EXPECT_EQ(found(), QStringLiteral("Plasma"));
     const Variable named("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
     EXPECT_EQ(found(), QStringLiteral("org.gnome.desktop.background"));
+}
+
+TEST_F(DetectionTest, AWindowThatComesOrGoesMakesAnotherDesktop)
+{
+    using namespace std::string_view_literals;
+    const auto list = [this](const std::vector<std::uint32_t>& windows) {
+        x.setProperty(x.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, windows);
+        x.sync();
+    };
+    const xcb_window_t files =
+        window(QRect(0, 0, 640, 400), "_NET_WM_WINDOW_TYPE_DESKTOP", 1, "files\0Files\0"sv);
+    list({files});
+    const std::unique_ptr<DesktopPictures> pictures = makeDesktopPictures(ours);
+    EXPECT_FALSE(pictures->canSet());
+    QStringList failures;
+    QObject::connect(pictures.get(), &DesktopPictures::finished,
+                     [&failures](const QStringList& messages) { failures = messages; });
+    pictures->set(two);
+    ASSERT_TRUE(waitUntil([&failures] { return !failures.isEmpty(); }));
+    EXPECT_THAT(failures, ElementsAre(Has("HDMI-1"), Has("no way to set pictures")));
+
+    xcb_destroy_window(x.get(), files);
+    list({});
+    ASSERT_TRUE(waitUntil([&pictures] { return pictures->canSet(); }));
+    EXPECT_EQ(content(x.root()), together(two, {640, 400})) << "it has got what it could not show before";
+}
+
+/// LXDE's file manager, played by a program that saves what it is told.
+class PcmanfmTest : public OnX11Test
+{
+protected:
+    PcmanfmTest()
+    {
+        QFile program(folder.filePath(QStringLiteral("pcmanfm")));
+        EXPECT_TRUE(program.open(QIODevice::WriteOnly));
+        program.write("#!/bin/sh\nd=$XDG_CONFIG_HOME/pcmanfm/LXDE; mkdir -p $d; echo \"$@\" >> $d/calls\n"
+                      "[ -e $d/locked ] || printf '[*]\\nwallpaper_mode=%s\\nwallpaper=%s\\n' "
+                      "\"${3:-kept}\" \"$2\" > $d/desktop-items-0.conf\n");
+        program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        drawing.start(QStringLiteral("sh"),
+                      {QStringLiteral("-c"), QStringLiteral("sleep 60; :"), QStringLiteral("pcmanfm"),
+                       QStringLiteral("--desktop"), QStringLiteral("--profile"), QStringLiteral("LXDE")});
+        EXPECT_TRUE(drawing.waitForStarted());
+        using namespace std::string_view_literals;
+        window(QRect(0, 0, 640, 400), "_NET_WM_WINDOW_TYPE_DESKTOP",
+               static_cast<std::uint32_t>(drawing.processId()), "pcmanfm\0Pcmanfm\0"sv);
+    }
+    ~PcmanfmTest() override
+    {
+        drawing.kill();
+        drawing.waitForFinished();
+    }
+
+    [[nodiscard]] QByteArray saved(const char* name) const
+    {
+        QFile file(folder.filePath(QStringLiteral("pcmanfm.d/pcmanfm/LXDE/") + QLatin1String(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    const Variable configuration{"XDG_CONFIG_HOME", folder.filePath(QStringLiteral("pcmanfm.d")).toUtf8()};
+    const Variable path{"PATH", folder.path().toUtf8() + ':' + qgetenv("PATH")};
+    QProcess drawing;
+    PcmanfmPictures pcmanfm{QDBusConnection(QString())};
+};
+
+TEST_F(PcmanfmTest, GetsThePictureOfItsFirstMonitor)
+{
+    const DesktopPicture whole =
+        picture(QStringLiteral("screen"), QRect(0, 0, 640, 400), "wall-00000000003000-0.png", 5);
+    EXPECT_THAT(pcmanfm.apply({whole}, Which::different), IsEmpty());
+    EXPECT_EQ(saved("calls"), "--set-wallpaper " + whole.file.toUtf8() + " --wallpaper-mode=stretch\n");
+    EXPECT_THAT(pcmanfm.apply({whole}, Which::different), IsEmpty());
+    EXPECT_EQ(saved("calls").count('\n'), 1) << "it shows that already";
+
+    EXPECT_THAT(pcmanfm.apply({whole, two[1]}, Which::all), ElementsAre(Has("DP-2: it lets programs set")));
+    EXPECT_EQ(saved("calls").count('\n'), 2);
+
+    QFile(folder.filePath(QStringLiteral("pcmanfm.d/pcmanfm/LXDE/locked"))).open(QIODevice::WriteOnly);
+    EXPECT_THAT(pcmanfm.apply({newer[0]}, Which::all), ElementsAre(Has("LXDE/desktop-items-0.conf stay")));
 }
 
 TEST_F(DetectionTest, ADesktopThatComesAfterUsGetsThePictures)

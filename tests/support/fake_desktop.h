@@ -198,6 +198,9 @@ public:
         answer(pictures);
     }
 
+    [[nodiscard]] bool canSet() const override { return takesPictures; }
+
+    bool takesPictures = true;
     std::vector<DesktopPicture> shown;
     QStringList failures;
     int sets = 0;

@@ -6,6 +6,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QEventLoop>
+#include <QFile>
 #include <QProcess>
 #include <QTimer>
 
@@ -94,6 +95,20 @@ DesktopError DesktopCalls::noAnswer()
 {
     m_isHung = true;
     return {QStringLiteral("it does not answer.")};
+}
+
+QString settingsProfile(std::uint32_t process)
+{
+    QFile commandLine(QStringLiteral("/proc/%1/cmdline").arg(process));
+    const bool opened = commandLine.open(QIODevice::ReadOnly);
+    const QList<QByteArray> arguments = opened ? commandLine.readAll().split('\0') : QList<QByteArray>();
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        if (arguments[i].startsWith("--profile="))
+            return QString::fromLocal8Bit(arguments[i].mid(10));
+        if ((arguments[i] == "--profile" || arguments[i] == "-p") && i + 1 < arguments.size())
+            return QString::fromLocal8Bit(arguments[i + 1]);
+    }
+    return QStringLiteral("default");
 }
 
 } // namespace tessel

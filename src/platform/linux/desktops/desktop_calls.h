@@ -9,6 +9,7 @@
 #include <QVariantList>
 
 #include <chrono>
+#include <cstdint>
 
 class QProcess;
 
@@ -52,5 +53,9 @@ private:
     std::chrono::milliseconds m_patience;
     bool m_isHung = false;
 };
+
+/// The settings profile that a file manager was started with.
+/// \param process its number
+[[nodiscard]] QString settingsProfile(std::uint32_t process);
 
 } // namespace tessel

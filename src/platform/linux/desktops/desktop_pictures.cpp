@@ -5,6 +5,7 @@
 
 #include "platform/linux/desktops/gnome_pictures.h"
 #include "platform/linux/desktops/lxqt_pictures.h"
+#include "platform/linux/desktops/pcmanfm_pictures.h"
 #include "platform/linux/desktops/plasma_pictures.h"
 #include "platform/linux/desktops/queued_pictures.h"
 #include "platform/linux/desktops/root_pictures.h"
@@ -50,6 +51,7 @@ constexpr std::array gnomeFamily{
 constexpr KnownDesktop plasma{"KDE", "org.kde.plasmashell", nullptr};
 constexpr KnownDesktop xfce{"XFCE", "org.xfce.xfdesktop", nullptr};
 constexpr KnownDesktop lxqt{"LXQt", "org.pcmanfm.PCManFM", nullptr};
+constexpr KnownDesktop lxde{"LXDE", nullptr, nullptr};
 // Docks own its name too.
 constexpr KnownDesktop unity{"Unity", "com.canonical.Unity", "org.gnome.desktop.background"};
 
@@ -95,6 +97,8 @@ std::vector<std::pair<KnownDesktop, BackendPointer>> running(const Signs& signs)
     std::vector<std::pair<KnownDesktop, BackendPointer>> found;
     if (runs(signs, plasma))
         found.emplace_back(plasma, std::make_unique<PlasmaPictures>(signs.bus));
+    if (signs.windowClass == QLatin1String("Pcmanfm"))
+        found.emplace_back(lxde, std::make_unique<PcmanfmPictures>(signs.bus));
     if (runs(signs, xfce) || signs.windowClass == QLatin1String("Xfdesktop"))
         found.emplace_back(xfce, std::make_unique<XfcePictures>(signs.bus, signs.workspaces));
     for (const KnownDesktop& desktop : gnomeFamily) {
@@ -141,10 +145,8 @@ std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus)
 std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus)
 {
     const std::unique_ptr<PictureBackend> backend = findPictureBackend(bus);
-    if (backend == nullptr)
-        return nullptr;
-    auto pictures =
-        std::make_unique<QueuedPictures>(backend->desktop(), [bus] { return findPictureBackend(bus); });
+    auto pictures = std::make_unique<QueuedPictures>(backend == nullptr ? QString() : backend->desktop(),
+                                                     [bus] { return findPictureBackend(bus); });
     pictures->watch(bus, knownServices());
     return pictures;
 }

@@ -5,7 +5,6 @@
 
 #include "platform/linux/desktops/spanned_picture.h"
 
-#include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -14,18 +13,6 @@ namespace tessel {
 namespace {
 
 const QString service = QStringLiteral("org.pcmanfm.PCManFM");
-
-/// The settings profile among a command line's arguments.
-QString profile(const QList<QByteArray>& arguments)
-{
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        if (arguments[i].startsWith("--profile="))
-            return QString::fromLocal8Bit(arguments[i].mid(10));
-        if ((arguments[i] == "--profile" || arguments[i] == "-p") && i + 1 < arguments.size())
-            return QString::fromLocal8Bit(arguments[i + 1]);
-    }
-    return QStringLiteral("default");
-}
 
 /// \param file below the folders of settings: the user's own goes before the system's
 QVariant setting(const QString& file, const char* key)
@@ -79,10 +66,7 @@ QString LxqtPictures::settingsFile()
         m_calls.call({QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID")},
                      {service});
-    QFile commandLine(QStringLiteral("/proc/%1/cmdline").arg(answer.value(0).toUInt()));
-    const bool opened = commandLine.open(QIODevice::ReadOnly);
-    const QList<QByteArray> arguments = opened ? commandLine.readAll().split('\0') : QList<QByteArray>();
-    return QStringLiteral("pcmanfm-qt/%1/settings.conf").arg(profile(arguments));
+    return QStringLiteral("pcmanfm-qt/%1/settings.conf").arg(settingsProfile(answer.value(0).toUInt()));
 }
 
 } // namespace tessel

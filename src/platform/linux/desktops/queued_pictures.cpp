@@ -33,9 +33,9 @@ QueuedPictures::QueuedPictures(QString desktop, Find find)
 {
     m_drawing.setSingleShot(true);
     m_drawing.setInterval(std::chrono::seconds(2));
-    connect(&m_drawing, &QTimer::timeout, this, &QueuedPictures::desktopStarted);
-    connect(&m_services, &QDBusServiceWatcher::serviceRegistered, &m_drawing, qOverload<>(&QTimer::start));
-    connect(this, &QueuedPictures::started, &m_worker, [this] { Q_EMIT carriedOut(carryOut(*m_running)); });
+    connect(&m_drawing, &QTimer::timeout, this, &QueuedPictures::lookAgain);
+    connect(&m_services, &QDBusServiceWatcher::serviceOwnerChanged, &m_drawing, qOverload<>(&QTimer::start));
+    connect(this, &QueuedPictures::started, &m_worker, [this] { carryOut(*m_running); });
     connect(this, &QueuedPictures::carriedOut, this, &QueuedPictures::answer, Qt::QueuedConnection);
     m_worker.moveToThread(&m_thread);
     m_thread.start();
@@ -57,17 +57,19 @@ void QueuedPictures::restore(const std::vector<DesktopPicture>& pictures)
     ask({pictures, PictureBackend::Which::different});
 }
 
-void QueuedPictures::desktopStarted()
+void QueuedPictures::lookAgain()
 {
-    if (!m_newest.empty() && !m_waiting)
+    if (!m_waiting)
         ask({m_newest, PictureBackend::Which::different, 0});
 }
 
 void QueuedPictures::watch(const QDBusConnection& bus, const QStringList& services)
 {
     m_services.setConnection(bus);
-    m_services.setWatchMode(QDBusServiceWatcher::WatchForRegistration);
+    m_services.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     m_services.setWatchedServices(services);
+    m_owner = std::make_unique<X11DesktopOwnerWatch>();
+    connect(m_owner.get(), &X11DesktopOwnerWatch::changed, &m_drawing, qOverload<>(&QTimer::start));
 }
 
 void QueuedPictures::ask(Request request)
@@ -82,33 +84,36 @@ void QueuedPictures::ask(Request request)
 
 void QueuedPictures::start(Request request)
 {
+    request.before = m_desktop;
     m_running = std::move(request);
     Q_EMIT started();
 }
 
-void QueuedPictures::answer(const QStringList& failures)
+void QueuedPictures::answer(const QString& desktop, const QStringList& failures)
 {
+    const bool isOther = std::exchange(m_desktop, desktop) != desktop;
     const int callers = std::exchange(m_running, std::nullopt)->callers;
     if (m_waiting)
         start(*std::exchange(m_waiting, std::nullopt));
+    if (isOther)
+        Q_EMIT desktopChanged();
     for (int i = 0; i < callers; ++i)
         Q_EMIT finished(failures);
 }
 
-QStringList QueuedPictures::carryOut(const Request& request)
+void QueuedPictures::carryOut(const Request& request)
 {
+    const std::unique_ptr<PictureBackend> backend = m_find();
+    const QString desktop = backend == nullptr ? QString() : backend->desktop();
+    if (request.callers == 0 && (request.before == desktop || request.pictures.empty()))
+        return Q_EMIT carriedOut(desktop, {});
     std::vector<DesktopPicture> pictures = request.pictures;
     QStringList failures = removeMissing(pictures);
-    if (pictures.empty())
-        return failures;
-    const std::unique_ptr<PictureBackend> backend = m_find();
     if (backend == nullptr)
-        return failures +
-               refusals(pictures, QStringLiteral("it is of a kind that has no way to set pictures."));
-    const QString before = std::exchange(m_desktop, backend->desktop());
-    if (request.callers == 0 && before == m_desktop)
-        return failures;
-    return failures + backend->apply(pictures, request.which);
+        failures += refusals(pictures, QStringLiteral("it is of a kind that has no way to set pictures."));
+    else if (!pictures.empty())
+        failures += backend->apply(pictures, request.which);
+    Q_EMIT carriedOut(desktop, failures);
 }
 
 } // namespace tessel

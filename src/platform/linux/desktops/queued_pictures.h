@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/linux/desktops/picture_backend.h"
+#include "platform/linux/x11/x11_desktop_owner.h"
 
 #include <QDBusServiceWatcher>
 #include <QThread>
@@ -24,47 +25,52 @@ public:
     /// Looks which desktop runs now; nullptr if it is an unknown one. Called on the thread.
     using Find = std::function<std::unique_ptr<PictureBackend>()>;
 
-    /// \param desktop the kind of desktop that ran when this was made
+    /// \param desktop the kind of desktop that runs as this is made; empty for an unknown one
     QueuedPictures(QString desktop, Find find);
     /// Drops what is not done yet, without a signal.
     ~QueuedPictures() override;
 
     void set(const std::vector<DesktopPicture>& pictures) override;
     void restore(const std::vector<DesktopPicture>& pictures) override;
+    [[nodiscard]] bool canSet() const override { return !m_desktop.isEmpty(); }
 
     /// At login the desktop may come after us: tells the newest pictures to one of another kind than before.
-    void desktopStarted();
+    void lookAgain();
 
-    /// Calls desktopStarted() whenever one of the services has come and had time to draw.
+    /// Calls lookAgain() some time after a desktop has come or gone: whenever one of the services did, and
+    /// when the program that draws the desktop on X11 is another one.
     void watch(const QDBusConnection& bus, const QStringList& services);
 
 Q_SIGNALS:
     /// To the thread: there is a running request, which stays as it is until it is done.
     void started();
     /// By the thread: it is done.
-    void carriedOut(const QStringList& failures);
+    /// \param desktop the kind that runs
+    void carriedOut(const QString& desktop, const QStringList& failures);
 
 private:
     struct Request
     {
         std::vector<DesktopPicture> pictures;
         PictureBackend::Which which = PictureBackend::Which::all;
-        int callers = 1; ///< who wait for an answer; none if it is for another kind of desktop only
+        int callers = 1;     ///< who wait for an answer; none if it is for another kind of desktop only
+        QString before = {}; ///< the kind that ran when it was last looked at
     };
 
     void ask(Request request);
     void start(Request request);
-    void answer(const QStringList& failures);
-    QStringList carryOut(const Request& request);
+    void answer(const QString& desktop, const QStringList& failures);
+    void carryOut(const Request& request);
 
     const Find m_find;
-    QString m_desktop; ///< that got pictures last; for the thread
+    QString m_desktop; ///< the kind that ran when it was last looked at
     QThread m_thread;
     QObject m_worker; ///< lives in the thread
     std::vector<DesktopPicture> m_newest;
     std::optional<Request> m_running;
     std::optional<Request> m_waiting;
     QDBusServiceWatcher m_services;
+    std::unique_ptr<X11DesktopOwnerWatch> m_owner;
     QTimer m_drawing; ///< runs while a new desktop draws for the first time
 };
 

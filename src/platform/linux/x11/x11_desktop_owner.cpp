@@ -3,14 +3,17 @@
 
 #include "platform/linux/x11/x11_desktop_owner.h"
 
-#include "platform/linux/x11/x11_connection.h"
-
 #include <algorithm>
+#include <chrono>
 #include <unistd.h>
+#include <utility>
 
 namespace tessel {
 
 namespace {
+
+/// Programs open and close several windows at once.
+constexpr std::chrono::milliseconds lookingPace{500};
 
 /// The windows of programs: those that have no frame around them, then as the window manager lists them.
 std::vector<xcb_window_t> withListed(X11Connection& connection, const std::vector<xcb_window_t>& listed)
@@ -94,6 +97,40 @@ xcb_window_t desktopWindowAt(X11Connection& connection, const QRect& monitor)
 std::vector<xcb_window_t> stackedWindows(X11Connection& connection)
 {
     return connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW);
+}
+
+X11DesktopOwnerWatch::X11DesktopOwnerWatch()
+{
+    if (!m_connection.isValid())
+        return;
+    // Desktops that the window manager does not list still tell of their picture there.
+    static constexpr std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &events);
+    m_looking.setSingleShot(true);
+    m_looking.setInterval(lookingPace);
+    connect(&m_looking, &QTimer::timeout, this, &X11DesktopOwnerWatch::look);
+    m_owner = desktopOwner(m_connection);
+    m_events = std::make_unique<X11Events>(m_connection);
+    connect(m_events.get(), &X11Events::received, this, &X11DesktopOwnerWatch::handle);
+}
+
+X11DesktopOwnerWatch::~X11DesktopOwnerWatch() = default;
+
+void X11DesktopOwnerWatch::handle(const xcb_generic_event_t& event)
+{
+    if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY || m_looking.isActive())
+        return;
+    const xcb_atom_t property = reinterpret_cast<const xcb_property_notify_event_t&>(event).atom;
+    if (property == m_connection.atom("_NET_CLIENT_LIST") || property == m_connection.atom("_XROOTPMAP_ID"))
+        m_looking.start();
+}
+
+void X11DesktopOwnerWatch::look()
+{
+    const std::optional<std::string> owner = desktopOwner(m_connection);
+    if (owner != std::exchange(m_owner, owner))
+        Q_EMIT changed();
+    m_events->drain();
 }
 
 } // namespace tessel

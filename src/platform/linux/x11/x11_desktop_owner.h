@@ -3,16 +3,19 @@
 
 #pragma once
 
-#include <QRect>
+#include "platform/linux/x11/x11_connection.h"
 
+#include <QObject>
+#include <QRect>
+#include <QTimer>
+
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 #include <xcb/xcb.h>
 
 namespace tessel {
-
-class X11Connection;
 
 /// The program whose window covers a monitor below all others, by the class that the window names; none if
 /// nobody's does. Windows of our own do not count, nor small ones such as a clock drawn on the desktop.
@@ -25,5 +28,27 @@ class X11Connection;
 
 /// The windows that the window manager knows, from the lowest to the uppermost.
 [[nodiscard]] std::vector<xcb_window_t> stackedWindows(X11Connection& connection);
+
+/// Tells when the program that draws the desktop is another one.
+class X11DesktopOwnerWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    X11DesktopOwnerWatch();
+    ~X11DesktopOwnerWatch() override;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void look();
+
+    X11Connection m_connection;
+    std::unique_ptr<X11Events> m_events;
+    std::optional<std::string> m_owner;
+    QTimer m_looking; ///< from a change of the windows until it is looked at
+};
 
 } // namespace tessel
