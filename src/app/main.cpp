@@ -107,7 +107,7 @@ int runApplication(QApplication& application)
     Wallpaper wallpaper({.store = store,
                          .windows = *windows,
                          .session = *session,
-                         .pictures = pictures.get(),
+                         .pictures = *pictures,
                          .graphics = *graphics,
                          .clocks = clocks,
                          .preparer = preparer});

@@ -7,7 +7,6 @@
 
 #include <QObject>
 #include <QSize>
-#include <QString>
 
 namespace tessel {
 
@@ -28,10 +27,6 @@ public:
     /// How many frames a second the window asks for from now on; 0 for none. Nothing is asked for that
     /// nobody would see.
     virtual void setFrameRate(int framesPerSecond) = 0;
-
-    /// Lets the window show a picture file of its pixel size by itself, without any work of ours, until the
-    /// next frame is drawn. It appears when it has been read; what was shown before stays until then.
-    virtual void showPicture(const QString& file) = 0;
 
 Q_SIGNALS:
     /// It is time for the next frame.

@@ -38,7 +38,7 @@ QStringList filesOf(const std::vector<DesktopPicture>& pictures)
 
 } // namespace
 
-DesktopStills::DesktopStills(Store& store, Graphics& graphics, DesktopPictures* desktop,
+DesktopStills::DesktopStills(Store& store, Graphics& graphics, DesktopPictures& desktop,
                              const QString& folder)
     : m_store(store)
     , m_desktop(desktop)
@@ -48,16 +48,11 @@ DesktopStills::DesktopStills(Store& store, Graphics& graphics, DesktopPictures* 
     connect(&m_maker, &StillMaker::failed, this, &DesktopStills::failed);
     connect(&m_maker, &StillMaker::written, this, [this](const std::vector<DesktopPicture>& pictures) {
         keep(pictures);
-        if (m_desktop != nullptr) {
-            ++m_calls;
-            m_desktop->set(m_latest);
-        } else {
-            prune();
-        }
+        ++m_calls;
+        m_desktop.set(m_latest);
         Q_EMIT made();
     });
-    if (m_desktop != nullptr)
-        connect(m_desktop, &DesktopPictures::finished, this, &DesktopStills::answer);
+    connect(&m_desktop, &DesktopPictures::finished, this, &DesktopStills::answer);
 }
 
 void DesktopStills::make(const StillRecipe& recipe, const std::vector<Screen>& screens)
@@ -100,10 +95,8 @@ void DesktopStills::find(const Look& look, const std::vector<Screen>& screens)
 
 void DesktopStills::restore()
 {
-    if (m_desktop == nullptr)
-        return;
     ++m_calls;
-    m_desktop->restore(m_latest);
+    m_desktop.restore(m_latest);
 }
 
 void DesktopStills::savePng(const StillRecipe& recipe, QSize size, const QString& file,

@@ -22,8 +22,7 @@ class DesktopStills : public QObject
 
 public:
     /// All must outlive this.
-    /// \param desktop nullptr where there is none that takes pictures
-    DesktopStills(Store& store, Graphics& graphics, DesktopPictures* desktop, const QString& folder);
+    DesktopStills(Store& store, Graphics& graphics, DesktopPictures& desktop, const QString& folder);
 
     /// Makes a picture for every screen and hands them to the desktop. What was under way is given up.
     void make(const StillRecipe& recipe, const std::vector<Screen>& screens);
@@ -34,9 +33,6 @@ public:
     /// Whether pictures are being made, and whether the desktop still has to say that it shows some.
     [[nodiscard]] bool isMaking() const { return m_maker.isBusy(); }
     [[nodiscard]] bool isHandingOver() const { return m_calls > 0; }
-
-    /// Whether there is a desktop that takes pictures.
-    [[nodiscard]] bool hasDesktop() const { return m_desktop != nullptr; }
 
     /// The pictures made last, and whether they are for these screens.
     [[nodiscard]] const std::vector<DesktopPicture>& latest() const { return m_latest; }
@@ -77,7 +73,7 @@ private:
     void prune();
 
     Store& m_store;
-    DesktopPictures* const m_desktop;
+    DesktopPictures& m_desktop;
     const QString m_folder;
     StillMaker m_maker;
     std::vector<DesktopPicture> m_latest;

@@ -35,27 +35,15 @@ void LiveWindows::setScreens(const std::vector<Screen>& screens)
 
 void LiveWindows::play()
 {
-    m_state = State::playing;
+    m_arePlaying = true;
     for (const auto& view : m_views)
         view->show();
     refreshPauses();
 }
 
-void LiveWindows::showPictures(const std::vector<DesktopPicture>& pictures)
-{
-    m_state = State::still;
-    for (const auto& view : m_views) {
-        const auto found = std::ranges::find_if(pictures, [&](const DesktopPicture& picture) {
-            return picture.screen.isSamePlace(view->screen());
-        });
-        if (found != pictures.end())
-            view->showPicture(found->file);
-    }
-}
-
 void LiveWindows::hide()
 {
-    m_state = State::hidden;
+    m_arePlaying = false;
     refreshPauses();
     for (const auto& view : m_views)
         view->hide();
@@ -76,7 +64,7 @@ void LiveWindows::restart()
 void LiveWindows::refreshPauses()
 {
     for (const auto& view : m_views)
-        view->setPaused(m_state != State::playing || !m_isSeen);
+        view->setPaused(!m_arePlaying || !m_isSeen);
 }
 
 } // namespace tessel

@@ -13,18 +13,11 @@
 
 namespace tessel {
 
-/// What plays on the desktop: a window on every screen, whether it is drawn live, shows a picture or is not
-/// there.
+/// What plays on the desktop: a window on every screen, which is drawn live or hidden, so that the desktop
+/// shows its own picture.
 class LiveWindows
 {
 public:
-    enum class State : std::uint8_t
-    {
-        hidden,  ///< the desktop shows its own picture
-        playing, ///< they are drawn live
-        still    ///< they show a picture, since the desktop cannot
-    };
-
     /// All must outlive this.
     LiveWindows(WindowSystem& system, Scene& scene, Graphics& graphics);
 
@@ -32,11 +25,9 @@ public:
     void setScreens(const std::vector<Screen>& screens);
     [[nodiscard]] bool areOn(const std::vector<Screen>& screens) const;
 
-    [[nodiscard]] State state() const { return m_state; }
-
     void play();
-    void showPictures(const std::vector<DesktopPicture>& pictures);
     void hide();
+    [[nodiscard]] bool arePlaying() const { return m_arePlaying; }
 
     /// Whether somebody may see the desktop; while nobody does, nothing is drawn.
     void setSeen(bool seen);
@@ -52,7 +43,7 @@ private:
     Graphics& m_graphics;
     std::vector<Screen> m_screens; ///< those without a window included
     std::vector<std::unique_ptr<PassthroughView>> m_views;
-    State m_state = State::hidden;
+    bool m_arePlaying = false;
     bool m_isSeen = true;
 };
 

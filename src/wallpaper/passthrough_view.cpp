@@ -19,8 +19,7 @@ PassthroughView::PassthroughView(const Screen& screen, std::unique_ptr<Wallpaper
     connect(m_window.get(), &WallpaperWindow::frameDue, this, &PassthroughView::draw);
     connect(m_window.get(), &WallpaperWindow::contentLost, this, [this] {
         m_cells.invalidate();
-        if (!m_showsPicture)
-            draw();
+        draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
         if (!m_stopped)
@@ -37,10 +36,6 @@ PassthroughView::~PassthroughView()
 
 void PassthroughView::setPaused(bool paused)
 {
-    if (!paused && m_showsPicture) {
-        m_showsPicture = false;
-        m_cells.invalidate();
-    }
     if (paused == m_stopped)
         return;
     m_stopped = paused;
@@ -48,13 +43,6 @@ void PassthroughView::setPaused(bool paused)
         m_window->setFrameRate(0);
     else
         draw();
-}
-
-void PassthroughView::showPicture(const QString& file)
-{
-    setPaused(true);
-    m_showsPicture = true;
-    m_window->showPicture(file);
 }
 
 void PassthroughView::restart()

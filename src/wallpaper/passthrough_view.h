@@ -38,9 +38,6 @@ public:
     [[nodiscard]] bool isPaused() const { return m_stopped; }
     void setPaused(bool paused);
 
-    /// Shows a picture file instead of frames until it is no longer paused.
-    void showPicture(const QString& file);
-
     /// Draws at once and asks for frames anew, as after a sleep that may have stopped them.
     void restart();
 
@@ -69,7 +66,6 @@ private:
     LoadGovernor m_governor;
     GpuTimer m_gpuTimer;
     bool m_stopped = true;
-    bool m_showsPicture = false;
 };
 
 } // namespace tessel

@@ -58,6 +58,7 @@ Wallpaper::Wallpaper(const WallpaperEnvironment& environment)
     connect(&m_stills, &DesktopStills::handedOver, this, &Wallpaper::stillHandedOver);
     connect(&m_stills, &DesktopStills::found, this, &Wallpaper::stillFound);
     connect(&m_stills, &DesktopStills::missing, this, &Wallpaper::stillMissing);
+    connect(&m_environment.pictures, &DesktopPictures::desktopChanged, this, &Wallpaper::desktopChanged);
     connect(&m_environment.windows.screens(), &Screens::changed, this, &Wallpaper::screensChanged);
     const Session& session = m_environment.session;
     connect(&session, &Session::changed, this,
@@ -141,13 +142,24 @@ void Wallpaper::showLook()
     m_scene.show(sizes());
 }
 
-/// The windows come up only now: until a new look can be drawn, what was there before is better.
+/// The windows come up only now: until a new look can be drawn, what was there before is better. Where the
+/// desktop takes no pictures they stay away: there would be nothing to tell its icons by, which they would
+/// hide.
 void Wallpaper::showLive()
 {
-    m_live.play();
+    if (m_environment.pictures.canSet())
+        m_live.play();
     // The cross-fade begins only now, and what is to come after it waits for its end.
     if (m_stillDelay.isActive())
         m_stillDelay.start();
+}
+
+void Wallpaper::desktopChanged()
+{
+    if (!m_environment.pictures.canSet())
+        m_live.hide();
+    else if (m_environment.store.desktop() && m_environment.store.appliedMotion())
+        showLook();
 }
 
 void Wallpaper::screensChanged()
@@ -157,7 +169,7 @@ void Wallpaper::screensChanged()
     if (!m_environment.store.desktop())
         return;
     // Where they are the same, windows that are about to be hidden still are.
-    if (m_live.state() != LiveWindows::State::hidden && !m_live.areOn(now))
+    if (m_live.arePlaying() && !m_live.areOn(now))
         showLook();
     if (!m_waitsForScreen && m_stills.areFor(now))
         return;
@@ -196,8 +208,6 @@ void Wallpaper::makeStill()
 /// Without our windows the desktop would show the picture of an earlier look.
 void Wallpaper::finishStill()
 {
-    if (!m_stills.hasDesktop())
-        return;
     if (m_stillDelay.isActive()) {
         m_stillDelay.stop();
         makeStill();
@@ -213,8 +223,6 @@ void Wallpaper::stillMade()
 {
     tellMissingPhoto();
     m_environment.windows.leaveIconsFree(m_stills.latest());
-    if (!m_stills.hasDesktop() && !m_environment.store.appliedMotion())
-        showPictures();
     m_scene.anticipate(m_environment.store.upcoming(), sizes());
 }
 
@@ -224,12 +232,8 @@ void Wallpaper::stillHandedOver(const QStringList& failures)
         return;
     if (!failures.isEmpty())
         Q_EMIT stillFailed(failures.join(QLatin1Char('\n')));
-    if (m_environment.store.appliedMotion() || m_live.state() == LiveWindows::State::hidden)
-        return;
-    if (failures.isEmpty())
+    if (!m_environment.store.appliedMotion() && m_live.arePlaying())
         m_appearing.start();
-    else
-        showPictures();
 }
 
 /// The pictures made last are there and of the look: the desktop is to show them.
@@ -239,10 +243,7 @@ void Wallpaper::stillFound()
         return;
     m_environment.windows.leaveIconsFree(m_stills.latest());
     m_scene.anticipate(m_environment.store.upcoming(), sizes());
-    if (m_stills.hasDesktop())
-        m_stills.restore();
-    else if (!m_environment.store.appliedMotion())
-        showPictures();
+    m_stills.restore();
 }
 
 /// They are gone, or of another look because the program was ended too early.
@@ -252,13 +253,6 @@ void Wallpaper::stillMissing()
         return;
     showLook();
     scheduleStill();
-}
-
-/// Where the desktop does not take them.
-void Wallpaper::showPictures()
-{
-    m_live.setScreens(screens());
-    m_live.showPictures(m_stills.latest());
 }
 
 void Wallpaper::tellMissingPhoto()

@@ -39,7 +39,7 @@ struct WallpaperEnvironment
     Store& store;
     WindowSystem& windows;
     Session& session;
-    DesktopPictures* pictures; ///< nullptr where there are none: then our windows keep showing the still
+    DesktopPictures& pictures;
     Graphics& graphics;
     AnimationClocks& clocks;
     LookPreparer& preparer;
@@ -77,6 +77,7 @@ private:
     [[nodiscard]] std::vector<ViewSize> sizes() const;
     void showLook();
     void showLive();
+    void desktopChanged();
     void screensChanged();
     void wake();
 
@@ -88,7 +89,6 @@ private:
     void stillHandedOver(const QStringList& failures);
     void stillFound();
     void stillMissing();
-    void showPictures();
     void tellMissingPhoto();
     void lookFailed(const QString& problem);
 

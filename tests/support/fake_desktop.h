@@ -10,7 +10,6 @@
 #include "support/drawing_test.h"
 #include "support/surroundings.h"
 
-#include <QColorSpace>
 #include <QImage>
 #include <QPainter>
 #include <QTimer>
@@ -42,15 +41,6 @@ struct WindowRecord
     bool hasPixels = false; ///< memory for all of them
     bool visible = false;
     bool alive = true;
-    QString picture; ///< that it shows by itself
-
-    [[nodiscard]] bool shows(const QImage& wanted) const
-    {
-        // An image from a file also has a colour space, which does not matter here.
-        QImage plain = QImage(picture).convertToFormat(QImage::Format_RGB32);
-        plain.setColorSpace({});
-        return plain == wanted;
-    }
 };
 
 /// A window in memory, which asks for frames by a timer.
@@ -83,11 +73,6 @@ public:
             m_frames.stop();
         else if (!m_frames.isActive() || m_frames.interval() != 1000 / framesPerSecond)
             m_frames.start(1000 / framesPerSecond);
-    }
-    void showPicture(const QString& file) override
-    {
-        m_record->picture = file;
-        m_record->visible = true;
     }
 
     [[nodiscard]] bool isReady() const override { return m_record->visible; }

@@ -37,7 +37,7 @@ protected:
             .store = *store,
             .windows = system,
             .session = session,
-            .pictures = hasPictures ? &pictures : nullptr,
+            .pictures = pictures,
             .graphics = graphics,
             .clocks = clocks,
             .preparer = preparer,
@@ -89,7 +89,6 @@ protected:
     std::vector<std::shared_ptr<WindowRecord>>& windows = system.windows;
     FakeSession session;
     FakePictures pictures;
-    bool hasPictures = true;
     std::chrono::milliseconds animatedDelay = 400ms;
     AnimationClocks clocks;
     LookPreparer preparer;
@@ -243,38 +242,44 @@ TEST_F(WallpaperTest, DoesNothingThatNobodySees)
         << "nothing can move";
 }
 
-TEST_F(WallpaperTest, AnUnknownDesktopKeepsOurWindows)
+TEST_F(WallpaperTest, ADesktopThatTakesNoPicturesKeepsItsIcons)
 {
-    hasPictures = false;
-    restart();
+    pictures.takesPictures = false;
+    pictures.failures = {QStringLiteral("of a kind that takes none")};
     wallpaper->start();
-    apply(6, false);
-    ASSERT_TRUE(waitUntil([&] { return windows.size() == 1 && !windows[0]->picture.isEmpty(); }));
-    const Picture still = draw(lookWithSeed(6), 320, 180, clocks.phase(Source::desktop));
-    const QImage expected(reinterpret_cast<const uchar*>(still.pixels.get()), 320, 180, QImage::Format_RGB32);
-    EXPECT_TRUE(windows[0]->shows(expected));
-    settle(100ms);
-    EXPECT_EQ(visibleWindows(), 1);
-    EXPECT_EQ(framesIn(300ms), 0);
+    apply(6, true);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); })) << "it is told";
+    EXPECT_EQ(visibleWindows(), 0);
 
-    restart();
-    wallpaper->start();
-    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
-    EXPECT_TRUE(windows.back()->shows(expected)) << "from the file";
+    pictures.takesPictures = true;
+    Q_EMIT pictures.desktopChanged();
+    EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 1; })) << "another desktop has come";
+    pictures.takesPictures = false;
+    Q_EMIT pictures.desktopChanged();
+    EXPECT_EQ(visibleWindows(), 0) << "and another";
 }
 
-TEST_F(WallpaperTest, ADesktopThatRefusesIsReportedAndOurWindowsStay)
+TEST_F(WallpaperTest, ADesktopThatRefusesKeepsItsPictureAndIsReported)
 {
     pictures.failures = {QStringLiteral("ONE did not take it")};
     wallpaper->start();
     apply(7, false);
-    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty() && !windows[0]->picture.isEmpty(); }));
-    settle(100ms);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty() && visibleWindows() == 0; }));
     EXPECT_EQ(failures, QStringList{QStringLiteral("ONE did not take it")});
-    EXPECT_EQ(visibleWindows(), 1);
-    pictures.failures.clear();
-    Q_EMIT session.woke();
-    EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; })) << "it takes it now";
+}
+
+TEST_F(WallpaperTest, WhatADesktopRefusesCostsNoPictureThatItTook)
+{
+    wallpaper->start();
+    apply(1, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
+    const QString taken = pictures.shown[0].file;
+    pictures.failures = {QStringLiteral("ONE did not take it")};
+    for (int seed = 2; seed < 8; ++seed) {
+        apply(seed, false);
+        ASSERT_TRUE(waitUntil([&] { return failures.size() == seed - 1; }));
+    }
+    EXPECT_TRUE(QFile::exists(taken)) << "the desktop still shows it";
 }
 
 TEST_F(WallpaperTest, AMissingPhotoIsTold)

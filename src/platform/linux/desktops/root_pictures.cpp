@@ -3,8 +3,8 @@
 
 #include "platform/linux/desktops/root_pictures.h"
 
-#include "platform/linux/x11/x11_backdrop.h"
 #include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_upload.h"
 
 #include <QCryptographicHash>
 #include <QImage>

@@ -130,7 +130,6 @@ void X11DesktopOwnerWatch::look()
     const std::optional<std::string> owner = desktopOwner(m_connection);
     if (owner != std::exchange(m_owner, owner))
         Q_EMIT changed();
-    m_events->drain();
 }
 
 } // namespace tessel

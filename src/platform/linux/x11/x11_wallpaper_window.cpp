@@ -5,9 +5,7 @@
 
 #include "base/gl_context.h"
 #include "base/identity.h"
-#include "base/worker.h"
 #include "platform/linux/qt_gl_context.h"
-#include "platform/linux/x11/x11_backdrop.h"
 #include "platform/linux/x11/x11_canvas.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_desktop_icons.h"
@@ -16,8 +14,6 @@
 #include "platform/linux/x11/x11_stacking.h"
 
 #include <QGuiApplication>
-#include <QImage>
-#include <QPointer>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
@@ -151,28 +147,12 @@ public:
 
     void setFrameRate(int framesPerSecond) override
     {
-        if (framesPerSecond > 0)
-            m_picture.clear();
         if (framesPerSecond == m_framesPerSecond)
             return;
         m_framesPerSecond = framesPerSecond;
         m_frames.stop();
         if (isSeen())
             startFrames();
-    }
-
-    void showPicture(const QString& file) override
-    {
-        if (std::exchange(m_picture, file) == file)
-            return;
-        m_server.pictures.run(
-            [file, window = m_window] {
-                setWindowBackdrop(window, QImage(file).convertToFormat(QImage::Format_RGB32));
-            },
-            [guard = QPointer<X11Window>(this), file](const auto& /*outcome*/) {
-                if (guard && guard->m_picture == file)
-                    guard->show();
-            });
     }
 
     void setPictureBehind(const QString& file) override
@@ -270,8 +250,7 @@ private:
     QTimer m_frames;
     int m_framesPerSecond = 0;
     bool m_isWatchingPower = false;
-    QString m_behind;  ///< the file of the desktop's picture
-    QString m_picture; ///< the file that is shown, or about to be, without frames; empty for none
+    QString m_behind; ///< the file of the desktop's picture
 };
 
 } // namespace

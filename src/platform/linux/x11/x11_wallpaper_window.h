@@ -10,7 +10,6 @@
 
 namespace tessel {
 
-class Worker;
 class X11Connection;
 class X11Events;
 class X11Occlusion;
@@ -24,7 +23,6 @@ struct X11Surroundings
     X11Events& events;
     X11Occlusion& occlusion;
     X11ScreenPower& power;
-    Worker& pictures; ///< reads them
 };
 
 /// The desktop's picture is known to a window of this class, which leaves free what else the desktop draws.

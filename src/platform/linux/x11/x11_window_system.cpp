@@ -7,7 +7,6 @@
 #include "platform/linux/x11/x11_panel_window.h"
 #include "platform/linux/x11/x11_pointer_feed.h"
 #include "platform/linux/x11/x11_wallpaper_window.h"
-#include "platform/process.h"
 
 #include <algorithm>
 
@@ -25,8 +24,6 @@ QString fileFor(const Screen& screen, const std::vector<DesktopPicture>& picture
 
 } // namespace
 
-X11WindowSystem::X11WindowSystem() : m_reader(QStringLiteral("pictures"), lowerThreadPriority) {}
-
 std::unique_ptr<GlContext> X11WindowSystem::makeContext()
 {
     return std::make_unique<QtGlContext>();
@@ -36,7 +33,7 @@ std::unique_ptr<WallpaperWindow> X11WindowSystem::makeWallpaperWindow(const Scre
                                                                       Rasterizer rasterizer)
 {
     std::unique_ptr<X11WallpaperWindow> window =
-        makeX11WallpaperWindow(screen, rasterizer, {m_connection, m_events, m_occlusion, m_power, m_reader});
+        makeX11WallpaperWindow(screen, rasterizer, {m_connection, m_events, m_occlusion, m_power});
     if (window == nullptr)
         return nullptr;
     std::erase_if(m_windows, [](const auto& known) { return known.second.isNull(); });

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "base/worker.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_focus.h"
 #include "platform/linux/x11/x11_occlusion.h"
@@ -13,8 +12,6 @@
 
 #include <QPointer>
 
-#include <map>
-
 namespace tessel {
 
 class X11WallpaperWindow;
@@ -23,8 +20,6 @@ class X11WallpaperWindow;
 class X11WindowSystem final : public WindowSystem
 {
 public:
-    X11WindowSystem();
-
     [[nodiscard]] std::unique_ptr<GlContext> makeContext() override;
     [[nodiscard]] Screens& screens() override { return m_screens; }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
@@ -41,7 +36,6 @@ private:
     X11Occlusion m_occlusion{m_connection, m_events};
     X11ScreenPower m_power{m_connection, m_events};
     X11Focus m_focus{m_connection};
-    Worker m_reader; ///< of pictures for windows
     std::vector<DesktopPicture> m_pictures;
     std::vector<std::pair<Screen, QPointer<X11WallpaperWindow>>> m_windows; ///< some of which may be gone
 };

@@ -18,9 +18,4 @@ class X11Connection;
 /// \param picture Format_RGB32
 void upload(X11Connection& connection, xcb_drawable_t drawable, const QImage& picture, QPoint to);
 
-/// Makes a picture the background of a window of the screen's depth, and shows it at once. A null image takes
-/// the background away and leaves what is shown. On a connection of its own: for any thread.
-/// \param picture of the window's pixel size, Format_RGB32
-void setWindowBackdrop(xcb_window_t window, const QImage& picture);
-
 } // namespace tessel

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/linux/x11/x11_backdrop.h"
+#include "platform/linux/x11/x11_upload.h"
 
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_shared_memory.h"
@@ -45,28 +45,6 @@ void upload(X11Connection& connection, xcb_drawable_t drawable, const QImage& pi
     static constexpr qsizetype large = 0x40000;
     if (picture.sizeInBytes() < large || !uploadShared(connection, drawable, picture, to))
         connection.put(drawable, picture, to);
-}
-
-void setWindowBackdrop(xcb_window_t window, const QImage& picture)
-{
-    X11Connection connection;
-    if (!connection.isValid())
-        return;
-    if (picture.isNull()) {
-        const std::uint32_t nothing = XCB_BACK_PIXMAP_NONE;
-        xcb_change_window_attributes(connection.get(), window, XCB_CW_BACK_PIXMAP, &nothing);
-        return connection.sync();
-    }
-    const xcb_pixmap_t pixmap = xcb_generate_id(connection.get());
-    xcb_create_pixmap(connection.get(), connection.screen().root_depth, pixmap, window,
-                      static_cast<std::uint16_t>(picture.width()),
-                      static_cast<std::uint16_t>(picture.height()));
-    upload(connection, pixmap, picture, {});
-    xcb_change_window_attributes(connection.get(), window, XCB_CW_BACK_PIXMAP, &pixmap);
-    // What draws in the window by then is told that all it drew is gone.
-    xcb_clear_area(connection.get(), 1, window, 0, 0, 0, 0);
-    xcb_free_pixmap(connection.get(), pixmap);
-    connection.sync();
 }
 
 } // namespace tessel
