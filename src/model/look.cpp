@@ -29,13 +29,13 @@ public:
     void add(const Value& value)
     {
         constexpr std::size_t spread = 0x9E3779B9; // 2^32 divided by the golden ratio
-        result ^= std::hash<Value>{}(value) + spread + (result << 6U) + (result >> 2U);
+        m_result ^= std::hash<Value>{}(value) + spread + (m_result << 6U) + (m_result >> 2U);
     }
 
-    [[nodiscard]] std::size_t hash() const { return result; }
+    [[nodiscard]] std::size_t hash() const { return m_result; }
 
 private:
-    std::size_t result = 0;
+    std::size_t m_result = 0;
 };
 
 } // namespace
