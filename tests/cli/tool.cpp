@@ -20,9 +20,7 @@ Outcome Tool::run(const std::vector<std::string>& arguments, const std::string& 
     process.start(QStringLiteral(TESSEL_TOOL), list);
     process.write(QByteArray::fromStdString(input));
     process.closeWriteChannel();
-    if (!process.waitForFinished(120'000))
-        process.kill();
-    process.waitForFinished();
+    process.waitForFinished(-1);
     Outcome outcome;
     if (process.exitStatus() == QProcess::NormalExit)
         outcome.exitCode = process.exitCode();

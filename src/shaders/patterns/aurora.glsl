@@ -4,8 +4,24 @@
 // Northern lights: one curtain hung along a folded line, so that it overlaps itself and brightens where it
 // turns, its lower edge crisp, its rays fading upward; a fainter, farther curtain behind it.
 
-// k[0..3]: the curtain's turning points (x, height of the edge, length along the cloth). It runs on to both
-// sides of them, and between two of them a sheet swings round like half a circle seen from the side.
+// The curtain runs on to both sides of its turning points, and between two of them a sheet swings round like
+// half a circle seen from the side.
+
+#define kPoint(i) k[i].xyz // a turning point: x, height of the edge, length along the cloth
+#define kLeftEnd k[0].w
+#define kLean k[1].w
+#define kReach k[2].w
+#define kRightEnd k[3].w
+#define kSpin k[4]
+#define kPlace k[5].xy
+#define kDrift k[5].zw
+#define kZoom k[6].xy
+#define kMiddle k[6].z
+#define kFarEdge k[6].w
+#define kBend k[7].y
+#define kPhase k[7].z
+#define kCell k[7].w
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -25,21 +41,25 @@ void prepare(inout vec4 k[8])
         float drift = dot(circle, 2.0 * vec2(chance, fract(64.0 * chance)) - 1.0);
         float nearness = (i & 1) == 0 ? -1.0 : 1.0;
         float edge = base + slope * x + nearness * (0.05 + 0.15 * seedRandom(8 + i)) + 0.04 * drift;
-        k[i] = vec4(x + 0.07 * drift, edge, along, 0.0);
+        kPoint(i) = vec3(x + 0.07 * drift, edge, along);
         float stride = i == 1 ? onward : (i == 0 ? -back.x : -back.y);
         x += stride;
         along += 1.3 * abs(stride);
     }
-    k[0].w = base - 7.0 * slope + 0.5 * (seedRandom(20) - 0.4);
-    k[3].w = base + 7.0 * slope + 0.5 * (seedRandom(21) - 0.4);
-    k[1].w = 0.05 + 0.16 * seedRandom(28);
-    k[2].w = (0.8 + 0.45 * seedRandom(29)) * pow(lookScale, -0.3);
-    k[4] = spin(0.12);
-    k[5] = vec4(seedOffset(11), 0.6 * vec2(circle.y, -circle.x));
+    kLeftEnd = base - 7.0 * slope + 0.5 * (seedRandom(20) - 0.4);
+    kRightEnd = base + 7.0 * slope + 0.5 * (seedRandom(21) - 0.4);
+    kLean = 0.05 + 0.16 * seedRandom(28);
+    kReach = (0.8 + 0.45 * seedRandom(29)) * pow(lookScale, -0.3);
+    kSpin = spin(0.12);
+    kPlace = seedOffset(11);
+    kDrift = 0.6 * vec2(circle.y, -circle.x);
     float mirror = seedRandom(26) > 0.5 ? 1.0 : -1.0;
-    k[6] = vec4(mirror * zoom, zoom / shape.y, shape.x * (seedRandom(22) - 0.5), 0.1 + 0.25 * seedRandom(23));
-    k[7] = vec4(0.0, 0.05 + 0.045 * min(lookWarp, 2.0), seedRandom(25) + loopAngle(0.06) / tau,
-                zoom * cellWidth());
+    kZoom = vec2(mirror * zoom, zoom / shape.y);
+    kMiddle = shape.x * (seedRandom(22) - 0.5);
+    kFarEdge = 0.1 + 0.25 * seedRandom(23);
+    kBend = 0.05 + 0.045 * min(lookWarp, 2.0);
+    kPhase = seedRandom(25) + loopAngle(0.06) / tau;
+    kCell = zoom * cellWidth();
 }
 
 /// A cheap sine: period 1, -1 to 1.
@@ -53,8 +73,8 @@ float wave(float x)
 /// heights.
 float hang(float height, float along, float reach, float soft, vec4 k[8])
 {
-    float rays = noise(vec2(along * 6.0, height * 0.4) + k[5].xy + k[5].zw, k[4]);
-    float broad = 0.6 * wave(along * 0.43 + k[5].z) + 0.4 * wave(along * 0.97 - k[5].w);
+    float rays = noise(vec2(along * 6.0, height * 0.4) + kPlace + kDrift, kSpin);
+    float broad = 0.6 * wave(along * 0.43 + kDrift.x) + 0.4 * wave(along * 0.97 - kDrift.y);
     float rise = smoothstep(-soft, 2.0 * soft, height);
     float up = max(height, 0.0);
     float fade = exp(-up / (reach * (0.42 + 0.24 * rays + 0.12 * broad)));
@@ -72,33 +92,34 @@ float sheet(vec2 p, vec3 from, vec3 to, float soft, vec4 k[8])
     float c = clamp(place / halfWidth, -1.0, 1.0);
     float share = 0.5 + 0.5 * sign(c) * (1.0 - sqrt(1.0 - abs(c)));
     float height = p.y - mix(from.y, to.y, share);
-    float side = 0.02 + k[7].w + 0.06 * saturate(height) + saturate(-2.5 * height);
+    float side = 0.02 + kCell + 0.06 * saturate(height) + saturate(-2.5 * height);
     float within = smoothstep(0.0, side, abs(halfWidth) - abs(place));
     // The cloth is seen edge-on at a turn, and so brighter.
     float density = min(0.72 * inversesqrt(max(1.0 - c * c, 0.05)), 1.5);
-    return within * density * hang(height, mix(from.z, to.z, share), k[2].w, soft, k);
+    return within * density * hang(height, mix(from.z, to.z, share), kReach, soft, k);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
-    p *= k[6].xy;
+    p *= kZoom;
     // The rays lean toward a point high above.
-    float lean = max(1.0 - k[1].w * (p.y + 0.4), 0.5);
-    vec2 q = vec2((p.x - k[6].z) / lean + k[6].z, p.y);
-    q.y += k[7].y * (wave(q.x * 0.41 + k[7].z) + 0.6 * wave(q.x * 0.93 - k[7].z));
-    float soft = max(0.012, k[7].w);
+    float lean = max(1.0 - kLean * (p.y + 0.4), 0.5);
+    vec2 q = vec2((p.x - kMiddle) / lean + kMiddle, p.y);
+    q.y += kBend * (wave(q.x * 0.41 + kPhase) + 0.6 * wave(q.x * 0.93 - kPhase));
+    float soft = max(0.012, kCell);
     // The sheet between the folds, and the two of the nearer fold: the folds do not reach each other.
-    bool left = q.x < 0.5 * (k[0].x + k[3].x);
-    vec3 outer = left ? k[0].xyz : k[3].xyz;
-    vec3 inner = left ? k[1].xyz : k[2].xyz;
-    vec3 end = left ? vec3(k[0].x - 7.0, k[0].w, k[0].z - 9.0) : vec3(k[3].x + 7.0, k[3].w, k[3].z + 9.0);
-    float light = sheet(q, k[1].xyz, k[2].xyz, soft, k);
+    bool left = q.x < 0.5 * (kPoint(0).x + kPoint(3).x);
+    vec3 outer = left ? kPoint(0) : kPoint(3);
+    vec3 inner = left ? kPoint(1) : kPoint(2);
+    vec3 end = left ? vec3(kPoint(0).x - 7.0, kLeftEnd, kPoint(0).z - 9.0)
+                    : vec3(kPoint(3).x + 7.0, kRightEnd, kPoint(3).z + 9.0);
+    float light = sheet(q, kPoint(1), kPoint(2), soft, k);
     light += 0.6 * sheet(q, inner, outer, soft, k);
     light += sheet(q, outer, end, soft, k);
-    float far = p.y - k[6].w;
-    far -= 0.2 * wave(p.x * 0.17 + 2.0 * k[7].z) + 0.09 * wave(p.x * 0.37 - k[7].z);
+    float far = p.y - kFarEdge;
+    far -= 0.2 * wave(p.x * 0.17 + 2.0 * kPhase) + 0.09 * wave(p.x * 0.37 - kPhase);
     // Too faint for rays of its own kind: two waves do.
-    float rays = wave(q.x * 2.3 + k[5].w) * wave(q.x * 0.9 - k[5].z);
+    float rays = wave(q.x * 2.3 + kDrift.y) * wave(q.x * 0.9 - kDrift.x);
     float back = smoothstep(-0.05, 0.1, far) * exp(-max(far, 0.0) * (2.0 - 0.9 * rays));
     light += 0.2 * back * (0.8 + 0.35 * rays);
     return max(0.06 - 0.03 * p.y, 0.02) + expose(1.5 * light * (0.7 + 0.3 * light));

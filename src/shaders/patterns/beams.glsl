@@ -6,7 +6,14 @@
 
 #define DIRECTIONAL
 
-// k[2..6]: ten shafts, two in each (angle, half width).
+#define kSource k[0].xy
+#define kAxis k[0].zw
+#define kSpin k[1]
+#define kShafts(i) k[2 + (i)] // two shafts: angle and half width of each
+#define kPlace k[7].xy
+#define kZoom k[7].z
+#define kPerSize k[7].w
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -17,7 +24,8 @@ void prepare(inout vec4 k[8])
     source *= shape * max(1.0, pow(lookScale, -0.28));
     vec2 aim = shape * vec2(-0.25 + 0.45 * seedRandom(4), above ? -0.8 : -0.35);
     vec2 axis = normalize(aim - source);
-    k[0] = vec4(source, axis);
+    kSource = source;
+    kAxis = axis;
     float spread = above ? max(atan(shape.x * 0.85, shape.y * 2.0), 0.28) : 0.42;
     spread *= 0.8 + 0.4 * seedRandom(5);
     vec2 slow = loopCircle(0.065);
@@ -32,12 +40,14 @@ void prepare(inout vec4 k[8])
         float sway = dot(mixture, motion);
         vec2 shaft = vec2(place + 0.05 * sway, 0.02 + 0.105 * chance * chance) * spread;
         if ((i & 1) == 0)
-            k[2 + i / 2].xy = shaft;
+            kShafts(i / 2).xy = shaft;
         else
-            k[2 + i / 2].zw = shaft;
+            kShafts(i / 2).zw = shaft;
     }
-    k[1] = spin(0.14);
-    k[7] = vec4(seedOffset(40) + 0.6 * loopCircle(0.05), pow(lookScale, 0.72), 1.0 / sqrt(shape.x * shape.y));
+    kSpin = spin(0.14);
+    kPlace = seedOffset(40) + 0.6 * loopCircle(0.05);
+    kZoom = pow(lookScale, 0.72);
+    kPerSize = 1.0 / sqrt(shape.x * shape.y);
 }
 
 /// One shaft: full across its width, its edges softer farther from the source. A narrow one is brighter.
@@ -49,24 +59,25 @@ float shaft(float angle, float halfWidth, float soft)
 
 float pattern(vec2 p, vec4 k[8])
 {
-    float zoom = k[7].z;
+    float zoom = kZoom;
     vec2 q = p * zoom;
-    vec2 away = q - k[0].xy;
+    vec2 away = q - kSource;
     float r = length(away);
-    vec2 local = vec2(dot(away, k[0].zw), dot(away, vec2(k[0].w, -k[0].z)));
+    vec2 local = vec2(dot(away, kAxis), dot(away, vec2(kAxis.y, -kAxis.x)));
     float angle = atan(local.y, local.x);
 
     // Haze drawn out along the light, and broad clouds of it.
     vec2 along = vec2(r * 0.7, angle * 5.5);
-    float clouds = noise(q * vec2(0.7, 0.9) + k[7].xy, k[1]);
-    float wisps = noise(along + vec2(0.5, 0.3) * min(lookWarp, 1.3) * clouds - 1.7 * k[7].yx, k[1]);
+    float clouds = noise(q * vec2(0.7, 0.9) + kPlace, kSpin);
+    float wisps = noise(along + vec2(0.5, 0.3) * min(lookWarp, 1.3) * clouds - 1.7 * kPlace.yx, kSpin);
     float air = 1.0 + 0.45 * min(lookWarp, 1.7) * (0.6 * clouds + 0.4 * wisps);
 
     float soft = 0.004 + 0.011 * r + zoom * cellWidth() / max(r, 0.3);
     float light = 0.0;
-    for (int i = 2; i < 7; ++i)
-        light += shaft(angle - k[i].x, k[i].y, soft) + shaft(angle - k[i].z, k[i].w, soft);
-    float reach = r * k[7].w;
+    for (int i = 0; i < 5; ++i)
+        light += shaft(angle - kShafts(i).x, kShafts(i).y, soft) +
+                 shaft(angle - kShafts(i).z, kShafts(i).w, soft);
+    float reach = r * kPerSize;
     float fall = 1.9 / (1.0 + reach * reach);
     float source = 0.9 * exp(-r * 1.6);
     light *= 1.25 * fall * max(air, 0.15);

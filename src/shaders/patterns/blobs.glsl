@@ -5,6 +5,12 @@
 // The field sums (radius / distance)^4, so that its inverse fourth root is the distance in radii: one ball
 // alone is shaded as a perfect dome, and where balls meet the dome flows from one to the next.
 
+#define kBalls(i) k[i] // the places of two
+#define kSpin k[6]
+#define kLight k[7].xy
+#define kSize k[7].z
+#define kChance k[7].w
+
 void prepare(inout vec4 k[8])
 {
     // Two balls in each vector. Zoom spreads or gathers them less than it zooms, so that they fill the frame.
@@ -20,29 +26,31 @@ void prepare(inout vec4 k[8])
         float rate = (0.1 + 0.1 * seedRandom(i + 12)) * (seedRandom(i + 24) < 0.5 ? -1.0 : 1.0);
         vec2 place = home + (0.12 + 0.16 * seedRandom(i + 50)) * ball * loopCircle(rate);
         if (i - (i / 2) * 2 == 0)
-            k[i / 2].xy = place;
+            kBalls(i / 2).xy = place;
         else
-            k[i / 2].zw = place;
+            kBalls(i / 2).zw = place;
     }
-    k[6] = spin(0.1);
+    kSpin = spin(0.1);
     float light = tau * (0.1 + 0.3 * seedRandom(41));
-    k[7] = vec4(cos(light), sin(light), ball, 100.0 * seedRandom(42));
+    kLight = vec2(cos(light), sin(light));
+    kSize = ball;
+    kChance = 100.0 * seedRandom(42);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 bend = vec2(noise(p * 0.65 + k[7].w, k[6]), noise(p * 0.65 - k[7].w, k[6]));
+    vec2 bend = vec2(noise(p * 0.65 + kChance, kSpin), noise(p * 0.65 - kChance, kSpin));
     vec2 q = p + 0.13 * lookWarp * bend;
     float sum = 1e-6;
     float radii = 0.0;
     vec2 gradient = vec2(0.0);
     // Which ball is large depends on the seed; there are always some of every size.
-    float size = fract(k[7].w);
+    float size = fract(kChance);
     for (int i = 0; i < 6; ++i) {
         for (int j = 0; j < 2; ++j) {
-            vec2 d = q - (j == 0 ? k[i].xy : k[i].zw);
+            vec2 d = q - (j == 0 ? kBalls(i).xy : kBalls(i).zw);
             size = fract(size + 0.381966);
-            float radius = (0.13 + 0.36 * size * size) * k[7].z;
+            float radius = (0.13 + 0.36 * size * size) * kSize;
             float near = max(dot(d, d), 1e-4);
             float share = radius * radius / near;
             share *= share;
@@ -58,12 +66,12 @@ float pattern(vec2 p, vec4 k[8])
     float body = inside((rho - 1.0) / max(steep, 1e-3), 1.5 * cellWidth());
     float across = min(rho, 1.0) * saturate(steep * radii / sum);
     vec3 normal = vec3(outward * across, sqrt(1.0 - across * across));
-    float lit = saturate(dot(normal, vec3(0.6 * k[7].xy, 0.8)));
-    float rim = smoothstep(0.7, 0.98, across) * saturate(0.2 - 1.1 * dot(outward, k[7].xy));
+    float lit = saturate(dot(normal, vec3(0.6 * kLight, 0.8)));
+    float rim = smoothstep(0.7, 0.98, across) * saturate(0.2 - 1.1 * dot(outward, kLight));
     float spot = smoothstep(0.93, 0.985, lit);
     float dome = 0.14 + 0.74 * lit * lit + 0.55 * rim + 0.2 * spot;
     // The ground is lit from the other side, so that every blob stands out, and darkens towards the blobs.
-    float ground = 0.34 - 0.22 * dot(p, k[7].xy) / length(halfExtent());
+    float ground = 0.34 - 0.22 * dot(p, kLight) / length(halfExtent());
     ground *= mix(0.35, 1.0, smoothstep(0.95, 1.7, rho));
     return mix(ground, dome, body);
 }

@@ -3,20 +3,27 @@
 
 // Rounded Voronoi cells: bright domed centres, dark gutters of even width, points wandering.
 
+#define kPointSpin k[0]
+#define kBendSpin k[1]
+#define kPlaces k[2]
+#define kTurn k[3].xy
+#define kSize k[3].z
+
 void prepare(inout vec4 k[8])
 {
-    k[0] = spin(0.22);
-    k[1] = spin(0.13);
-    k[2] = vec4(seedOffset(0), seedOffset(1));
+    kPointSpin = spin(0.22);
+    kBendSpin = spin(0.13);
+    kPlaces = vec4(seedOffset(0), seedOffset(1));
     float size = 1.35 + 0.9 * seedRandom(9);
     float turn = tau * seedRandom(8);
-    k[3] = vec4(cos(turn) * size, sin(turn) * size, size, 0.45 + 0.4 * seedRandom(7));
+    kTurn = vec2(cos(turn) * size, sin(turn) * size);
+    kSize = size;
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 bend = vec2(noise(p * 0.7 + k[2].xy, k[1]), noise(p * 0.7 + k[2].zw, k[1]));
-    vec2 q = rotate(p + 0.22 * lookWarp * bend, k[3].xy) + k[2].zw;
+    vec2 bend = vec2(noise(p * 0.7 + kPlaces.xy, kBendSpin), noise(p * 0.7 + kPlaces.zw, kBendSpin));
+    vec2 q = rotate(p + 0.22 * lookWarp * bend, kTurn) + kPlaces.zw;
     ivec2 home = ivec2(floor(q));
     vec2 inCell = q - floor(q);
     float jitter = 0.72;
@@ -29,7 +36,7 @@ float pattern(vec2 p, vec4 k[8])
     for (int y = -1; y <= 1; ++y) {
         for (int x = -1; x <= 1; ++x) {
             ivec2 step = ivec2(x, y);
-            vec2 d = vec2(step) + latticePoint(home + step, jitter, k[0]) - inCell;
+            vec2 d = vec2(step) + latticePoint(home + step, jitter, kPointSpin) - inCell;
             float distance = dot(d, d);
             bool closer = distance < nearestDistance;
             nearest = closer ? d : nearest;
@@ -41,7 +48,7 @@ float pattern(vec2 p, vec4 k[8])
     for (int y = -1; y <= 1; ++y) {
         for (int x = -1; x <= 1; ++x) {
             ivec2 step = ivec2(x, y);
-            vec2 d = vec2(step) + latticePoint(home + step, jitter, k[0]) - inCell;
+            vec2 d = vec2(step) + latticePoint(home + step, jitter, kPointSpin) - inCell;
             vec2 across = d - nearest;
             float apart = dot(across, across);
             float toBorder = apart < 1e-5 ? 8.0 : dot(0.5 * (d + nearest), across * inversesqrt(apart));
@@ -49,7 +56,7 @@ float pattern(vec2 p, vec4 k[8])
         }
     }
     float edge = border - 0.055;
-    float width = cellWidth() * k[3].z;
+    float width = cellWidth() * kSize;
     float own = unit(bits);
     float dome = sqrt(saturate(edge * 2.6));
     float body = (0.34 + 0.42 * own) * (0.55 + 0.6 * dome);

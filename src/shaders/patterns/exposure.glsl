@@ -4,8 +4,9 @@
 // Light trails of a long exposure: two to four smooth closed curves, each going round twice and crossing
 // itself, with a bright core and a wide glow, the light brighter on one part of its way.
 
-// Curve i: k[2i] is (center, the turn and zoom that take the picture to the curve's own plane), k[2i+1] is
-// (1 / tilt of the plane, depth of one lobe or less the depth of three, cosine and sine of the phase).
+#define kPlane(i) k[2 * (i)] // of curve i: its centre, the turn and zoom that take the picture to the plane
+#define kCurve(i) k[2 * (i) + 1] // 1 / tilt of the plane, depth of one lobe or less the depth of three, phase
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -20,13 +21,13 @@ void prepare(inout vec4 k[8])
         vec2 center = shape * vec2(1.1, 0.9) * vec2(seedRandom(14 + i) - 0.5, seedRandom(19 + i) - 0.5);
         // A curve too many lies far away.
         center = float(i) < count ? center : vec2(1000.0);
-        k[2 * i] = vec4(center / zoom, vec2(cos(turn), sin(turn)) * (zoom / radius));
+        kPlane(i) = vec4(center / zoom, vec2(cos(turn), sin(turn)) * (zoom / radius));
         bool simple = seedRandom(24 + i) > 0.4 || i > 4 - int(count);
         float chance = seedRandom(29 + i);
         float depth = simple ? 0.2 + 0.42 * chance : 0.15 + 0.17 * chance;
         depth = min(depth * (0.4 + 0.6 * min(lookWarp, 1.7)), 0.72);
         float phase = tau * seedRandom(34 + i) + loopAngle(i == 1 ? -0.08 : 0.06);
-        k[2 * i + 1] = vec4(1.0 / tilt, simple ? depth : -depth, cos(phase), sin(phase));
+        kCurve(i) = vec4(1.0 / tilt, simple ? depth : -depth, cos(phase), sin(phase));
     }
 }
 
@@ -71,6 +72,6 @@ float pattern(vec2 p, vec4 k[8])
     float extent = sqrt(halfExtent().x * halfExtent().y);
     float light = 0.0;
     for (int i = 0; i < 4; ++i)
-        light += trail(p, k[2 * i], k[2 * i + 1], extent);
+        light += trail(p, kPlane(i), kCurve(i), extent);
     return 0.02 + 1.02 * expose(light);
 }

@@ -5,6 +5,14 @@
 // one side of it, so later creases are reflected at earlier ones. Facets are flat and shaded by their tilt,
 // with a soft gradient across each, a thin shadow in every crease and a lit edge beside it.
 
+#define kCreaseNormal(i) k[i].xy
+#define kCreasePlace(i) k[i].z
+#define kCreaseTilt(i) k[i].w
+#define kSpin k[5]
+#define kPlace k[6].xy
+#define kLight k[7].xy
+#define kZoom k[7].z
+
 void prepare(inout vec4 k[8])
 {
     // The creases: direction, place and tilt. Each fold goes through the middle of what the ones before it
@@ -23,36 +31,39 @@ void prepare(inout vec4 k[8])
         // Each sways in a time of its own within the same round.
         float sway = 0.03 * dot(circle, 2.0 * fract(vec2(64.0, 1024.0) * chance) - 1.0);
         float tilt = (0.75 + 0.5 * seedRandom(i + 30)) * (seedRandom(i + 35) < 0.5 ? -1.0 : 1.0);
-        k[i] = vec4(n, dot(through, n) + sway, tilt);
+        kCreaseNormal(i) = n;
+        kCreasePlace(i) = dot(through, n) + sway;
+        kCreaseTilt(i) = tilt;
         middle -= 0.5 * reach * n;
         halfSheet *= mix(vec2(1.0), vec2(0.5), abs(n));
         // A right angle and a little more or less; h is about the tangent of half of that.
         float h = wild * 0.77 * (seedRandom(i + 1) - 0.5);
         n = rotate(vec2(-n.y, n.x), vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h));
     }
-    k[5] = spin(0.05);
-    k[6] = vec4(seedOffset(21), 0.0, 0.0);
+    kSpin = spin(0.05);
+    kPlace = seedOffset(21);
     float light = tau * seedRandom(40) + 0.5 * sin(loopAngle(0.11));
     // Zoomed far out the folds spread: they shrink less than the zoom says.
-    k[7] = vec4(cos(light), sin(light), sqrt(lookScale), 0.0);
+    kLight = vec2(cos(light), sin(light));
+    kZoom = sqrt(lookScale);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 bend = vec2(noise(p * 0.5 + k[6].xy, k[5]), noise(p * 0.5 - k[6].yx, k[5]));
-    vec2 q = (p + min(0.03 * lookWarp * lookWarp, 0.2) * bend) * k[7].z;
+    vec2 bend = vec2(noise(p * 0.5 + kPlace, kSpin), noise(p * 0.5 - kPlace.yx, kSpin));
+    vec2 q = (p + min(0.03 * lookWarp * lookWarp, 0.2) * bend) * kZoom;
     mat2 mirror = mat2(1.0);
     vec2 slope = vec2(0.0);
     float soft = 0.0;
     float shadow = 0.0;
     float edge = 0.0;
-    float cell = cellWidth() * k[7].z;
+    float cell = cellWidth() * kZoom;
     for (int i = 0; i < 5; ++i) {
-        vec2 n = k[i].xy;
-        float d = dot(q, n) - k[i].z;
+        vec2 n = kCreaseNormal(i);
+        float d = dot(q, n) - kCreasePlace(i);
         vec2 crease = mirror * n;
-        slope += k[i].w * clamp(d / cell, -1.0, 1.0) * crease;
-        float lit = dot(crease, k[7].xy) * k[i].w;
+        slope += kCreaseTilt(i) * clamp(d / cell, -1.0, 1.0) * crease;
+        float lit = dot(crease, kLight) * kCreaseTilt(i);
         soft += lit * sign(d) * bell(d, 0.2);
         shadow = max(shadow, stroke(d, max(0.005, 0.5 * cell), cell));
         edge = max(edge, bell(abs(d) - 0.012, 0.014) * saturate(lit * sign(d)));
@@ -61,7 +72,7 @@ float pattern(vec2 p, vec4 k[8])
             mirror = mirror * (mat2(1.0) - 2.0 * mat2(n * n.x, n * n.y));
         }
     }
-    float tilt = 0.5 * dot(slope, k[7].xy) + 0.26 * soft;
+    float tilt = 0.5 * dot(slope, kLight) + 0.26 * soft;
     float tone = 0.5 + 0.48 * tilt * inversesqrt(1.0 + tilt * tilt);
     return mix(tone + 0.3 * edge, 0.25 * tone, 0.8 * shadow);
 }

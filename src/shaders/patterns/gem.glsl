@@ -6,6 +6,19 @@
 // crown facet refracts the pavilion by an offset of its own, which breaks it into shards, and a shard's tone
 // is where the light goes that passes both facets: strongly different tones meet at every edge.
 
+#define kFacet(i) k[i].xy
+#define kCentre k[0].zw
+#define kZoom k[1].zw
+#define kLight k[2].zw
+#define kSlide k[3].zw
+#define kPhase k[4].z
+#define kTable k[4].w
+#define kHalfStep k[5].zw
+#define kMelt k[6].z
+#define kMeltPhase k[6].w
+#define kRefraction k[7].z
+#define kSpread k[7].w
+
 void prepare(inout vec4 k[8])
 {
     // The directions of the facets, 6 to 8 in a ring. A direction's length tells how deep its facets are cut:
@@ -22,22 +35,25 @@ void prepare(inout vec4 k[8])
         vec2 aside = vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h);
         float depth = 1.0 + uneven * (seedRandom(i + 20) - 0.5);
         // What is left of the eight has no slope, and crown() and pavilion() put it out of reach.
-        k[i].xy = float(i) < count ? depth * rotate(direction, aside) : vec2(0.0);
+        kFacet(i) = float(i) < count ? depth * rotate(direction, aside) : vec2(0.0);
         direction = rotate(direction, ahead);
     }
     // The crystal lies off centre and is as oblong as the picture, only less so.
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
-    k[0].zw = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
+    kCentre = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    k[1].zw = sqrt(lookScale) * inversesqrt(aspect);
+    kZoom = sqrt(lookScale) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
-    k[2].zw = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
+    kLight = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.
-    k[3].zw = 0.06 * loopCircle(0.1);
-    k[4].zw = vec2(tau * seedRandom(5) + loopAngle(0.1), 0.36 + 0.24 * seedRandom(6));
-    k[5].zw = halfStep;
-    k[6].zw = vec2(0.018 * lookWarp * lookWarp, tau * seedRandom(7) + loopAngle(0.13));
-    k[7].zw = vec2(0.5 + 0.35 * seedRandom(8), 2.4 + 1.4 * seedRandom(9));
+    kSlide = 0.06 * loopCircle(0.1);
+    kPhase = tau * seedRandom(5) + loopAngle(0.1);
+    kTable = 0.36 + 0.24 * seedRandom(6);
+    kHalfStep = halfStep;
+    kMelt = 0.018 * lookWarp * lookWarp;
+    kMeltPhase = tau * seedRandom(7) + loopAngle(0.13);
+    kRefraction = 0.5 + 0.35 * seedRandom(8);
+    kSpread = 2.4 + 1.4 * seedRandom(9);
 }
 
 /// Keeps the lowest and the second lowest of the planes: xy the slope, z the height at q.
@@ -56,13 +72,13 @@ void lower(vec2 slope, float height, vec2 q, inout vec3 lowest, inout vec3 secon
 /// touch its corners, and the girdle's facets outside.
 vec3 crown(vec2 q, vec4 k[8], out vec3 next)
 {
-    float table = k[4].w;
-    float corner = table / k[5].z;
+    float table = kTable;
+    float corner = table / kHalfStep.x;
     vec3 lowest = vec3(0.0);
     next = vec3(0.0, 0.0, 64.0);
     for (int i = 0; i < 8; ++i) {
-        vec2 d = k[i].xy;
-        vec2 between = rotate(d, k[5].zw);
+        vec2 d = kFacet(i);
+        vec2 between = rotate(d, kHalfStep);
         float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
         lower(0.5 * between, 0.5 * table + away, q, lowest, next);
         lower(0.9 * d, 0.9 * corner + away, q, lowest, next);
@@ -77,10 +93,10 @@ vec3 pavilion(vec2 q, vec4 k[8], out vec3 next)
     vec3 lowest = vec3(0.0, 0.0, 64.0);
     next = lowest;
     for (int i = 0; i < 8; ++i) {
-        vec2 d = k[i].xy;
+        vec2 d = kFacet(i);
         float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
         lower(d, away, q, lowest, next);
-        lower(1.25 * rotate(d, k[5].zw), 0.2 + away, q, lowest, next);
+        lower(1.25 * rotate(d, kHalfStep), 0.2 + away, q, lowest, next);
     }
     return lowest;
 }
@@ -89,17 +105,17 @@ vec2 normalOf(vec2 slope) { return slope * inversesqrt(1.0 + dot(slope, slope));
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 q = (p + k[6].z * sin(2.3 * p.yx + k[6].w)) * k[1].zw - k[0].zw;
+    vec2 q = (p + kMelt * sin(2.3 * p.yx + kMeltPhase)) * kZoom - kCentre;
     vec3 nextFront;
     vec3 front = crown(q, k, nextFront);
     vec2 normal = normalOf(front.xy);
     // The pavilion, mirrored through the crystal and shifted by what the facet refracts.
     vec3 nextBack;
-    vec3 back = pavilion(k[3].zw - 0.85 * (q - k[7].z * normal), k, nextBack);
-    vec2 light = k[2].zw;
-    vec2 spread = vec2(light.y, -light.x) * k[7].w + light;
-    float own = 2.2 * dot(normal, light) + k[4].z;
-    float cell = cellWidth() * k[1].z;
+    vec3 back = pavilion(kSlide - 0.85 * (q - kRefraction * normal), k, nextBack);
+    vec2 light = kLight;
+    vec2 spread = vec2(light.y, -light.x) * kSpread + light;
+    float own = 2.2 * dot(normal, light) + kPhase;
+    float cell = cellWidth() * kZoom.x;
     float apart = (nextBack.z - back.z) / max(length(nextBack.xy - back.xy), 1e-3);
     float here = asin(0.98 * sin(own + dot(normalOf(back.xy), spread)));
     float there = asin(0.98 * sin(own + dot(normalOf(nextBack.xy), spread)));

@@ -3,6 +3,12 @@
 
 // A calm mesh gradient: six drifting anchors of different tone, blended by distance. Large areas, no texture.
 
+#define kAnchorPlace(i) k[i].xy
+#define kAnchorTone(i) k[i].z
+#define kAnchorReach(i) k[i].w
+#define kSpin k[6]
+#define kPlace k[7].xy
+
 void prepare(inout vec4 k[8])
 {
     // Position, tone and reach of each anchor. They stand on a loose ring with one near the middle, so that
@@ -20,23 +26,25 @@ void prepare(inout vec4 k[8])
         float rate = (i - (i / 2) * 2 == 0 ? 1.0 : -1.0) * (0.09 + 0.07 * seedRandom(i + 12));
         vec2 drift = ground * loopCircle(rate) * (0.16 + 0.1 * seedRandom(i + 30));
         float tone = i == 0 ? 0.0 : i == 1 ? 0.75 : i == 2 ? 0.2 : i == 3 ? 1.0 : 0.5;
-        k[i] = vec4(home + drift, tone, ground * (0.75 + 0.5 * seedRandom(i + 50)));
+        kAnchorPlace(i) = home + drift;
+        kAnchorTone(i) = tone;
+        kAnchorReach(i) = ground * (0.75 + 0.5 * seedRandom(i + 50));
     }
-    k[6] = spin(0.12);
-    k[7] = vec4(seedOffset(30), 0.0, 0.0);
+    kSpin = spin(0.12);
+    kPlace = seedOffset(30);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 bend = vec2(noise(p * 0.55 + k[7].xy, k[6]), noise(p * 0.55 + k[7].yx + 31.0, k[6]));
+    vec2 bend = vec2(noise(p * 0.55 + kPlace, kSpin), noise(p * 0.55 + kPlace.yx + 31.0, kSpin));
     p += 0.34 * lookWarp * bend;
     float tones = 0.0;
     float weights = 1e-4;
     for (int i = 0; i < 6; ++i) {
-        vec2 d = (p - k[i].xy) / k[i].w;
+        vec2 d = (p - kAnchorPlace(i)) / kAnchorReach(i);
         // Steep enough that each anchor rules its own ground, smooth enough that no border shows.
         float weight = exp(-1.9 * dot(d, d)) + 0.004;
-        tones += weight * k[i].z;
+        tones += weight * kAnchorTone(i);
         weights += weight;
     }
     return (tones / weights - 0.5) * 1.4 + 0.5;

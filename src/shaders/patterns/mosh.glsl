@@ -4,41 +4,58 @@
 // A flow broken by datamoshing: along a band of the picture, blocks of several sizes hold a tone, slip
 // sideways or smear it along a direction of their own.
 
+#define kBendSpin k[0]
+#define kBandSpin k[1]
+#define kPlaces k[2]
+#define kTurn k[3].xy
+#define kClocks k[3].zw
+#define kKey k[4].x
+#define kBlockSize k[4].y
+#define kOrigin k[4].zw
+#define kBrokenNormal k[5].xy // the band where the picture is broken
+#define kBrokenPlace k[5].z
+#define kBrokenWidth k[5].w
+
 void prepare(inout vec4 k[8])
 {
-    k[0] = spin(0.08);
-    k[1] = spin(0.11);
-    k[2] = vec4(seedOffset(0) + 0.4 * loopCircle(0.045), seedOffset(1));
+    kBendSpin = spin(0.08);
+    kBandSpin = spin(0.11);
+    kPlaces = vec4(seedOffset(0) + 0.4 * loopCircle(0.045), seedOffset(1));
     float turn = tau * seedRandom(4);
-    k[3] = vec4(cos(turn), sin(turn), loopAngle(0.13), loopAngle(0.09));
-    k[4] = vec4(floor(4096.0 * seedRandom(5)), 0.42 + 0.22 * seedRandom(6), seedRandom(7), seedRandom(8));
+    kTurn = vec2(cos(turn), sin(turn));
+    kClocks = vec2(loopAngle(0.13), loopAngle(0.09));
+    kKey = floor(4096.0 * seedRandom(5));
+    kBlockSize = 0.42 + 0.22 * seedRandom(6);
+    kOrigin = vec2(seedRandom(7), seedRandom(8));
     // The band where the picture is broken: its normal, its distance from the middle, its width.
     float across = tau * seedRandom(9);
-    k[5] = vec4(cos(across), sin(across), 0.6 * seedRandom(10) - 0.3, 0.4 + 0.3 * seedRandom(11));
+    kBrokenNormal = vec2(cos(across), sin(across));
+    kBrokenPlace = 0.6 * seedRandom(10) - 0.3;
+    kBrokenWidth = 0.4 + 0.3 * seedRandom(11);
 }
 
 float current(vec2 p, vec4 k[8])
 {
-    vec2 q = rotate(p, k[3].xy) * vec2(0.34, 0.6);
-    vec2 bend = vec2(noise(q + k[2].xy, k[0]), noise(q + k[2].zw, k[0]));
-    float bands = fbm2(q + 0.45 * bend + k[2].wx, k[1]);
+    vec2 q = rotate(p, kTurn) * vec2(0.34, 0.6);
+    vec2 bend = vec2(noise(q + kPlaces.xy, kBendSpin), noise(q + kPlaces.zw, kBendSpin));
+    float bands = fbm2(q + 0.45 * bend + kPlaces.wx, kBandSpin);
     return 0.48 + 0.46 * bands + 0.17 * sin(bands * 8.0 + 2.5 * bend.x);
 }
 
 float pattern(vec2 p, vec4 k[8])
 {
     // From large blocks to small ones: the first size that claims the place has it.
-    vec2 origin = 8.0 * (k[4].zw - 0.5);
+    vec2 origin = 8.0 * (kOrigin - 0.5);
     vec2 middle = p;
-    vec2 size = k[4].y * vec2(1.6, 1.0);
+    vec2 size = kBlockSize * vec2(1.6, 1.0);
     vec2 claimedSize = size;
     uint bits = 0u;
     bool claimed = false;
     for (int level = 0; level < 3; ++level) {
         vec2 block = floor((p + origin) / size);
         vec2 centre = (block + 0.5) * size - origin;
-        uint own = mixBits(hashBits(ivec2(block)) + uint(k[4].x) + uint(level));
-        float chance = 0.05 + 0.5 * bell(dot(centre, k[5].xy) - k[5].z, k[5].w);
+        uint own = mixBits(hashBits(ivec2(block)) + uint(kKey) + uint(level));
+        float chance = 0.05 + 0.5 * bell(dot(centre, kBrokenNormal) - kBrokenPlace, kBrokenWidth);
         if (!claimed && unit(own) < chance) {
             claimed = true;
             middle = centre;
@@ -49,7 +66,7 @@ float pattern(vec2 p, vec4 k[8])
     }
     uint more = mixBits(bits);
     vec2 random = unit2(more);
-    float breath = 0.5 + 0.5 * sin((random.x < 0.5 ? k[3].z : k[3].w) + tau * random.y);
+    float breath = 0.5 + 0.5 * sin((random.x < 0.5 ? kClocks.x : kClocks.y) + tau * random.y);
     float amount = claimed ? lookWarp * (0.35 + 0.65 * breath) : 0.0;
     vec2 way = (more & 4u) == 0u ? vec2(1.0, 0.0) : vec2(0.0, 1.0);
     vec2 place = p;

@@ -4,14 +4,23 @@
 // A living web: nodes that wander, thin filaments grown between them, thicker at the nodes, and activity that
 // lights one region after another.
 
+#define kNodeSpin k[0]
+#define kBendSpin k[1]
+#define kPlaces k[2]
+#define kTurn k[3].xy
+#define kDensity k[3].z
+#define kClock k[3].w
+
 void prepare(inout vec4 k[8])
 {
-    k[0] = spin(0.12);
-    k[1] = spin(0.08);
-    k[2] = vec4(seedOffset(0), seedOffset(1));
+    kNodeSpin = spin(0.12);
+    kBendSpin = spin(0.08);
+    kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(4);
     float density = (1.55 + 0.6 * seedRandom(5)) * pow(lookScale, 0.4);
-    k[3] = vec4(cos(turn), sin(turn), density, loopAngle(0.4) / tau);
+    kTurn = vec2(cos(turn), sin(turn));
+    kDensity = density;
+    kClock = loopAngle(0.4) / tau;
 }
 
 /// About exp(-x), 0 from x = 4 on: nothing reaches beyond the neighbouring cells of the lattice.
@@ -59,30 +68,30 @@ float soma(vec2 p, vec3 node)
 
 float pattern(vec2 p, vec4 k[8])
 {
-    float density = k[3].z;
-    vec2 q = rotate(p, k[3].xy) * density + k[2].xy;
+    float density = kDensity;
+    vec2 q = rotate(p, kTurn) * density + kPlaces.xy;
     // Bent along the contours of a noise, which neither gathers the nodes nor spreads them.
-    vec3 slow = noiseGradient(q * 0.5 + k[2].zw, k[1]);
+    vec3 slow = noiseGradient(q * 0.5 + kPlaces.zw, kBendSpin);
     vec2 bend = 0.2 * vec2(slow.z, -slow.y);
     q += 0.4 * lookWarp / (1.0 + 0.75 * lookWarp) * bend;
     vec2 f = fract(q);
     float width = 0.9 * cellWidth() * density;
     // Once round the cell's own node: the four beside it, each with the corner that follows it.
     uint key = latticeKey(ivec2(floor(q)));
-    vec3 own = node(key, vec2(0.0), k[0]);
+    vec3 own = node(key, vec2(0.0), kNodeSpin);
     vec2 side = vec2(1.0, 0.0);
     uint toSide = latticeStepX;
     uint toNext = latticeStepY;
-    vec3 last = node(key + toSide, side, k[0]);
+    vec3 last = node(key + toSide, side, kNodeSpin);
     float somas = soma(f, own);
     vec2 web = vec2(0.0);
     for (int i = 0; i < 4; ++i) {
         vec2 onward = vec2(-side.y, side.x);
-        vec3 corner = node(key + toSide + toNext, side + onward, k[0]);
-        vec3 next = node(key + toNext, onward, k[0]);
+        vec3 corner = node(key + toSide + toNext, side + onward, kNodeSpin);
+        vec3 next = node(key + toNext, onward, kNodeSpin);
         somas += soma(f, corner) + soma(f, next);
-        web += filament(f, own, corner, width, k[3].w) + filament(f, own, next, width, k[3].w);
-        web += filament(f, last, next, width, k[3].w);
+        web += filament(f, own, corner, width, kClock) + filament(f, own, next, width, kClock);
+        web += filament(f, last, next, width, kClock);
         side = onward;
         last = next;
         uint opposite = 0u - toSide;
@@ -90,7 +99,7 @@ float pattern(vec2 p, vec4 k[8])
         toNext = opposite;
     }
     float activity = 0.57 + 0.55 * slow.x;
-    float fibres = 1.0 - abs(noise(q * 1.9 + k[2].wx + bend, k[0]));
+    float fibres = 1.0 - abs(noise(q * 1.9 + kPlaces.wx + bend, kNodeSpin));
     fibres *= fibres * fibres;
     float light = (web.x * 0.9 + 0.22 * web.y + somas) * max(activity, 0.17) + 0.16 * fibres * fibres;
     return 0.02 + 1.02 * expose(1.25 * light);

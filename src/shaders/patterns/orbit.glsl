@@ -3,20 +3,29 @@
 
 // Bodies on tilted concentric orbits around a glowing centre, each drawing an arc of light behind it.
 
-// k[2..7]: six orbits (place of the body in the orbit's own plane, the plane's cosine and sine).
+#define kCentre k[0].xy
+#define kFlatness k[0].z
+#define kZoom k[0].w
+#define kSize k[1].x
+#define kCell k[1].y
+#define kOrbit(i) k[2 + (i)] // the body's place in the orbit's own plane, the plane's cosine and sine
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
     vec2 center = shape * vec2(0.5, 0.3) * vec2(seedRandom(1) - 0.5, seedRandom(2) - 0.5);
-    k[0] = vec4(center, 0.32 + 0.36 * seedRandom(3), pow(lookScale, 0.7));
-    k[1] = vec4(size, pow(lookScale, 0.7) * cellWidth(), 0.0, 0.0);
+    kCentre = center;
+    kFlatness = 0.32 + 0.36 * seedRandom(3);
+    kZoom = pow(lookScale, 0.7);
+    kSize = size;
+    kCell = pow(lookScale, 0.7) * cellWidth();
     float plane = (seedRandom(4) - 0.5) * 1.6;
     float radius = size * (0.26 + 0.08 * seedRandom(5));
     for (int i = 0; i < 6; ++i) {
         float turn = plane + 0.1 * lookWarp * sin(2.4 * float(i) + tau * seedRandom(6));
         float angle = tau * seedRandom(10 + i) + loopAngle(0.12 * pow(size / radius, 1.3));
-        k[2 + i] = vec4(radius * vec2(cos(angle), sin(angle)), cos(turn), sin(turn));
+        kOrbit(i) = vec4(radius * vec2(cos(angle), sin(angle)), cos(turn), sin(turn));
         radius += size * (0.14 + 0.16 * seedRandom(20 + i));
     }
 }
@@ -30,13 +39,13 @@ float glow(float x)
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 q = p * k[0].w - k[0].xy;
-    float flatness = k[0].z;
-    float width = k[1].y;
+    vec2 q = p * kZoom - kCentre;
+    float flatness = kFlatness;
+    float width = kCell;
     float lines = 0.0;
     float light = 0.0;
-    for (int i = 2; i < 8; ++i) {
-        vec4 orbit = k[i];
+    for (int i = 0; i < 6; ++i) {
+        vec4 orbit = kOrbit(i);
         vec2 local = vec2(dot(q, orbit.zw), dot(q, vec2(-orbit.w, orbit.z)) / flatness);
         float r = max(length(local), 1e-3);
         vec2 gradient = vec2(local.x, local.y / flatness) / r;
@@ -53,7 +62,7 @@ float pattern(vec2 p, vec4 k[8])
         float size = 0.035 + 0.035 * mass;
         light += 2.5 * inside(d - size, 2.0 * width) + 0.5 * glow(max(d - size, 0.0) * 10.0);
     }
-    float r = length(q) / k[1].x;
+    float r = length(q) / kSize;
     float core = 3.0 * (1.0 - smoothstep(0.05, 0.1, r)) + 1.3 * exp(-r * 6.0) + 0.22 * exp(-r * 2.1);
     return 0.03 + 0.14 * lines * exp(-r * 0.5) + 0.97 * expose(core + light);
 }

@@ -6,6 +6,21 @@
 
 #define DIRECTIONAL
 
+#define kCentre k[0].xy
+#define kPerRadius k[0].z
+#define kZoom k[0].w
+#define kLight k[1].xyz
+#define kKind k[1].w // 0 land and sea, 1 bands, 2 bands and a ring
+#define kSide k[2].xyz // the globe's own frame: side, axis and front
+#define kCell k[2].w
+#define kAxis k[3].xyz
+#define kFront k[4].xyz
+#define kPlaces k[5]
+#define kSpin k[6]
+#define kStretch k[7].xy
+#define kBands k[7].z
+#define kBanded k[7].w
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -14,14 +29,17 @@ void prepare(inout vec4 k[8])
     float kind = mod(floor(3.0 * seedRandom(1) + lookSeed), 3.0);
     float radius = size * (kind > 1.5 ? 0.62 + 0.1 * seedRandom(2) : 0.74 + 0.14 * seedRandom(2));
     vec2 center = shape * vec2(0.1 + 0.4 * seedRandom(3), 0.7 * (seedRandom(4) - 0.5));
-    k[0] = vec4(center, 1.0 / radius, pow(lookScale, 0.7));
+    kCentre = center;
+    kPerRadius = 1.0 / radius;
+    kZoom = pow(lookScale, 0.7);
 
     // Lit from the side that the frame shows most of.
     float aside = 1.2 * (seedRandom(5) - 0.5); // the tangent of half the angle
     vec2 azimuth = rotate(-normalize(center), vec2(1.0 - aside * aside, 2.0 * aside) / (1.0 + aside * aside));
     float height = mix(kind > 1.5 ? 0.35 : 0.28, 0.52, seedRandom(6));
     float level = sqrt(1.0 - height * height);
-    k[1] = vec4(level * azimuth, height, kind);
+    kLight = vec3(level * azimuth, height);
+    kKind = kind;
 
     // The globe's own frame: a leaning axis, and the day. Sines of its lean aside and toward the eye.
     float lean = 1.21 * (seedRandom(7) - 0.5);
@@ -30,32 +48,36 @@ void prepare(inout vec4 k[8])
     vec3 axis = vec3(vec2(lean, side.x) * sqrt(1.0 - nod * nod), nod);
     vec3 front = cross(side, axis);
     vec2 day = loopCircle(0.06);
-    k[2] = vec4(side * day.x + front * day.y, 0.0);
-    k[3] = vec4(axis, 0.0);
-    k[4] = vec4(front * day.x - side * day.y, 0.0);
-    k[5] = vec4(seedOffset(10), seedOffset(11));
-    k[6] = spin(0.03);
-    k[7] = kind < 0.5 ? vec4(1.5, 1.5, 2.0, 0.0) : vec4(1.1, 4.2, 3.2 + 2.6 * seedRandom(12), 1.0);
-    k[2].w = k[0].w * cellWidth() / radius;
+    kSide = side * day.x + front * day.y;
+    kCell = 0.0;
+    kAxis = axis;
+    kFront = front * day.x - side * day.y;
+    kPlaces = vec4(seedOffset(10), seedOffset(11));
+    kSpin = spin(0.03);
+    bool land = kind < 0.5;
+    kStretch = land ? vec2(1.5, 1.5) : vec2(1.1, 4.2);
+    kBands = land ? 2.0 : 3.2 + 2.6 * seedRandom(12);
+    kBanded = land ? 0.0 : 1.0;
+    kCell = kZoom * cellWidth() / radius;
 }
 
 /// Brightness of the ground below a point of the globe, about 0 to 1.
 float surface(vec3 normal, vec4 k[8])
 {
-    vec3 b = vec3(dot(normal, k[2].xyz), dot(normal, k[3].xyz), dot(normal, k[4].xyz));
-    vec2 stretch = k[7].xy;
-    float swirl = 0.7 * (noise(b.xy * stretch + k[5].xy, k[6]) + noise(b.zy * stretch + k[5].zw, k[6]));
+    vec3 b = vec3(dot(normal, kSide), dot(normal, kAxis), dot(normal, kFront));
+    vec2 stretch = kStretch;
+    float swirl = 0.7 * (noise(b.xy * stretch + kPlaces.xy, kSpin) + noise(b.zy * stretch + kPlaces.zw, kSpin));
     vec2 bend = 0.35 * min(lookWarp, 1.8) * swirl * vec2(1.0, 0.4);
     // The same two noises are finer ground of a land and bands of a banded planet.
-    bool banded = k[7].w > 0.5;
+    bool banded = kBanded > 0.5;
     vec2 place = b.xy + (banded ? vec2(0.8 * b.z, 0.0) : vec2(0.0));
-    float detail = noise(place * stretch * 2.3 + bend - k[5].zw, k[6]);
-    float latitude = b.y * k[7].z + (0.1 + 0.16 * lookWarp) * swirl + 0.08 * lookWarp * detail;
-    vec2 broad = banded ? vec2(latitude, k[5].x) : b.zy * stretch * 2.3 - bend + k[5].yx;
-    vec2 ground = vec2(b.x + b.z, b.y) * stretch * 5.1 + 3.0 * bend + k[5].xw;
-    vec2 fine = banded ? vec2(latitude * 2.7, k[5].y) : ground;
-    float first = noise(broad, k[6]);
-    float second = noise(fine, k[6]);
+    float detail = noise(place * stretch * 2.3 + bend - kPlaces.zw, kSpin);
+    float latitude = b.y * kBands + (0.1 + 0.16 * lookWarp) * swirl + 0.08 * lookWarp * detail;
+    vec2 broad = banded ? vec2(latitude, kPlaces.x) : b.zy * stretch * 2.3 - bend + kPlaces.yx;
+    vec2 ground = vec2(b.x + b.z, b.y) * stretch * 5.1 + 3.0 * bend + kPlaces.xw;
+    vec2 fine = banded ? vec2(latitude * 2.7, kPlaces.y) : ground;
+    float first = noise(broad, kSpin);
+    float second = noise(fine, kSpin);
     float rough = 0.7 * (detail + first) + 0.35 * second;
     float land = smoothstep(-0.12, 0.2, swirl + 0.5 * rough) - 0.3 * rough;
     return banded ? 0.55 + 0.55 * first + 0.25 * second + 0.18 * detail : 0.25 + 0.65 * land;
@@ -71,7 +93,7 @@ float ringSpan(float r, float width)
 /// A few stars: at most one in each cell of a wide lattice.
 float stars(vec2 p, float width, vec4 k[8])
 {
-    p = p * 3.2 + k[5].xy;
+    p = p * 3.2 + kPlaces.xy;
     ivec2 cell = ivec2(floor(p));
     uint bits = hashBits(cell);
     vec2 d = fract(p) - 0.2 - 0.6 * unit2(bits);
@@ -83,22 +105,22 @@ float stars(vec2 p, float width, vec4 k[8])
 
 float pattern(vec2 p, vec4 k[8])
 {
-    p *= k[0].w;
-    vec2 q = (p - k[0].xy) * k[0].z;
-    float width = k[2].w;
+    p *= kZoom;
+    vec2 q = (p - kCentre) * kPerRadius;
+    float width = kCell;
     float r = length(q);
-    vec3 light = k[1].xyz;
+    vec3 light = kLight;
     vec3 normal = vec3(q, sqrt(max(1.0 - r * r, 0.0)));
     normal = r > 1.0 ? vec3(q / r, 0.0) : normal;
     float lit = dot(normal, light);
 
     // Where the sight crosses the ring's plane, and where the sun's ray to the ground does.
-    vec3 axis = k[3].xyz;
+    vec3 axis = kAxis;
     vec3 ringPlace = vec3(q, -dot(axis.xy, q) / axis.z);
     float towardSun = dot(axis, light);
     float way = -dot(axis, normal) / (abs(towardSun) < 0.05 ? 0.05 : towardSun);
     float shadow = way > 0.0 ? 0.62 * ringSpan(length(normal + way * light), 0.05) : 0.0;
-    float hasRing = k[1].w > 1.5 ? 1.0 : 0.0;
+    float hasRing = kKind > 1.5 ? 1.0 : 0.0;
 
     float day = smoothstep(-0.1, 0.75, lit);
     float ground = day * (0.36 + 0.62 * surface(normal, k)) * (1.0 - 0.7 * shadow * hasRing);
@@ -110,7 +132,7 @@ float pattern(vec2 p, vec4 k[8])
     float wide = exp(-max(r - 1.0, 0.0) * 5.0);
     float narrow = wide * wide;
     float halo = air * (0.5 * narrow * narrow * wide + 0.22 * wide);
-    float space = 0.03 + halo + stars(p, k[2].w / k[0].z * 3.2, k);
+    float space = 0.03 + halo + stars(p, kCell / kPerRadius * 3.2, k);
     float tone = mix(space, globe, disc);
 
     float behind = dot(ringPlace, light);

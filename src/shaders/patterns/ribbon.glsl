@@ -4,8 +4,14 @@
 // A broad ribbon that twists as it crosses the frame, shaded by its turning, its edges lit; a second, fainter
 // one behind it.
 
-// Each ribbon: k[2i] = (phase of the course, phase of the twist, twist per length, half width), k[2i+1] =
-// (offset, amplitude, angle's cosine and sine).
+#define kCourse(i) k[2 * (i)] // phase of the course, phase of the twist, twist per length, half width
+#define kLine(i) k[2 * (i) + 1] // offset, amplitude, cosine and sine of the angle
+#define kZoom k[4].x
+#define kCell k[4].y
+#define kLight k[4].z
+#define kSpin k[5]
+#define kPlace k[6].xy
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -18,14 +24,16 @@ void prepare(inout vec4 k[8])
         float turn = lean + far * (0.5 + 0.7 * seedRandom(3)) * (seedRandom(4) > 0.5 ? 1.0 : -1.0);
         float course = tau * seedRandom(5 + i) + loopAngle(0.06 - 0.02 * far);
         float twist = tau * seedRandom(7 + i) + loopAngle(0.07 + 0.02 * far);
-        k[2 * i] = vec4(course, twist,
+        kCourse(i) = vec4(course, twist,
                         (0.55 + 0.5 * seedRandom(9 + i)) * (seedRandom(11 + i) > 0.5 ? 1.0 : -1.0),
                         size * (far > 0.5 ? 0.34 : 0.41 + 0.08 * seedRandom(13)));
-        k[2 * i + 1] = vec4(0.3 * (seedRandom(15 + i) - 0.5), 0.1 + 0.1 * lookWarp, cos(turn), sin(turn));
+        kLine(i) = vec4(0.3 * (seedRandom(15 + i) - 0.5), 0.1 + 0.1 * lookWarp, cos(turn), sin(turn));
     }
-    k[4] = vec4(pow(lookScale, 0.72), pow(lookScale, 0.72) * cellWidth(), tau * seedRandom(17), 0.0);
-    k[5] = spin(0.07);
-    k[6] = vec4(seedOffset(9), 0.0, 0.0);
+    kZoom = pow(lookScale, 0.72);
+    kCell = pow(lookScale, 0.72) * cellWidth();
+    kLight = tau * seedRandom(17);
+    kSpin = spin(0.07);
+    kPlace = seedOffset(9);
 }
 
 /// Tone of a ribbon (x), how much it covers (y) and its distance (z).
@@ -40,10 +48,10 @@ vec3 ribbon(vec2 p, vec4 a, vec4 b, vec4 k[8])
     float y = (q.y - course) * inversesqrt(1.0 + slope * slope);
     float v = clamp(y / halfWidth, -1.0, 1.0);
     float away = abs(y) - halfWidth;
-    float width = k[4].y;
+    float width = kCell;
     // The cloth is a little hollow, so the light wanders across it as it turns.
     float normal = twist + (facing > 0.0 ? 0.55 : -0.55) * v;
-    float sheen = saturate(0.5 + 0.5 * cos(2.0 * normal + k[4].z));
+    float sheen = saturate(0.5 + 0.5 * cos(2.0 * normal + kLight));
     float back = facing > 0.0 ? 1.0 : 0.72;
     float tone = back * (0.175 + 0.325 * sheen + 0.5 * pow(sheen, 5.0));
     float rim = (1.0 - smoothstep(0.006, 0.022 + width, abs(away))) * (0.45 + 0.5 * sheen);
@@ -53,11 +61,11 @@ vec3 ribbon(vec2 p, vec4 a, vec4 b, vec4 k[8])
 
 float pattern(vec2 p, vec4 k[8])
 {
-    p *= k[4].x;
-    vec2 bend = vec2(noise(p * 0.6 + k[6].xy, k[5]), noise(p * 0.6 - k[6].yx, k[5]));
+    p *= kZoom;
+    vec2 bend = vec2(noise(p * 0.6 + kPlace, kSpin), noise(p * 0.6 - kPlace.yx, kSpin));
     p += 0.09 * lookWarp * bend;
-    vec3 front = ribbon(p, k[0], k[1], k);
-    vec3 back = ribbon(p, k[2], k[3], k);
+    vec3 front = ribbon(p, kCourse(0), kLine(0), k);
+    vec3 back = ribbon(p, kCourse(1), kLine(1), k);
     float shade = smoothstep(-0.1, 0.28, front.z);
     float tone = 0.03 + 0.1 * exp(-max(front.z, 0.0) * 3.5) * 0.8;
     tone = mix(tone, back.x * 0.62 * (0.25 + 0.75 * shade), back.y);

@@ -4,19 +4,26 @@
 // Many fine strings along a current. Each layer is a sheet of strings that spreads into a fan and is
 // pinched together again; where they crowd, they merge into light.
 
+#define kTurn k[0].xy
+#define kSpread k[0].z
+#define kSpin k[1]
+#define kPlaces k[2]
+#define kSheet(i) k[3 + (i)] // middle line: height, swing and its phase; phase of the pinching
+
 void prepare(inout vec4 k[8])
 {
     float turn = 0.5 * (2.0 * seedRandom(0) - 1.0) + (seedRandom(1) < 0.25 ? 0.5 * pi : 0.0);
     // The sheets spread over the picture's extent across the current.
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     float extent = dot(abs(vec2(sin(turn), cos(turn))), aspect);
-    k[0] = vec4(cos(turn), sin(turn), 0.35 + 0.6 * extent, 0.0);
-    k[1] = spin(0.06);
-    k[2] = vec4(seedOffset(2) + 0.3 * loopCircle(0.04), seedOffset(3));
+    kTurn = vec2(cos(turn), sin(turn));
+    kSpread = 0.35 + 0.6 * extent;
+    kSpin = spin(0.06);
+    kPlaces = vec4(seedOffset(2) + 0.3 * loopCircle(0.04), seedOffset(3));
     for (int i = 0; i < 3; ++i) {
         float wander = loopAngle(0.07 + 0.023 * float(i));
         // The middle line: height, swing, its phase; the phase of the pinching.
-        k[3 + i] = vec4(0.9 * seedRandom(8 + i) - 0.45, 0.12 + 0.28 * seedRandom(11 + i),
+        kSheet(i) = vec4(0.9 * seedRandom(8 + i) - 0.45, 0.12 + 0.28 * seedRandom(11 + i),
                         tau * seedRandom(14 + i) + 0.5 * sin(wander),
                         tau * seedRandom(17 + i) + 0.6 * cos(wander));
     }
@@ -49,15 +56,15 @@ float sheet(vec2 q, vec4 shape, vec4 bend, float spread, float count, float rate
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 q = rotate(p, k[0].xy);
+    vec2 q = rotate(p, kTurn);
     vec2 stretch = vec2(0.55, 0.2);
-    vec3 sway = noiseGradient(q * stretch + k[2].xy, k[1]);
-    vec3 ease = noiseGradient(q * stretch + k[2].zw, k[1]);
+    vec3 sway = noiseGradient(q * stretch + kPlaces.xy, kSpin);
+    vec3 ease = noiseGradient(q * stretch + kPlaces.zw, kSpin);
     vec4 bend = 0.8 * lookWarp * vec4(sway.x, ease.x, stretch.x * sway.y, stretch.x * ease.y);
     float cell = cellWidth();
-    float light = sheet(q, k[3], bend, k[0].z, 12.0, 0.9, cell);
-    light += 0.8 * sheet(q, k[4], bend.yxwz, k[0].z, 10.0, 1.15, cell);
-    light += 0.6 * sheet(q, k[5], -bend, k[0].z, 14.0, 0.75, cell);
+    float light = sheet(q, kSheet(0), bend, kSpread, 12.0, 0.9, cell);
+    light += 0.8 * sheet(q, kSheet(1), bend.yxwz, kSpread, 10.0, 1.15, cell);
+    light += 0.6 * sheet(q, kSheet(2), -bend, kSpread, 14.0, 0.75, cell);
     float ground = 0.27 + 0.13 * clamp(bend.x, -1.0, 1.0) + 0.24 * q.x / (1.0 + abs(q.x));
     return ground + 0.85 * expose(1.3 * light) * (1.0 - 0.5 * ground);
 }
