@@ -244,7 +244,7 @@ protected:
     {
         EXPECT_EQ(arguments.value(0), QStringLiteral("xfce4-desktop"));
         if (method == QLatin1String("GetAllProperties"))
-            return QVariantList{settings};
+            return allBelow(arguments.value(1).toString());
         EXPECT_EQ(method, QStringLiteral("SetProperty"));
         const QString key = arguments.value(1).toString();
         if (key == locked)
@@ -252,6 +252,15 @@ protected:
         changed << key;
         settings[key] = arguments.value(2).value<QDBusVariant>().variant();
         return QVariantList();
+    }
+    /// As the real service does: there is no folder without settings, but for the uppermost.
+    std::optional<QVariantList> allBelow(const QString& folder)
+    {
+        QVariantMap found = settings;
+        found.removeIf([&folder](const auto& setting) { return !setting.key().startsWith(folder); });
+        if (found.isEmpty() && folder != QLatin1String("/"))
+            return std::nullopt;
+        return QVariantList{found};
     }
     static QString key(const char* monitor, int workspace, const char* name)
     {
@@ -285,6 +294,13 @@ TEST_F(XfceTest, SetsEveryWorkspaceOfEveryMonitor)
     EXPECT_EQ(settings.value(key("HDMI-1", 0, "image-style")), 5) << "nothing was shown before";
     EXPECT_EQ(settings.value(key("HDMI-1", 3, "image-style")), 4) << "the user's choice";
     EXPECT_FALSE(settings.contains(key("DP-2", 0, "image-style")));
+}
+
+TEST_F(XfceTest, SetsThePicturesOfAUserWhoNeverDid)
+{
+    settings.clear();
+    EXPECT_THAT(xfce.apply(two, Which::all), IsEmpty());
+    EXPECT_EQ(settings.value(key("HDMI-1", 1, "last-image")), two[0].file);
 }
 
 TEST_F(XfceTest, RestoresOnlyWhatDiffers)

@@ -78,9 +78,9 @@ void XfcePictures::apply(const DesktopPicture& picture, Which which)
 
 QVariantMap XfcePictures::settings(const QString& folder)
 {
-    // One folder up: the settings of a monitor that has none cannot be asked for.
+    // The settings of a folder that has none cannot be asked for, but for the uppermost.
     const QVariantList answer =
-        m_calls.call(settingsMethod("GetAllProperties"), {channel, QStringLiteral("/backdrop")});
+        m_calls.call(settingsMethod("GetAllProperties"), {channel, QStringLiteral("/")});
     auto found = qdbus_cast<QVariantMap>(answer.value(0));
     found.removeIf([&folder](const auto& setting) { return !setting.key().startsWith(folder); });
     return found;
