@@ -50,8 +50,6 @@ private:
 
 class FakeSession : public Session
 {
-public:
-    void setWatchingScreens(bool /*watching*/) override {}
 };
 
 /// Shows messages, or says that nobody does.

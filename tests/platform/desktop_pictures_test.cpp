@@ -11,8 +11,8 @@
 #include "platform/linux/desktops/root_pictures.h"
 #include "platform/linux/desktops/spanned_picture.h"
 #include "platform/linux/desktops/xfce_pictures.h"
-#include "platform/linux/x11/x11_backdrop.h"
 #include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_upload.h"
 #include "support/fake_service.h"
 #include "support/surroundings.h"
 
@@ -592,30 +592,6 @@ TEST_F(OnX11Test, TheRootIsSetAgainWhenItGrows)
     xrandr("--fb 640x400");
     EXPECT_THAT(root.apply(two, Which::different), IsEmpty());
     EXPECT_EQ(content(rootPixmap()), together(two, {640, 400}));
-}
-
-TEST_F(OnX11Test, AWindowShowsItsBackdropAtOnceAndAgainWhenUncovered)
-{
-    for (const QRect& place : {QRect(0, 0, 40, 30), QRect(0, 0, 400, 300)}) {
-        const xcb_window_t id = window(place);
-        const QImage image(picture(QStringLiteral("DP-1"), place, "backdrop.png", 7).file);
-        const QImage expected = image.convertToFormat(QImage::Format_RGB32);
-        setWindowBackdrop(id, expected);
-        EXPECT_EQ(content(id), expected);
-        xcb_clear_area(x.get(), 0, id, 5, 5, 10, 10);
-        EXPECT_EQ(content(id), expected);
-
-        setWindowBackdrop(id, {});
-        EXPECT_EQ(content(id), expected) << "taking it away changes nothing that is seen";
-        const xcb_gcontext_t context = xcb_generate_id(x.get());
-        const std::uint32_t values[] = {0xABCDEF};
-        xcb_create_gc(x.get(), context, id, XCB_GC_FOREGROUND, values);
-        const xcb_rectangle_t rectangle{0, 0, 10, 10};
-        xcb_poly_fill_rectangle(x.get(), id, context, 1, &rectangle);
-        xcb_clear_area(x.get(), 0, id, 0, 0, 10, 10);
-        EXPECT_EQ(content(id).pixel(3, 3), 0xFFABCDEFU);
-    }
-    setWindowBackdrop(0x7FFFFF, QImage(10, 10, QImage::Format_RGB32));
 }
 
 // --- which desktop runs ---

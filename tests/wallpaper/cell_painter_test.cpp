@@ -35,7 +35,7 @@ protected:
 TEST_F(CellPainterTest, ShowsWhatTheRendererDraws)
 {
     for (const Dither dither : {Dither::posterize, Dither::bayer4, Dither::bayer8, Dither::noise}) {
-        for (const float pixel : {2.0F, 8.0F, 31.0F}) {
+        for (const float pixel : {2.0F, 8.0F, 31.0F, 3e9F}) {
             Look look;
             look.dither = dither;
             look.pixel = pixel;

@@ -4,6 +4,7 @@
 #include "model/look_json.h"
 #include "render/png_file.h"
 #include "support/fake_desktop.h"
+#include "support/refusing_driver.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QDir>
@@ -397,6 +398,51 @@ TEST_F(WallpaperTest, ALookThatHasToBeBuiltIsNotWaitedFor)
         return countSame(windows.back()->image, picture) > 320 * 180 * 9 / 10;
     };
     EXPECT_TRUE(waitUntil(showsFresh));
+}
+
+TEST_F(WallpaperTest, ALookThatTheDriverRefusesLeavesTheLastOne)
+{
+    wallpaper->start();
+    apply(1, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
+    const RefusingDriver driver("An eclipse");
+    Look refused = lookWithSeed(2);
+    refused.pattern = Pattern::halo;
+    for (const bool motion : {false, true}) {
+        failures.clear();
+        store->applyToDesktop(refused, RecordHistory::yes, motion, ContinueFromEditor::no);
+        ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
+        settle(300ms);
+        EXPECT_EQ(failures.size(), 1) << "told once";
+        EXPECT_TRUE(failures[0].contains(QStringLiteral("Halo")));
+        EXPECT_FALSE(failures[0].contains(QStringLiteral("smaller size")));
+        EXPECT_EQ(pictures.sets, 1);
+        EXPECT_EQ(visibleWindows(), 0);
+    }
+    restart();
+    wallpaper->start();
+    ASSERT_TRUE(waitUntil([&] { return failures.size() == 2; })) << "the next start is none the worse";
+    apply(3, true);
+    EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2 && visibleWindows() == 1; }));
+    EXPECT_THAT(shownSeeds(), ElementsAre(3));
+}
+
+TEST_F(WallpaperTest, AnAnimationsPictureWaitsOnlyBehindOneOfOurs)
+{
+    animatedDelay = 1h;
+    restart();
+    wallpaper->start();
+    apply(1, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; })) << "the desktop showed somebody else's";
+    apply(2, true);
+    const std::vector<Screen> one = screens.list();
+    Screen smaller = one[0];
+    smaller.frame = QRect(0, 0, 160, 90);
+    screens.set({smaller});
+    settle(500ms);
+    EXPECT_EQ(pictures.sets, 1);
+    screens.set({smaller, {.name = QStringLiteral("TWO"), .frame = right}});
+    EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2; })) << "a new screen shows nothing of ours";
 }
 
 } // namespace
