@@ -46,6 +46,9 @@ Q_SIGNALS:
     /// A desktop of another kind runs, or none any more: canSet() may differ. Where it takes pictures it has
     /// got the newest.
     void desktopChanged();
+    /// The desktop shows another picture than it was given, since somebody else has set one. It gets none
+    /// from us any more until it is told one.
+    void replaced();
 };
 
 /// Looks which desktop runs.

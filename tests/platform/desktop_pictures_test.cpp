@@ -99,6 +99,8 @@ struct Record
 {
     QStringList files; ///< the first of each request that was carried out
     QString desktop = QStringLiteral("first");
+    bool refuses = true;
+    bool shows = true;
     QSemaphore allowed;
 };
 
@@ -111,7 +113,11 @@ public:
     {
         m_record.allowed.acquire();
         m_record.files << pictures.front().file + (which == Which::all ? QString() : QStringLiteral("?"));
-        return {m_record.files.last()};
+        return m_record.refuses ? QStringList{m_record.files.last()} : QStringList();
+    }
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& /*pictures*/) override
+    {
+        return m_record.shows;
     }
 
 private:
@@ -176,6 +182,44 @@ TEST_F(QueuedPicturesTest, TellsAnotherDesktopThatStartsLater)
     settle(20ms);
     EXPECT_EQ(record.files.last(), two[0].file + QLatin1Char('?'));
     EXPECT_THAT(answers, SizeIs(1)) << "nobody asked";
+}
+
+TEST_F(QueuedPicturesTest, TellsOnceOfAPictureThatSomebodyElseHasSet)
+{
+    record.allowed.release(10);
+    record.shows = false;
+    int replacements = 0;
+    int looks = 0;
+    QObject::connect(&queue, &DesktopPictures::replaced, [&replacements] { ++replacements; });
+    QObject::connect(&queue, &QueuedPictures::carriedOut, &queue, [&looks] { ++looks; });
+    const auto look = [&] {
+        const int before = looks;
+        queue.lookAgain();
+        EXPECT_TRUE(waitUntil([&] { return looks > before; }));
+        settle(20ms);
+    };
+    const auto set = [&](const std::vector<DesktopPicture>& pictures) {
+        const auto before = answers.size();
+        queue.set(pictures);
+        EXPECT_TRUE(waitUntil([&] { return answers.size() > before; }));
+    };
+    look();
+    set(two);
+    look();
+    EXPECT_EQ(replacements, 0) << "it took none of ours";
+    record.refuses = false;
+    set(two);
+    EXPECT_EQ(replacements, 0);
+    look();
+    EXPECT_EQ(replacements, 1);
+    record.desktop = QStringLiteral("second");
+    look();
+    EXPECT_EQ(replacements, 1);
+    EXPECT_THAT(record.files, SizeIs(2)) << "what is no longer wanted is told to nobody";
+    record.shows = true;
+    set(newer);
+    look();
+    EXPECT_EQ(replacements, 1);
 }
 
 TEST_F(QueuedPicturesTest, LeavesOutAFileThatIsGone)
@@ -254,11 +298,11 @@ protected:
         return QVariantList();
     }
     /// As the real service does: there is no folder without settings, but for the uppermost.
-    std::optional<QVariantList> allBelow(const QString& folder)
+    std::optional<QVariantList> allBelow(const QString& path)
     {
         QVariantMap found = settings;
-        found.removeIf([&folder](const auto& setting) { return !setting.key().startsWith(folder); });
-        if (found.isEmpty() && folder != QLatin1String("/"))
+        found.removeIf([&path](const auto& setting) { return !setting.key().startsWith(path); });
+        if (found.isEmpty() && path != QLatin1String("/"))
             return std::nullopt;
         return QVariantList{found};
     }
@@ -310,6 +354,9 @@ TEST_F(XfceTest, RestoresOnlyWhatDiffers)
     changed.clear();
     EXPECT_THAT(xfce.apply(two, Which::different), IsEmpty());
     EXPECT_THAT(changed, ElementsAre(key("DP-2", 1, "last-image")));
+    EXPECT_TRUE(xfce.shows(two));
+    settings[key("HDMI-1", 0, "last-image")] = QStringLiteral("/chosen.png");
+    EXPECT_FALSE(xfce.shows(two));
 }
 
 TEST_F(XfceTest, ARefusalNamesItsMonitorAndLeavesTheOthersTheirs)
@@ -340,13 +387,17 @@ TEST_F(OnBusTest, PlasmaIsToldInOneScriptAndSaysWhatItTook)
     EXPECT_THAT(script, Has(R"("frame":{"height":300,"width":400,"x":0,"y":40})"));
     EXPECT_THAT(script, Has(R"(it's \"100%\" \\ new.png)"));
     EXPECT_THAT(script, Has("it's%20%22100%25%22%20%5C%20new.png"));
-    EXPECT_THAT(script, Has("all = true"));
+    EXPECT_THAT(script, Has("change = 'all'"));
 
     answer = QVariantList{QStringLiteral("[[2,1],[0,0]]")};
     EXPECT_THAT(
         plasma.apply(two, Which::different),
         ElementsAre(Has("HDMI-1: it kept the picture"), Has("DP-2: it has no desktop on this monitor")));
-    EXPECT_THAT(script, Has("all = false"));
+    EXPECT_THAT(script, Has("change = 'different'"));
+    EXPECT_FALSE(plasma.shows(two));
+    EXPECT_THAT(script, Has("change = 'none'"));
+    answer = QVariantList{QStringLiteral("[[2,2],[0,0]]")};
+    EXPECT_TRUE(plasma.shows(two));
     answer = QVariantList{QStringLiteral("Widgets are locked")};
     EXPECT_THAT(plasma.apply(two, Which::all),
                 ElementsAre(Has("HDMI-1: it answered “Widgets are locked”"), Has("DP-2")));
@@ -380,6 +431,8 @@ TEST_F(OnBusTest, LxqtIsToldOnePictureForAllMonitors)
     write("WallpaperMode", QStringLiteral("fit"));
     EXPECT_THAT(lxqt.apply(two, Which::different), IsEmpty());
     EXPECT_THAT(calls, SizeIs(1)) << "it shows that already";
+    EXPECT_TRUE(lxqt.shows(two));
+    EXPECT_FALSE(lxqt.shows(newer));
     write("PerScreenWallpaper", true);
     EXPECT_THAT(lxqt.apply(newer, Which::different), IsEmpty());
     EXPECT_EQ(calls.back(), (QVariantList{newer[0].file, QString()}));
@@ -564,7 +617,9 @@ TEST_F(OnX11Test, TheRootIsSetAgainAfterAnotherProgramChangedIt)
     // It stands in one property only, so its owner is alive, and would be ended with it.
     x.setProperty(x.root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {&foreign, 1});
     x.sync();
+    EXPECT_FALSE(root.shows(two));
     EXPECT_THAT(root.apply(two, Which::different), IsEmpty());
+    EXPECT_TRUE(root.shows(two));
     EXPECT_EQ(content(x.root()), together(two, {640, 400}));
     EXPECT_NE(rootPixmap(), foreign);
     EXPECT_FALSE(content(foreign).isNull());
@@ -732,12 +787,49 @@ TEST_F(PcmanfmTest, GetsThePictureOfItsFirstMonitor)
     EXPECT_EQ(saved("calls"), "--set-wallpaper " + whole.file.toUtf8() + " --wallpaper-mode=stretch\n");
     EXPECT_THAT(pcmanfm.apply({whole}, Which::different), IsEmpty());
     EXPECT_EQ(saved("calls").count('\n'), 1) << "it shows that already";
+    EXPECT_TRUE(pcmanfm.shows({whole}));
+    EXPECT_FALSE(pcmanfm.shows({{whole.screen, QStringLiteral("/chosen.png")}}));
 
     EXPECT_THAT(pcmanfm.apply({whole, two[1]}, Which::all), ElementsAre(Has("DP-2: it lets programs set")));
     EXPECT_EQ(saved("calls").count('\n'), 2);
 
     QFile(folder.filePath(QStringLiteral("pcmanfm.d/pcmanfm/LXDE/locked"))).open(QIODevice::WriteOnly);
     EXPECT_THAT(pcmanfm.apply({newer[0]}, Which::all), ElementsAre(Has("LXDE/desktop-items-0.conf stay")));
+}
+
+TEST_F(DetectionTest, APictureThatTheUserChoosesInTheDesktopsSettingsIsNoticed)
+{
+    QVariantMap settings;
+    FakeService service(bus.connect(), "org.xfce.Xfconf", "/org/xfce/Xfconf",
+                        [&settings](const QString& method, const QVariantList& arguments) {
+                            if (method == QLatin1String("GetAllProperties"))
+                                return QVariantList{settings};
+                            settings[arguments.value(1).toString()] =
+                                arguments.value(2).value<QDBusVariant>().variant();
+                            return QVariantList();
+                        });
+    QDBusConnection others = bus.connect();
+    EXPECT_TRUE(others.registerService(QStringLiteral("org.xfce.xfdesktop")));
+    const std::unique_ptr<DesktopPictures> pictures = makeDesktopPictures(ours);
+    int answers = 0;
+    int replacements = 0;
+    QObject::connect(pictures.get(), &DesktopPictures::finished, [&answers] { ++answers; });
+    QObject::connect(pictures.get(), &DesktopPictures::replaced, [&replacements] { ++replacements; });
+    pictures->set(two);
+    ASSERT_TRUE(waitUntil([&answers] { return answers == 1; }));
+    const auto tell = [&service](const QString& setting) {
+        service.signal(QStringLiteral("/org/xfce/Xfconf"), QStringLiteral("org.xfce.Xfconf"),
+                       QStringLiteral("PropertyChanged"),
+                       {QStringLiteral("xfce4-desktop"), setting,
+                        QVariant::fromValue(QDBusVariant(QStringLiteral("/chosen.png")))});
+    };
+    const QString setting = settings.firstKey();
+    tell(setting);
+    settle(2500ms);
+    EXPECT_EQ(replacements, 0) << "our own";
+    settings[setting] = QStringLiteral("/chosen.png");
+    tell(setting);
+    EXPECT_TRUE(waitUntil([&replacements] { return replacements == 1; }));
 }
 
 TEST_F(DetectionTest, ADesktopThatComesAfterUsGetsThePictures)

@@ -36,22 +36,43 @@ QStringList GnomePictures::apply(const std::vector<DesktopPicture>& pictures, Wh
     return {};
 }
 
+bool GnomePictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        return differing(pictures).empty();
+    } catch (const DesktopError&) {
+        return true;
+    }
+}
+
 void GnomePictures::change(const std::vector<DesktopPicture>& pictures, Which which)
 {
-    const QStringList known =
-        m_calls.run(program, {QStringLiteral("list-keys"), m_schema}).split(QLatin1Char('\n'));
     const QString problem = pictures.size() > 1 ? writeSpanned(pictures) : QString();
     if (!problem.isEmpty())
         throw DesktopError{problem};
+    changeScaling(pictures.size() > 1);
+    for (const auto& [key, value] : which == Which::all ? wanted(pictures) : differing(pictures))
+        changeSetting(key, value);
+}
+
+std::map<QString, QString> GnomePictures::wanted(const std::vector<DesktopPicture>& pictures)
+{
+    const QStringList known =
+        m_calls.run(program, {QStringLiteral("list-keys"), m_schema}).split(QLatin1Char('\n'));
     const QString file = spannedFile(pictures);
     const QString url = QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
-    const std::pair<QString, QString> values[] = {{QStringLiteral("picture-uri"), url},
-                                                  {QStringLiteral("picture-uri-dark"), url},
-                                                  {QStringLiteral("picture-filename"), file}};
-    changeScaling(pictures.size() > 1);
-    for (const auto& [key, value] : values)
-        if (known.contains(key) && (which == Which::all || setting(key) != quoted(value)))
-            changeSetting(key, quoted(value));
+    std::map<QString, QString> settings{{QStringLiteral("picture-uri"), quoted(url)},
+                                        {QStringLiteral("picture-uri-dark"), quoted(url)},
+                                        {QStringLiteral("picture-filename"), quoted(file)}};
+    std::erase_if(settings, [&known](const auto& setting) { return !known.contains(setting.first); });
+    return settings;
+}
+
+std::map<QString, QString> GnomePictures::differing(const std::vector<DesktopPicture>& pictures)
+{
+    std::map<QString, QString> settings = wanted(pictures);
+    std::erase_if(settings, [this](const auto& wish) { return setting(wish.first) == wish.second; });
+    return settings;
 }
 
 void GnomePictures::changeScaling(bool severalMonitors)

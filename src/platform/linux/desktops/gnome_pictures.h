@@ -6,6 +6,8 @@
 #include "platform/linux/desktops/desktop_calls.h"
 #include "platform/linux/desktops/picture_backend.h"
 
+#include <map>
+
 namespace tessel {
 
 /// GNOME and its relatives keep one picture for all monitors among their settings.
@@ -17,9 +19,14 @@ public:
 
     [[nodiscard]] QString desktop() const override { return m_schema; }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
     void change(const std::vector<DesktopPicture>& pictures, Which which);
+    /// The settings of these pictures, in the form that they are read and written in, by their keys.
+    [[nodiscard]] std::map<QString, QString> wanted(const std::vector<DesktopPicture>& pictures);
+    /// Those of them that are otherwise now.
+    [[nodiscard]] std::map<QString, QString> differing(const std::vector<DesktopPicture>& pictures);
     void changeScaling(bool severalMonitors);
     [[nodiscard]] QString setting(const QString& key);
     void changeSetting(const QString& key, const QString& value);

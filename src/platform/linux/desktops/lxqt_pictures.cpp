@@ -21,6 +21,13 @@ QVariant setting(const QString& file, const char* key)
     return QSettings(path, QSettings::IniFormat).value(QLatin1String("Desktop/") + QLatin1String(key));
 }
 
+/// With one picture for each monitor it repeats the same one on all of them.
+QString fileFor(const std::vector<DesktopPicture>& pictures, const QString& settings)
+{
+    const bool repeats = setting(settings, "PerScreenWallpaper").toBool();
+    return repeats ? pictures.front().file : spannedFile(pictures);
+}
+
 bool showsPictures(const QString& mode)
 {
     static const QStringList modes{QStringLiteral("stretch"), QStringLiteral("fit"), QStringLiteral("center"),
@@ -40,15 +47,23 @@ QStringList LxqtPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
     return {};
 }
 
+bool LxqtPictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        const QString settings = settingsFile();
+        return setting(settings, "Wallpaper").toString() == fileFor(pictures, settings);
+    } catch (const DesktopError&) {
+        return true;
+    }
+}
+
 void LxqtPictures::change(const std::vector<DesktopPicture>& pictures, Which which)
 {
     const QString settings = settingsFile();
-    // With one picture for each monitor it repeats the same one on all of them.
-    const bool repeats = setting(settings, "PerScreenWallpaper").toBool();
-    const QString problem = pictures.size() > 1 && !repeats ? writeSpanned(pictures) : QString();
+    const QString file = fileFor(pictures, settings);
+    const QString problem = file != pictures.front().file ? writeSpanned(pictures) : QString();
     if (!problem.isEmpty())
         throw DesktopError{problem};
-    const QString file = repeats ? pictures.front().file : spannedFile(pictures);
     // How pictures are scaled is the user's choice, unless none would be seen.
     const bool isSeen = showsPictures(setting(settings, "WallpaperMode").toString());
     if (which == Which::different && isSeen && setting(settings, "Wallpaper").toString() == file)

@@ -16,6 +16,7 @@ public:
 
     [[nodiscard]] QString desktop() const override { return QStringLiteral("LXQt"); }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
     void change(const std::vector<DesktopPicture>& pictures, Which which);

@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace tessel {
 
 namespace {
@@ -60,6 +62,18 @@ QStringList PcmanfmPictures::apply(const std::vector<DesktopPicture>& pictures, 
         }
     }
     return failures;
+}
+
+bool PcmanfmPictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    X11Connection connection;
+    const std::vector<QRect> monitors =
+        connection.isValid() ? monitorPlaces(connection) : std::vector<QRect>();
+    return std::ranges::all_of(pictures, [&](const DesktopPicture& picture) {
+        const QRect monitor = picture.screen.pixels();
+        return monitors.empty() || monitor != monitors.front() ||
+               setting(settingsFile(connection, monitor), "wallpaper") == picture.file;
+    });
 }
 
 void PcmanfmPictures::change(const DesktopPicture& picture, const QString& settings, Which which)

@@ -16,6 +16,7 @@ public:
 
     [[nodiscard]] QString desktop() const override { return QStringLiteral("LXDE"); }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
     void change(const DesktopPicture& picture, const QString& settings, Which which);

@@ -30,6 +30,9 @@ public:
     /// \param pictures whose files all exist
     /// \return a message for every monitor that did not get its picture
     [[nodiscard]] virtual QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) = 0;
+
+    /// Whether the desktop shows these pictures. One that does not answer is taken to.
+    [[nodiscard]] virtual bool shows(const std::vector<DesktopPicture>& pictures) = 0;
 };
 
 /// Says that a monitor keeps what it shows, and why.

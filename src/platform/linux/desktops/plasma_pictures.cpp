@@ -8,12 +8,14 @@
 #include <QJsonObject>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace tessel {
 
 namespace {
 
-/// Follows a line that defines `pictures` and `all`. Prints for each picture how many desktops are its
-/// monitor's and how many of them have it afterwards.
+/// Follows a line that defines `pictures` and `change`: which of them are to be set. Prints for each picture
+/// how many desktops are its monitor's and how many of them have it afterwards.
 const char* const script = R"(
 var found = {};
 function keep(list) {
@@ -62,7 +64,7 @@ for (var id in found) {
     var picture = pictureOf(desktop);
     if (picture === null)
         continue;
-    if (all || !shows(desktop, picture))
+    if (change == 'all' || (change == 'different' && !shows(desktop, picture)))
         give(desktop, picture);
     picture.desktops += 1;
     picture.taken += shows(desktop, picture) ? 1 : 0;
@@ -78,7 +80,7 @@ QJsonObject place(const QRect& rectangle)
             {QStringLiteral("height"), rectangle.height()}};
 }
 
-QString definitions(const std::vector<DesktopPicture>& pictures, PictureBackend::Which which)
+QString definitions(const std::vector<DesktopPicture>& pictures, const char* change)
 {
     QJsonArray list;
     for (const DesktopPicture& picture : pictures) {
@@ -93,9 +95,7 @@ QString definitions(const std::vector<DesktopPicture>& pictures, PictureBackend:
         });
     }
     const QString json = QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
-    const bool all = which == PictureBackend::Which::all;
-    return QStringLiteral("var pictures = %1; var all = %2;\n")
-        .arg(json, all ? QStringLiteral("true") : QStringLiteral("false"));
+    return QStringLiteral("var pictures = %1; var change = '%2';\n").arg(json, QLatin1String(change));
 }
 
 QString problem(int desktops, int taken)
@@ -113,7 +113,7 @@ QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, W
 {
     QJsonArray counts;
     try {
-        const QString answer = run(definitions(pictures, which) + QString::fromLatin1(script));
+        const QString answer = run(pictures, which == Which::all ? "all" : "different");
         counts = QJsonDocument::fromJson(answer.toUtf8()).array();
         if (counts.size() != static_cast<qsizetype>(pictures.size()))
             return refusals(pictures, QStringLiteral("it answered “%1”.").arg(answer.left(200)));
@@ -130,12 +130,24 @@ QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, W
     return failures;
 }
 
-QString PlasmaPictures::run(const QString& text)
+bool PlasmaPictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        const QJsonArray counts = QJsonDocument::fromJson(run(pictures, "none").toUtf8()).array();
+        return std::ranges::all_of(counts, [](const QJsonValue& count) {
+            return count.toArray().at(0).toInt() == count.toArray().at(1).toInt();
+        });
+    } catch (const DesktopError&) {
+        return true;
+    }
+}
+
+QString PlasmaPictures::run(const std::vector<DesktopPicture>& pictures, const char* change)
 {
     const QVariantList answer =
         m_calls.call({QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
                       QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript")},
-                     {text});
+                     {definitions(pictures, change) + QString::fromLatin1(script)});
     return answer.value(0).toString().trimmed();
 }
 

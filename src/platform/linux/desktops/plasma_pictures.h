@@ -16,9 +16,12 @@ public:
 
     [[nodiscard]] QString desktop() const override { return QStringLiteral("Plasma"); }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
-    QString run(const QString& text);
+    /// \return what the script prints
+    /// \param change which pictures are set: all, different or none
+    QString run(const std::vector<DesktopPicture>& pictures, const char* change);
 
     DesktopCalls m_calls;
 };

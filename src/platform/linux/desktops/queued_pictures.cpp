@@ -6,6 +6,8 @@
 #include <QDBusConnection>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace tessel {
 
 namespace {
@@ -70,6 +72,31 @@ void QueuedPictures::watch(const QDBusConnection& bus, const QStringList& servic
     m_services.setWatchedServices(services);
     m_owner = std::make_unique<X11DesktopOwnerWatch>();
     connect(m_owner.get(), &X11DesktopOwnerWatch::changed, &m_drawing, qOverload<>(&QTimer::start));
+    connect(m_owner.get(), &X11DesktopOwnerWatch::pictureChanged, &m_drawing, qOverload<>(&QTimer::start));
+    QDBusConnection session = bus;
+    session.connect(QString(), QStringLiteral("/org/xfce/Xfconf"), QStringLiteral("org.xfce.Xfconf"),
+                    QStringLiteral("PropertyChanged"), {QStringLiteral("xfce4-desktop")}, QString(), this,
+                    SLOT(settingsChanged()));
+    session.connect(QString(), QStringLiteral("/PlasmaShell"), QStringLiteral("org.kde.PlasmaShell"),
+                    QStringLiteral("wallpaperChanged"), this, SLOT(settingsChanged()));
+    session.connect(QString(), QStringLiteral("/ca/desrt/dconf/Writer/user"),
+                    QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"), this,
+                    SLOT(dconfChanged(QString, QStringList)));
+}
+
+void QueuedPictures::settingsChanged()
+{
+    m_drawing.start();
+}
+
+/// Of all settings only those of the background matter.
+void QueuedPictures::dconfChanged(const QString& prefix, const QStringList& keys)
+{
+    const auto matters = [&prefix](const QString& key) {
+        return QString(prefix + key).contains(QLatin1String("/background/"));
+    };
+    if (std::ranges::any_of(keys, matters))
+        m_drawing.start();
 }
 
 void QueuedPictures::ask(Request request)
@@ -85,35 +112,50 @@ void QueuedPictures::ask(Request request)
 void QueuedPictures::start(Request request)
 {
     request.before = m_desktop;
+    request.wasTaken = m_wasTaken;
     m_running = std::move(request);
     Q_EMIT started();
 }
 
-void QueuedPictures::answer(const QString& desktop, const QStringList& failures)
+void QueuedPictures::answer(const Outcome& outcome)
 {
-    const bool isOther = std::exchange(m_desktop, desktop) != desktop;
+    const bool isOther = std::exchange(m_desktop, outcome.desktop) != outcome.desktop;
     const int callers = std::exchange(m_running, std::nullopt)->callers;
+    if (outcome.wasTold || isOther)
+        m_wasTaken = outcome.wasTold && outcome.failures.isEmpty();
+    // A newer request goes before what somebody else wants.
+    const bool isReplaced = outcome.isReplaced && !m_waiting;
+    if (isReplaced)
+        m_newest.clear();
     if (m_waiting)
         start(*std::exchange(m_waiting, std::nullopt));
     if (isOther)
         Q_EMIT desktopChanged();
     for (int i = 0; i < callers; ++i)
-        Q_EMIT finished(failures);
+        Q_EMIT finished(outcome.failures);
+    if (isReplaced)
+        Q_EMIT replaced();
 }
 
 void QueuedPictures::carryOut(const Request& request)
 {
     const std::unique_ptr<PictureBackend> backend = m_find();
-    const QString desktop = backend == nullptr ? QString() : backend->desktop();
-    if (request.callers == 0 && (request.before == desktop || request.pictures.empty()))
-        return Q_EMIT carriedOut(desktop, {});
+    Outcome outcome;
+    outcome.desktop = backend == nullptr ? QString() : backend->desktop();
     std::vector<DesktopPicture> pictures = request.pictures;
-    QStringList failures = removeMissing(pictures);
+    if (request.callers == 0 && (request.before == outcome.desktop || pictures.empty())) {
+        outcome.isReplaced =
+            request.wasTaken && backend != nullptr && !pictures.empty() && !backend->shows(pictures);
+        return Q_EMIT carriedOut(outcome);
+    }
+    outcome.failures = removeMissing(pictures);
     if (backend == nullptr)
-        failures += refusals(pictures, QStringLiteral("it is of a kind that has no way to set pictures."));
+        outcome.failures +=
+            refusals(pictures, QStringLiteral("it is of a kind that has no way to set pictures."));
     else if (!pictures.empty())
-        failures += backend->apply(pictures, request.which);
-    Q_EMIT carriedOut(desktop, failures);
+        outcome.failures += backend->apply(pictures, request.which);
+    outcome.wasTold = backend != nullptr;
+    Q_EMIT carriedOut(outcome);
 }
 
 } // namespace tessel

@@ -22,6 +22,15 @@ class QueuedPictures final : public DesktopPictures
     Q_OBJECT
 
 public:
+    /// How a request ended.
+    struct Outcome
+    {
+        QString desktop; ///< the kind that runs
+        QStringList failures;
+        bool wasTold = false;    ///< the desktop some pictures
+        bool isReplaced = false; ///< it shows others than those that it took
+    };
+
     /// Looks which desktop runs now; nullptr if it is an unknown one. Called on the thread.
     using Find = std::function<std::unique_ptr<PictureBackend>()>;
 
@@ -35,31 +44,35 @@ public:
     [[nodiscard]] bool canSet() const override { return !m_desktop.isEmpty(); }
 
     /// At login the desktop may come after us: tells the newest pictures to one of another kind than before.
+    /// The same desktop may have got another picture by now.
     void lookAgain();
 
-    /// Calls lookAgain() some time after a desktop has come or gone: whenever one of the services did, and
-    /// when the program that draws the desktop on X11 is another one.
+    /// Calls lookAgain() some time after a desktop has come or gone, or its settings have changed.
     void watch(const QDBusConnection& bus, const QStringList& services);
 
 Q_SIGNALS:
     /// To the thread: there is a running request, which stays as it is until it is done.
     void started();
     /// By the thread: it is done.
-    /// \param desktop the kind that runs
-    void carriedOut(const QString& desktop, const QStringList& failures);
+    void carriedOut(const tessel::QueuedPictures::Outcome& outcome);
+
+private Q_SLOTS:
+    void settingsChanged();
+    void dconfChanged(const QString& prefix, const QStringList& keys);
 
 private:
     struct Request
     {
         std::vector<DesktopPicture> pictures;
         PictureBackend::Which which = PictureBackend::Which::all;
-        int callers = 1;     ///< who wait for an answer; none if it is for another kind of desktop only
-        QString before = {}; ///< the kind that ran when it was last looked at
+        int callers = 1;       ///< who wait for an answer; none if it is looked again only
+        QString before = {};   ///< the kind that ran when it was last looked at
+        bool wasTaken = false; ///< these pictures, when it was last told some
     };
 
     void ask(Request request);
     void start(Request request);
-    void answer(const QString& desktop, const QStringList& failures);
+    void answer(const Outcome& outcome);
     void carryOut(const Request& request);
 
     const Find m_find;
@@ -67,6 +80,7 @@ private:
     QThread m_thread;
     QObject m_worker; ///< lives in the thread
     std::vector<DesktopPicture> m_newest;
+    bool m_wasTaken = false; ///< what the desktop was last told
     std::optional<Request> m_running;
     std::optional<Request> m_waiting;
     QDBusServiceWatcher m_services;

@@ -231,4 +231,14 @@ QStringList RootPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
     return failures;
 }
 
+bool RootPictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    X11Connection connection;
+    if (!connection.isValid())
+        return true;
+    std::vector<DesktopPicture> others = pictures;
+    removeShown(others, RootBackground(connection).shown());
+    return others.empty();
+}
+
 } // namespace tessel

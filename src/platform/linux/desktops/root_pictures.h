@@ -13,6 +13,7 @@ class RootPictures final : public PictureBackend
 public:
     [[nodiscard]] QString desktop() const override { return QStringLiteral("X11"); }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 };
 
 } // namespace tessel

@@ -6,6 +6,7 @@
 #include <QDBusArgument>
 #include <QDBusVariant>
 
+#include <algorithm>
 #include <set>
 
 namespace tessel {
@@ -25,6 +26,11 @@ DesktopCalls::Method settingsMethod(const char* name)
 }
 
 const QString channel = QStringLiteral("xfce4-desktop");
+
+QString monitorFolder(const DesktopPicture& picture)
+{
+    return QStringLiteral("/backdrop/screen0/monitor%1/").arg(picture.screen.name);
+}
 
 /// The folders below a monitor's for all its workspaces: those there are now and those with settings of their
 /// own, which come back when workspaces are added.
@@ -56,9 +62,28 @@ QStringList XfcePictures::apply(const std::vector<DesktopPicture>& pictures, Whi
     return failures;
 }
 
+bool XfcePictures::shows(const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        return std::ranges::all_of(pictures,
+                                   [this](const DesktopPicture& picture) { return shows(picture); });
+    } catch (const DesktopError&) {
+        return true;
+    }
+}
+
+bool XfcePictures::shows(const DesktopPicture& picture)
+{
+    const QVariantMap now = settings(monitorFolder(picture));
+    const std::set<QString> folders = workspaceFolders(monitorFolder(picture), now, m_workspaces);
+    return std::ranges::all_of(folders, [&](const QString& folder) {
+        return now.value(folder + QStringLiteral("last-image")) == picture.file;
+    });
+}
+
 void XfcePictures::apply(const DesktopPicture& picture, Which which)
 {
-    const QString monitor = QStringLiteral("/backdrop/screen0/monitor%1/").arg(picture.screen.name);
+    const QString monitor = monitorFolder(picture);
     const QVariantMap before = settings(monitor);
     const std::set<QString> folders = workspaceFolders(monitor, before, m_workspaces);
     for (const QString& folder : folders) {
@@ -70,10 +95,8 @@ void XfcePictures::apply(const DesktopPicture& picture, Which which)
         if (before.value(style, zoomed) == none)
             change(style, zoomed);
     }
-    const QVariantMap after = settings(monitor);
-    for (const QString& folder : folders)
-        if (after.value(folder + QStringLiteral("last-image")) != picture.file)
-            throw DesktopError{QStringLiteral("its settings were changed at the same time, or are locked.")};
+    if (!shows(picture))
+        throw DesktopError{QStringLiteral("its settings were changed at the same time, or are locked.")};
 }
 
 QVariantMap XfcePictures::settings(const QString& folder)

@@ -17,9 +17,11 @@ public:
 
     [[nodiscard]] QString desktop() const override { return QStringLiteral("XFCE"); }
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override;
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
     void apply(const DesktopPicture& picture, Which which);
+    [[nodiscard]] bool shows(const DesktopPicture& picture);
     [[nodiscard]] QVariantMap settings(const QString& folder);
     void change(const QString& setting, const QVariant& value);
 

@@ -118,10 +118,13 @@ X11DesktopOwnerWatch::~X11DesktopOwnerWatch() = default;
 
 void X11DesktopOwnerWatch::handle(const xcb_generic_event_t& event)
 {
-    if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY || m_looking.isActive())
+    if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY)
         return;
     const xcb_atom_t property = reinterpret_cast<const xcb_property_notify_event_t&>(event).atom;
-    if (property == m_connection.atom("_NET_CLIENT_LIST") || property == m_connection.atom("_XROOTPMAP_ID"))
+    const bool isPicture = property == m_connection.atom("_XROOTPMAP_ID");
+    if (isPicture)
+        Q_EMIT pictureChanged();
+    if ((isPicture || property == m_connection.atom("_NET_CLIENT_LIST")) && !m_looking.isActive())
         m_looking.start();
 }
 

@@ -29,7 +29,7 @@ namespace tessel {
 /// The windows that the window manager knows, from the lowest to the uppermost.
 [[nodiscard]] std::vector<xcb_window_t> stackedWindows(X11Connection& connection);
 
-/// Tells when the program that draws the desktop is another one.
+/// Tells when the program that draws the desktop is another one, and when it may have another picture.
 class X11DesktopOwnerWatch : public QObject
 {
     Q_OBJECT
@@ -40,6 +40,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void pictureChanged();
 
 private:
     void handle(const xcb_generic_event_t& event);
