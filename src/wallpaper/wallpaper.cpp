@@ -59,6 +59,7 @@ Wallpaper::Wallpaper(const WallpaperEnvironment& environment)
     connect(&m_stills, &DesktopStills::found, this, &Wallpaper::stillFound);
     connect(&m_stills, &DesktopStills::missing, this, &Wallpaper::stillMissing);
     connect(&m_environment.pictures, &DesktopPictures::desktopChanged, this, &Wallpaper::desktopChanged);
+    connect(&m_environment.pictures, &DesktopPictures::replaced, this, &Wallpaper::pictureReplaced);
     connect(&m_environment.windows.screens(), &Screens::changed, this, &Wallpaper::screensChanged);
     const Session& session = m_environment.session;
     connect(&session, &Session::changed, this,
@@ -160,6 +161,18 @@ void Wallpaper::desktopChanged()
         m_live.hide();
     else if (m_environment.store.desktop() && m_environment.store.appliedMotion())
         showLook();
+}
+
+/// Somebody wants to see another picture than ours, and would not while ours plays in front of it.
+void Wallpaper::pictureReplaced()
+{
+    if (!m_live.arePlaying())
+        return;
+    m_stillDelay.stop();
+    m_stills.cancel();
+    keepPhase();
+    m_live.hide();
+    m_environment.store.leaveDesktop();
 }
 
 void Wallpaper::screensChanged()

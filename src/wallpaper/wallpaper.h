@@ -78,6 +78,7 @@ private:
     void showLook();
     void showLive();
     void desktopChanged();
+    void pictureReplaced();
     void screensChanged();
     void wake();
 

@@ -445,5 +445,22 @@ TEST_F(WallpaperTest, AnAnimationsPictureWaitsOnlyBehindOneOfOurs)
     EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2; })) << "a new screen shows nothing of ours";
 }
 
+TEST_F(WallpaperTest, APictureThatSomebodyElseSetsEndsOurs)
+{
+    wallpaper->start();
+    apply(1, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 1; }));
+    Q_EMIT pictures.replaced();
+    EXPECT_EQ(visibleWindows(), 0);
+    EXPECT_EQ(store->desktop(), std::nullopt) << "as the menu shows";
+    restart();
+    wallpaper->start();
+    settle(300ms);
+    EXPECT_EQ(visibleWindows(), 0);
+    EXPECT_EQ(pictures.sets + pictures.restores, 1) << "it is left alone";
+    store->previousWallpaper();
+    EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2; })) << "until ours is asked for";
+}
+
 } // namespace
 } // namespace tessel
