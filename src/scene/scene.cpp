@@ -3,6 +3,7 @@
 
 #include "scene/scene.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
@@ -39,8 +40,7 @@ void Scene::show(const std::vector<ViewSize>& views, LookChange change)
     try {
         m_isPreparing = !isPrepared(fade, views);
     } catch (const DrawingError& error) {
-        m_isPreparing = false;
-        Q_EMIT failed(QString::fromUtf8(error.what()));
+        fail(look, QString::fromUtf8(error.what()));
         return;
     }
     if (!m_isPreparing) {
@@ -68,9 +68,9 @@ void Scene::anticipate(const Look& look, const std::vector<ViewSize>& views)
 /// that has left in the driver's cache.
 void Scene::prepare(const CrossFade& fade, const std::vector<ViewSize>& views, std::function<void()> done)
 {
-    const auto buildHere = [this, fade, views,
+    const auto buildHere = [guard = QPointer<Scene>(this), this, fade, views,
                             done = std::move(done)](const std::vector<PreparedPhoto>& photos) {
-        if (!build({fade.current, fade.current}, views, photos))
+        if (!guard || !build({fade.current, fade.current}, views, photos))
             return;
         QTimer::singleShot(0, this, [this, fade, views, done] {
             if (build(fade, views))
@@ -103,10 +103,8 @@ bool Scene::build(const CrossFade& fade, const std::vector<ViewSize>& views,
             encoder.prepare(frameInside(fade, view));
         return true;
     } catch (const std::runtime_error& error) {
-        if (m_isPreparing && fade.current == wanted()) {
-            m_isPreparing = false;
-            Q_EMIT failed(QString::fromUtf8(error.what()));
-        }
+        if (m_isPreparing && fade.current == wanted())
+            fail(fade.current, QString::fromUtf8(error.what()));
         return false;
     }
 }
@@ -188,7 +186,15 @@ int Scene::framesPerSecond(int ceiling, double now) const
 void Scene::giveUp(const QString& problem)
 {
     if (!std::exchange(m_hasGivenUp, true))
-        Q_EMIT failed(problem);
+        fail(m_current, problem);
+}
+
+void Scene::fail(const Look& look, const QString& problem)
+{
+    m_isPreparing = false;
+    // What cannot be drawn cannot be faded from either.
+    m_isEmpty = m_isEmpty || look == m_current;
+    Q_EMIT failed(problem);
 }
 
 } // namespace tessel

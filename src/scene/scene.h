@@ -93,6 +93,7 @@ private:
     [[nodiscard]] bool build(const CrossFade& fade, const std::vector<ViewSize>& views,
                              const std::vector<PreparedPhoto>& photos = {});
     void take(const Look& look, LookChange change);
+    void fail(const Look& look, const QString& problem);
 
     const Source m_source;
     const SceneServices m_services;
