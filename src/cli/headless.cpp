@@ -4,9 +4,11 @@
 #include "cli/headless.h"
 
 #include "cli/options.h"
+#include "render/headless_context.h"
 
 #include <array>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -39,23 +41,25 @@ int& offscreenArguments()
 
 } // namespace
 
-Headless::Headless() : m_application(offscreenArguments(), arguments.data())
+Headless::Headless()
+    : m_application(offscreenArguments(), arguments.data())
+    , m_graphics([] { return std::make_unique<HeadlessContext>(); })
 {
     qInstallMessageHandler(handlerBefore);
 }
 
 Picture Headless::draw(const Frame& frame, StillTiming* timing)
 {
-    std::optional<Picture> picture = renderStill(m_encoder, frame, timing);
+    std::optional<Picture> picture = renderStill(encoder(), frame, timing);
     if (!picture)
         throw std::runtime_error("The " + sizeText({frame.width, frame.height}) +
                                  " image could not be rendered. Try a smaller size.");
     return std::move(*picture);
 }
 
-void Headless::warnOfPhoto(const Look& look) const
+void Headless::warnOfPhoto(const Look& look)
 {
-    const std::string problem = look.imagePath ? m_encoder.photos().problem(*look.imagePath) : std::string();
+    const std::string problem = look.imagePath ? encoder().photos().problem(*look.imagePath) : std::string();
     if (!problem.empty())
         std::cerr << "tessel: the photo " << *look.imagePath << " cannot be shown: " << problem << '\n';
 }

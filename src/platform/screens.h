@@ -8,9 +8,17 @@
 #include <QSize>
 #include <QString>
 
+#include <cstdint>
 #include <vector>
 
 namespace tessel {
+
+/// In what the places of monitors are measured.
+enum class Layout : std::uint8_t
+{
+    pixels, ///< they stand side by side by their own pixels, as on X11
+    points  ///< whatever each one's scale is, as on Wayland
+};
 
 /// One of the monitors.
 struct Screen
@@ -21,6 +29,7 @@ struct Screen
     QSize resolution = {};  ///< pixels; empty if they follow from the points
     QRect workArea = {};    ///< what panels leave of the frame
     bool isPrimary = false; ///< the one that the desktop's panels are on
+    Layout layout = Layout::pixels;
 
     /// Where it lies among the pixels of the whole desktop.
     [[nodiscard]] QRect pixels() const

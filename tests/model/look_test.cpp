@@ -10,27 +10,14 @@
 namespace tessel {
 namespace {
 
-TEST(LookEnumerations, RawValuesAndTitlesAreThoseOfTheFileFormat)
+TEST(LookEnumerations, FilesOfBeforeKeepTheirMeaning)
 {
-    const std::array<const char*, patternCount> patterns{
-        "Flow",  "Mesh",      "Plasma",   "Ripple", "Aurora", "Cells", "Topo",   "Image",   "Whorl",
-        "Sonar", "Mosh",      "Weave",    "Silk",   "Metal",  "Beams", "Halo",   "Ribbon",  "Curtain",
-        "Nova",  "Spotlight", "Exposure", "Planet", "Tiles",  "Orbit", "Dawn",   "Threads", "Fold",
-        "Swell", "Smoke",     "Blobs",    "Gem",    "Fluted", "Water", "Spiral", "Dots",    "Neuro"};
-    for (std::size_t raw = 0; raw < patterns.size(); ++raw) {
-        EXPECT_EQ(title(patternFromRaw(static_cast<std::int64_t>(raw)).value()), patterns.at(raw));
-        EXPECT_EQ(static_cast<std::size_t>(allPatterns().at(raw)), raw);
-    }
-    const std::array<const char*, ditherCount> dithers{"Smooth",   "Poster", "Bayer 4", "Bayer 8", "Noise",
-                                                       "Halftone", "Lines",  "Diamond", "ASCII",   "Benday"};
-    for (std::size_t raw = 0; raw < dithers.size(); ++raw) {
-        EXPECT_EQ(title(ditherFromRaw(static_cast<std::int64_t>(raw)).value()), dithers.at(raw));
-        EXPECT_EQ(static_cast<std::size_t>(allDithers().at(raw)), raw);
-    }
-    EXPECT_EQ(title(Pattern::curtain), "Curtain");
-    EXPECT_EQ(title(Pattern::dawn), "Dawn");
-    EXPECT_EQ(title(Edge::left), "Left");
-    EXPECT_EQ(title(Edge::right), "Right");
+    for (const auto& [raw, name] :
+         {std::pair{0, "Flow"}, {7, "Image"}, {11, "Weave"}, {12, "Silk"}, {35, "Neuro"}})
+        EXPECT_EQ(title(patternFromRaw(raw).value()), name);
+    for (const auto& [raw, name] :
+         {std::pair{0, "Smooth"}, {1, "Poster"}, {3, "Bayer 8"}, {8, "ASCII"}, {9, "Benday"}})
+        EXPECT_EQ(title(ditherFromRaw(raw).value()), name);
     EXPECT_EQ(static_cast<int>(Edge::right), 1);
 }
 

@@ -459,6 +459,17 @@ TEST_F(DesktopPicturesTest, SpansUnequalMonitorsWithAGap)
     EXPECT_EQ(QImage(spannedFile(moved)).size(), QSize(1020, 300));
 }
 
+TEST_F(DesktopPicturesTest, SpansMonitorsThatAreLaidOutByPoints)
+{
+    std::vector<DesktopPicture> pictures = two;
+    for (DesktopPicture& picture : pictures) {
+        picture.screen.layout = Layout::points;
+        picture.screen.scale = 2;
+    }
+    ASSERT_EQ(writeSpanned(pictures), QString());
+    EXPECT_EQ(QImage(spannedFile(pictures)).size(), QSize(1240, 680));
+}
+
 TEST_F(DesktopPicturesTest, KeepsTheNewestTwoSpannedPictures)
 {
     const QStringList ownFiles{QStringLiteral("wall-*"), QStringLiteral("spanner.png")};

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] Focus* focus() override { return nullptr; }
 
 private:
-    QtScreens m_screens;
+    QtScreens m_screens{Layout::points};
 };
 
 } // namespace tessel

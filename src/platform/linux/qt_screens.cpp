@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds longestPause{150};
 
 } // namespace
 
-QtScreens::QtScreens()
+QtScreens::QtScreens(Layout layout) : m_layout(layout)
 {
     m_burst.setSingleShot(true);
     m_burst.setInterval(longestPause);
@@ -43,7 +43,8 @@ std::vector<Screen> QtScreens::list() const
                                .frame = screen->geometry(),
                                .scale = screen->devicePixelRatio(),
                                .workArea = screen->availableGeometry(),
-                               .isPrimary = screen == QGuiApplication::primaryScreen()});
+                               .isPrimary = screen == QGuiApplication::primaryScreen(),
+                               .layout = m_layout});
     }
     return screens;
 }

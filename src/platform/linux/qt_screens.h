@@ -17,7 +17,7 @@ class QtScreens : public Screens
     Q_OBJECT
 
 public:
-    QtScreens();
+    explicit QtScreens(Layout layout);
     [[nodiscard]] std::vector<Screen> list() const override;
 
 protected:
@@ -29,6 +29,7 @@ protected:
 private:
     void watch(const QScreen* screen);
 
+    const Layout m_layout;
     QTimer m_burst; ///< runs through a burst of changes
 };
 

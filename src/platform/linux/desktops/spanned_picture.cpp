@@ -6,7 +6,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
@@ -22,17 +21,16 @@ namespace {
 /// Where the monitors lie in the spanned picture.
 std::vector<QRect> places(const std::vector<DesktopPicture>& pictures)
 {
-    // On Wayland monitors are laid out in points, whatever each one's scale is.
-    const bool byPoints = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
     double scale = 1;
     for (const DesktopPicture& picture : pictures)
         scale = std::max(scale, picture.screen.scale);
     std::vector<QRect> rectangles;
     for (const DesktopPicture& picture : pictures) {
         const QRect& frame = picture.screen.frame;
-        rectangles.push_back(byPoints ? QRect((QPointF(frame.topLeft()) * scale).toPoint(),
-                                              (QSizeF(frame.size()) * scale).toSize())
-                                      : picture.screen.pixels());
+        rectangles.push_back(
+            picture.screen.layout == Layout::points
+                ? QRect((QPointF(frame.topLeft()) * scale).toPoint(), (QSizeF(frame.size()) * scale).toSize())
+                : picture.screen.pixels());
     }
     return rectangles;
 }

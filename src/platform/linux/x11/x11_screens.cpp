@@ -33,7 +33,7 @@ bool isPlaceholder(const Screen& screen)
 
 } // namespace
 
-X11Screens::X11Screens(X11Connection& connection) : m_connection(connection)
+X11Screens::X11Screens(X11Connection& connection) : QtScreens(Layout::pixels), m_connection(connection)
 {
     xcb_connection_t* const server = connection.get();
     if (!hasExtension(server, xcb_randr_id))
