@@ -58,6 +58,7 @@ class ScreensTest(ApplicationTest):
 
     def test_monitor_comes_and_goes(self) -> None:
         self.application.play()
+        wait_until(self.application.pictures, "the first picture, which takes memory once")
         for count in range(50):
             self.desktop.split()
             # Slowly at first, then faster than anybody can follow.
