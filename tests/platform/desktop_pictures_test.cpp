@@ -32,6 +32,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 
 namespace tessel {
 namespace {
@@ -135,7 +136,9 @@ protected:
 
     Record record;
     QStringList answers;
+    std::atomic<int> looks = 0;
     QueuedPictures queue{record.desktop, [this]() -> std::unique_ptr<PictureBackend> {
+                             ++looks;
                              if (record.desktop.isEmpty())
                                  return nullptr;
                              return std::make_unique<RecordingBackend>(record);
@@ -149,12 +152,12 @@ TEST_F(QueuedPicturesTest, DoesTheFirstAndTheNewestAndAnswersAll)
     queue.set(third);
     queue.restore(third);
     queue.restore(newer);
-    settle(20ms);
+    runEvents(20ms);
     EXPECT_THAT(answers, IsEmpty());
     record.allowed.release(10);
     const QString last = newer[0].file + QLatin1Char('?');
     ASSERT_TRUE(waitUntil([this] { return answers.size() >= 4; }));
-    settle(20ms);
+    runEvents(20ms);
     EXPECT_THAT(record.files, ElementsAre(two[0].file, last));
     EXPECT_THAT(answers, ElementsAre(two[0].file, last, last, last));
 }
@@ -166,7 +169,7 @@ TEST_F(QueuedPicturesTest, TellsAnotherDesktopThatStartsLater)
     queue.set(two);
     ASSERT_TRUE(waitUntil([this] { return answers.size() == 1; }));
     queue.lookAgain();
-    settle(50ms);
+    runEvents(50ms);
     EXPECT_THAT(record.files, ElementsAre(two[0].file)) << "the same desktop keeps what its user chose";
     int changes = 0;
     QObject::connect(&queue, &DesktopPictures::desktopChanged, [&changes] { ++changes; });
@@ -179,7 +182,7 @@ TEST_F(QueuedPicturesTest, TellsAnotherDesktopThatStartsLater)
     ASSERT_TRUE(waitUntil([&changes] { return changes == 2; }));
     EXPECT_TRUE(queue.canSet());
     ASSERT_TRUE(waitUntil([this] { return record.files.size() == 2; }));
-    settle(20ms);
+    runEvents(20ms);
     EXPECT_EQ(record.files.last(), two[0].file + QLatin1Char('?'));
     EXPECT_THAT(answers, SizeIs(1)) << "nobody asked";
 }
@@ -189,14 +192,15 @@ TEST_F(QueuedPicturesTest, TellsOnceOfAPictureThatSomebodyElseHasSet)
     record.allowed.release(10);
     record.shows = false;
     int replacements = 0;
-    int looks = 0;
     QObject::connect(&queue, &DesktopPictures::replaced, [&replacements] { ++replacements; });
-    QObject::connect(&queue, &QueuedPictures::carriedOut, &queue, [&looks] { ++looks; });
     const auto look = [&] {
-        const int before = looks;
-        queue.lookAgain();
-        EXPECT_TRUE(waitUntil([&] { return looks > before; }));
-        settle(20ms);
+        // The second begins when the first is done with.
+        for (int i = 0; i < 2; ++i) {
+            const int before = looks;
+            queue.lookAgain();
+            EXPECT_TRUE(waitUntil([&] { return looks > before; }));
+        }
+        runEvents(20ms);
     };
     const auto set = [&](const std::vector<DesktopPicture>& pictures) {
         const auto before = answers.size();
@@ -274,7 +278,7 @@ TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
     auto queue = std::make_unique<QueuedPictures>(QString(),
                                                   [this] { return std::make_unique<PlasmaPictures>(ours); });
     queue->set(two);
-    settle(100ms);
+    runEvents(100ms);
     QElapsedTimer timer;
     timer.start();
     queue.reset();
@@ -836,7 +840,7 @@ TEST_F(DetectionTest, APictureThatTheUserChoosesInTheDesktopsSettingsIsNoticed)
     };
     const QString setting = settings.firstKey();
     tell(setting);
-    settle(2500ms);
+    runEvents(2500ms);
     EXPECT_EQ(replacements, 0) << "our own";
     settings[setting] = QStringLiteral("/chosen.png");
     tell(setting);
@@ -861,7 +865,7 @@ TEST_F(DetectionTest, ADesktopThatComesAfterUsGetsThePictures)
                              });
     ASSERT_TRUE(waitUntil([&script] { return !script.isEmpty(); }));
     EXPECT_THAT(script, Has("wall-00000000001000-1.png"));
-    settle(20ms);
+    runEvents(20ms);
     EXPECT_EQ(answers, 1);
 }
 

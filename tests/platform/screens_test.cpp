@@ -56,7 +56,7 @@ TEST_F(ScreensTest, FollowsAMonitorThatIsResizedUnpluggedAndPluggedInAgain)
     ASSERT_THAT(screens.list(), SizeIs(1));
     EXPECT_EQ(screens.list().front().pixels(), QRect(0, 0, 800, 600));
 
-    settle(400ms);
+    runEvents(400ms);
     EXPECT_EQ(changes, 3) << "one for each burst of changes";
 }
 

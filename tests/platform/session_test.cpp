@@ -108,14 +108,14 @@ TEST_F(SessionTest, HoldsUpSleepUntilItWasHeardOf)
     auto& session = makeSession();
     std::vector<std::string> heard;
     QObject::connect(&session, &Session::aboutToSleep, [&] {
-        settle(50ms);
+        runEvents(50ms);
         heard.emplace_back(login.isHeldUp() ? "about to sleep, held up" : "about to sleep, too late");
     });
     QObject::connect(&session, &Session::changed,
                      [&] { heard.emplace_back(session.state().asleep ? "asleep" : "not asleep"); });
     QObject::connect(&session, &Session::woke, [&] { heard.emplace_back("woke"); });
     ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
-    settle(50ms);
+    runEvents(50ms);
 
     login.prepareForSleep(true);
     EXPECT_TRUE(waitUntil([&] { return !login.isHeldUp(); }));
@@ -141,9 +141,9 @@ TEST_F(SessionTest, IsLockedWhileTheLockScreenOrAnySaverSaysSo)
         saver.signal(QStringLiteral("/"), savers, QStringLiteral("ActiveChanged"), {active});
     };
     setSaver(true);
-    settle(50ms);
+    runEvents(50ms);
     login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), false);
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_TRUE(m_session->state().locked) << "behind the screen saver";
     setSaver(false);
     expectBecomes(&SessionState::locked, false);
@@ -159,18 +159,18 @@ TEST_F(SessionTest, AnotherSessionsLockIsNotOurs)
     LoginManager login(m_bus.connect());
     makeSession();
     ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
-    settle(50ms);
+    runEvents(50ms);
     login.signal(QStringLiteral("/org/freedesktop/login1/session/_38"),
                  QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
                  {sessionInterface, QVariantMap{{QStringLiteral("LockedHint"), true}}, QStringList()});
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_FALSE(m_session->state().locked);
 }
 
 TEST_F(SessionTest, AServiceThatComesLateOrAgainIsPickedUp)
 {
     makeSession();
-    settle(50ms);
+    runEvents(50ms);
     const auto path = QStringLiteral("/org/freedesktop/UPower");
     const auto name = QStringLiteral("org.freedesktop.UPower");
     for (int round = 0; round < 2; ++round) {
@@ -202,7 +202,7 @@ TEST_F(SessionTest, MotionIsReducedByThePortalsSettings)
     change(gnomeInterface, QStringLiteral("enable-animations"), true);
     expectBecomes(&SessionState::reducedMotion, false);
     change(gnomeInterface, QStringLiteral("cursor-blink"), false);
-    settle(50ms);
+    runEvents(50ms);
     EXPECT_FALSE(m_session->state().reducedMotion);
     change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"), 1U);
     expectBecomes(&SessionState::reducedMotion, true);
@@ -248,7 +248,7 @@ TEST_F(SessionTest, StartsNothingByAsking)
     PrivateBus bus;
     qunsetenv("XDG_DATA_HOME");
     const LinuxSession session(bus.connect(), bus.connect());
-    settle(300ms);
+    runEvents(300ms);
     EXPECT_FALSE(QFile::exists(mark));
     // What would have started: the way to notice it works.
     bus.connect().send(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.UPower"),
@@ -261,7 +261,7 @@ TEST_F(SessionTest, WithoutAnyBusNothingIsSo)
 {
     const QDBusConnection nowhere(QStringLiteral("nowhere"));
     const LinuxSession session(nowhere, nowhere);
-    settle(50ms);
+    runEvents(50ms);
     EXPECT_EQ(session.state(), SessionState());
 }
 

@@ -46,7 +46,7 @@ protected:
     void expectStays(bool covered)
     {
         m_server.sync();
-        settle(250ms);
+        runEvents(250ms);
         EXPECT_EQ(isCovered(), covered);
     }
 
@@ -229,7 +229,7 @@ TEST(X11OcclusionWithoutServerTest, NothingIsCovered)
     X11Connection connection;
     X11Events events(connection);
     const X11Occlusion occlusion(connection, events);
-    settle(20ms);
+    runEvents(20ms);
     EXPECT_FALSE(occlusion.isCovered(monitor));
     qunsetenv("DISPLAY");
 }

@@ -49,7 +49,7 @@ TEST_F(X11PanelTest, FloatsAsPanelsDoAndTakesTheKeyboardOnDemand)
     const std::unique_ptr<PanelWindow> panel = m_system.makePanelWindow(m_window);
     panel->setFrame(QRect(10, 20, 100, 200));
     panel->show();
-    settle(50ms);
+    runEvents(50ms);
     EXPECT_EQ(m_window.geometry(), QRect(10, 20, 100, 200));
     EXPECT_THAT(property("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM),
                 Contains(m_server.atom("_NET_WM_WINDOW_TYPE_DOCK")));
@@ -68,7 +68,7 @@ TEST_F(X11PanelTest, ClicksGoThroughAllButTheInputRegion)
     panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
     panel->show();
     panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
-    settle(50ms);
+    runEvents(50ms);
     const auto id = static_cast<xcb_window_t>(m_window.winId());
     const auto reply = readReply(xcb_shape_get_rectangles_reply, m_server.get(),
                                  xcb_shape_get_rectangles(m_server.get(), id, XCB_SHAPE_SK_INPUT));
@@ -97,7 +97,7 @@ TEST_F(X11PanelTest, ThePointerIsHeardWhereverItIs)
     xdotool("click 2");
     ASSERT_TRUE(waitUntil([&] { return presses.size() == 2; }));
     EXPECT_EQ(presses.front(), QPoint(307, 205));
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_EQ(presses.size(), 2U) << "the middle one means nothing";
     EXPECT_EQ(releases.size(), 1U);
 }

@@ -198,7 +198,7 @@ TEST_F(X11WallpaperWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
 TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
 {
     m_window->show();
-    settle(100ms);
+    runEvents(100ms);
     countShowings();
     const xcb_window_t desktop = makeDesktop();
     stack({m_id, desktop});
@@ -206,11 +206,11 @@ TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
     EXPECT_THAT(belongsTo(), ElementsAre(desktop));
 
     stack({m_id, desktop});
-    settle(800ms);
+    runEvents(800ms);
     EXPECT_EQ(showings(), 1) << "a window manager that wants it so is not fought with";
 
     stack({desktop, m_id});
-    settle(500ms);
+    runEvents(500ms);
     EXPECT_EQ(showings(), 1);
     stack({m_id, desktop});
     EXPECT_TRUE(waitUntil([&] { return showings() == 2; }));
@@ -218,7 +218,7 @@ TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
     m_window->hide();
     stack({desktop});
     stack({m_id, desktop});
-    settle(800ms);
+    runEvents(800ms);
     EXPECT_EQ(showings(), 2) << "down is down";
 }
 
@@ -307,7 +307,7 @@ TEST_F(X11WallpaperWindowTest, LeavesTheIconsOfTheDesktopFree)
     ASSERT_TRUE(waitUntil([&] { return holes() == withRims(moved); }));
 
     showIcons(other, moved);
-    settle(600ms);
+    runEvents(600ms);
     EXPECT_EQ(holes(), withRims(moved)) << "a picture that is not ours";
     m_system.leaveIconsFree({{screen, folder.filePath(QStringLiteral("b.png"))}});
     showIcons(other, icons);
@@ -329,7 +329,7 @@ TEST_F(X11WallpaperWindowTest, AsksForFramesAsLongAsItIsSeen)
     int frames = 0;
     QObject::connect(m_window.get(), &WallpaperWindow::frameDue, [&frames] { ++frames; });
     m_window->setFrameRate(20);
-    settle(200ms);
+    runEvents(200ms);
     EXPECT_EQ(frames, 0) << "it is not shown";
     m_window->show();
     EXPECT_TRUE(waitUntil([&] { return frames > 3; }));
@@ -337,7 +337,7 @@ TEST_F(X11WallpaperWindowTest, AsksForFramesAsLongAsItIsSeen)
     const xcb_window_t cover = makeCover();
     // The last frames may be on their way while it is noticed.
     ASSERT_TRUE(waitUntil([&, seen = -1]() mutable {
-        settle(200ms);
+        runEvents(200ms);
         return std::exchange(seen, frames) == frames;
     }));
     xcb_destroy_window(m_server.get(), cover);
@@ -348,7 +348,7 @@ TEST_F(X11WallpaperWindowTest, AsksForFramesAsLongAsItIsSeen)
 
     m_window->setFrameRate(0);
     const int last = frames;
-    settle(200ms);
+    runEvents(200ms);
     EXPECT_EQ(frames, last);
 }
 
@@ -413,7 +413,7 @@ TEST_F(FullServerTest, TheProgramGoesOnWithoutWindows)
     EXPECT_EQ(system.makeWallpaperWindow(screen, Rasterizer::software), nullptr);
     EXPECT_EQ(system.makePointerFeed(), nullptr);
     EXPECT_THAT(system.screens().list(), testing::SizeIs(1)) << "pictures can still be made for it";
-    settle(100ms);
+    runEvents(100ms);
 }
 
 } // namespace

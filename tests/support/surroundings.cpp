@@ -73,7 +73,7 @@ void xrandr(const char* arguments)
     ASSERT_EQ(process.exitCode(), 0);
 }
 
-void settle(std::chrono::milliseconds duration)
+void runEvents(std::chrono::milliseconds duration)
 {
     const auto start = std::chrono::steady_clock::now();
     while (std::chrono::steady_clock::now() - start < duration) {

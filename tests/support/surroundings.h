@@ -103,6 +103,6 @@ bool waitUntil(Condition condition)
 }
 
 /// Handles events for a while, to see that nothing happens.
-void settle(std::chrono::milliseconds duration);
+void runEvents(std::chrono::milliseconds duration);
 
 } // namespace tessel

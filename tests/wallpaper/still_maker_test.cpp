@@ -63,16 +63,16 @@ TEST_F(StillMakerTest, TellsOnlyOfTheLatestRequest)
     for (int seed = 0; seed < 5; ++seed) {
         look.seed = static_cast<float>(seed);
         maker.request({look}, screens);
-        settle(std::chrono::milliseconds(seed));
+        runEvents(std::chrono::milliseconds(seed));
     }
     ASSERT_TRUE(waitUntil([&] { return !written.empty(); }));
-    settle(200ms);
+    runEvents(200ms);
     ASSERT_EQ(written.size(), 1U);
     EXPECT_EQ(readLookText(written[0][0].file.toStdString()), encodeLook(look));
 
     maker.request({look}, screens);
     maker.cancel();
-    settle(200ms);
+    runEvents(200ms);
     EXPECT_EQ(written.size(), 1U);
 }
 
@@ -82,7 +82,7 @@ TEST_F(StillMakerTest, AFolderThatCannotBeWrittenIsNamed)
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     maker.request({}, screens);
     ASSERT_TRUE(waitUntil([&] { return !failures.empty(); }));
-    settle(100ms);
+    runEvents(100ms);
     ASSERT_EQ(failures.size(), 1U) << "once for all screens";
     EXPECT_THAT(failures[0].toStdString(), HasSubstr("Wallpapers/wall-"));
     EXPECT_TRUE(written.empty());

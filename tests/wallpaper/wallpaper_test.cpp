@@ -80,7 +80,7 @@ protected:
     int framesIn(std::chrono::milliseconds duration)
     {
         const int before = windows.back()->frames;
-        settle(duration);
+        runEvents(duration);
         return windows.back()->frames - before;
     }
 
@@ -101,7 +101,7 @@ protected:
 TEST_F(WallpaperTest, ANewStartTouchesNothing)
 {
     wallpaper->start();
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_TRUE(windows.empty());
     EXPECT_EQ(pictures.sets + pictures.restores, 0);
     EXPECT_FALSE(QDir(home.filePath(QStringLiteral("Wallpapers"))).exists());
@@ -126,7 +126,7 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(2));
     EXPECT_EQ(system.picturesBehind.at(0).file, pictures.shown[0].file) << "for the icons in front";
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_EQ(visibleWindows(), 1);
     EXPECT_GT(framesIn(500ms), 4);
     store->applyToDesktop(*store->desktop(), RecordHistory::no, false, ContinueFromEditor::no);
@@ -145,7 +145,7 @@ TEST_F(WallpaperTest, AHandleOnTheOtherSideLeavesThePictureAlone)
     const QImage before = windows.back()->image;
     store->setEdge(Edge::right);
     Q_EMIT session.woke(); // draws it once more
-    settle(300ms);
+    runEvents(300ms);
     EXPECT_EQ(windows.back()->image, before);
     EXPECT_EQ(pictures.sets, 1);
     store->applyToDesktop(lookWithSeed(4), RecordHistory::yes, false, ContinueFromEditor::no);
@@ -159,10 +159,10 @@ TEST_F(WallpaperTest, ABurstOfLooksMakesOneStillOfTheLast)
     wallpaper->start();
     for (int seed = 0; seed < 10; ++seed) {
         apply(seed, false);
-        settle(30ms);
+        runEvents(30ms);
     }
     ASSERT_TRUE(waitUntil([&] { return pictures.sets > 0 && visibleWindows() == 0; }));
-    settle(300ms);
+    runEvents(300ms);
     EXPECT_EQ(pictures.sets, 1);
     EXPECT_THAT(shownSeeds(), ElementsAre(9));
     EXPECT_EQ(QDir(home.filePath(QStringLiteral("Wallpapers"))).entryList(QDir::Files).size(), 1);
@@ -187,7 +187,7 @@ TEST_F(WallpaperTest, FollowsTheScreens)
     screens.set({});
     EXPECT_EQ(visibleWindows(), 0);
     apply(4, true);
-    settle(600ms);
+    runEvents(600ms);
     EXPECT_EQ(pictures.sets, 2) << "nothing to show it on";
     screens.set(one);
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3 && visibleWindows() == 1; }));
@@ -219,7 +219,7 @@ TEST_F(WallpaperTest, OnlyTheNewestPictureTakesTheWindowsDown)
             QMetaObject::invokeMethod(&pictures, answer, Qt::QueuedConnection);
     };
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2; }));
-    settle(100ms);
+    runEvents(100ms);
     EXPECT_EQ(visibleWindows(), 1);
     answer();
     EXPECT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
@@ -317,7 +317,7 @@ TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)
     restart();
     wallpaper->start();
     ASSERT_TRUE(waitUntil([&] { return pictures.restores == 1; }));
-    settle(300ms);
+    runEvents(300ms);
     EXPECT_EQ(pictures.shown[0].file, file);
     EXPECT_EQ(pictures.sets, 1);
     EXPECT_EQ(visibleWindows(), 0);
@@ -368,7 +368,7 @@ TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
     store->applyToDesktop(lookWithSeed(1), RecordHistory::yes, true, ContinueFromEditor::yes);
     EXPECT_NEAR(clocks.phase(Source::desktop), 123.5, 0.2);
     ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1; }));
-    settle(300ms);
+    runEvents(300ms);
     wallpaper->stop();
     EXPECT_EQ(visibleWindows(), 0);
     const double phase = clocks.phase(Source::desktop);
@@ -376,7 +376,7 @@ TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
     restart();
     wallpaper->start();
     EXPECT_NEAR(clocks.phase(Source::desktop), phase, 0.2);
-    settle(50ms);
+    runEvents(50ms);
     apply(2, true);
     EXPECT_GE(clocks.phase(Source::desktop), phase) << "restored once only";
 }
@@ -412,7 +412,7 @@ TEST_F(WallpaperTest, ALookThatTheDriverRefusesLeavesTheLastOne)
         failures.clear();
         store->applyToDesktop(refused, RecordHistory::yes, motion, ContinueFromEditor::no);
         ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
-        settle(300ms);
+        runEvents(300ms);
         EXPECT_EQ(failures.size(), 1) << "told once";
         EXPECT_TRUE(failures[0].contains(QStringLiteral("Halo")));
         EXPECT_FALSE(failures[0].contains(QStringLiteral("smaller size")));
@@ -439,7 +439,7 @@ TEST_F(WallpaperTest, AnAnimationsPictureWaitsOnlyBehindOneOfOurs)
     Screen smaller = one[0];
     smaller.frame = QRect(0, 0, 160, 90);
     screens.set({smaller});
-    settle(500ms);
+    runEvents(500ms);
     EXPECT_EQ(pictures.sets, 1);
     screens.set({smaller, {.name = QStringLiteral("TWO"), .frame = right}});
     EXPECT_TRUE(waitUntil([&] { return pictures.sets == 2; })) << "a new screen shows nothing of ours";
@@ -455,7 +455,7 @@ TEST_F(WallpaperTest, APictureThatSomebodyElseSetsEndsOurs)
     EXPECT_EQ(store->desktop(), std::nullopt) << "as the menu shows";
     restart();
     wallpaper->start();
-    settle(300ms);
+    runEvents(300ms);
     EXPECT_EQ(visibleWindows(), 0);
     EXPECT_EQ(pictures.sets + pictures.restores, 1) << "it is left alone";
     store->previousWallpaper();

@@ -38,7 +38,8 @@ public:
 /// Says that a monitor keeps what it shows, and why.
 [[nodiscard]] inline QString refusal(const DesktopPicture& picture, const QString& reason)
 {
-    return QStringLiteral("The desktop did not take the picture for %1: %2").arg(picture.screen.name, reason);
+    return DesktopPictures::tr("The desktop did not take the picture for %1: %2")
+        .arg(picture.screen.name, reason);
 }
 
 /// The same of all monitors.

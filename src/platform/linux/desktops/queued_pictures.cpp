@@ -20,7 +20,7 @@ QStringList removeMissing(std::vector<DesktopPicture>& pictures)
     std::erase_if(pictures, [&failures](const DesktopPicture& picture) {
         if (QFileInfo(picture.file).isFile())
             return false;
-        failures << QStringLiteral("There is no picture for %1: the file %2 is gone.")
+        failures << QueuedPictures::tr("There is no picture for %1: the file %2 is gone.")
                         .arg(picture.screen.name, picture.file);
         return true;
     });
@@ -37,16 +37,6 @@ QueuedPictures::QueuedPictures(QString desktop, Find find)
     m_drawing.setInterval(std::chrono::seconds(2));
     connect(&m_drawing, &QTimer::timeout, this, &QueuedPictures::lookAgain);
     connect(&m_services, &QDBusServiceWatcher::serviceOwnerChanged, &m_drawing, qOverload<>(&QTimer::start));
-    connect(this, &QueuedPictures::started, &m_worker, [this] { carryOut(*m_running); });
-    connect(this, &QueuedPictures::carriedOut, this, &QueuedPictures::answer, Qt::QueuedConnection);
-    m_worker.moveToThread(&m_thread);
-    m_thread.start();
-}
-
-QueuedPictures::~QueuedPictures()
-{
-    m_thread.quit();
-    m_thread.wait();
 }
 
 void QueuedPictures::set(const std::vector<DesktopPicture>& pictures)
@@ -113,18 +103,22 @@ void QueuedPictures::start(Request request)
 {
     request.before = m_desktop;
     request.wasTaken = m_wasTaken;
-    m_running = std::move(request);
-    Q_EMIT started();
+    m_running = request;
+    m_worker.run([this, request] { return carryOut(request); },
+                 [this, request](const Outcome<Answer>& outcome) {
+                     answer(outcome.value.value_or(
+                         Answer{m_desktop, refusals(request.pictures, outcome.failure + QLatin1Char('.'))}));
+                 });
 }
 
-void QueuedPictures::answer(const Outcome& outcome)
+void QueuedPictures::answer(const Answer& answer)
 {
-    const bool isOther = std::exchange(m_desktop, outcome.desktop) != outcome.desktop;
+    const bool isOther = std::exchange(m_desktop, answer.desktop) != answer.desktop;
     const int callers = std::exchange(m_running, std::nullopt)->callers;
-    if (outcome.wasTold || isOther)
-        m_wasTaken = outcome.wasTold && outcome.failures.isEmpty();
+    if (answer.wasTold || isOther)
+        m_wasTaken = answer.wasTold && answer.failures.isEmpty();
     // A newer request goes before what somebody else wants.
-    const bool isReplaced = outcome.isReplaced && !m_waiting;
+    const bool isReplaced = answer.isReplaced && !m_waiting;
     if (isReplaced)
         m_newest.clear();
     if (m_waiting)
@@ -132,30 +126,30 @@ void QueuedPictures::answer(const Outcome& outcome)
     if (isOther)
         Q_EMIT desktopChanged();
     for (int i = 0; i < callers; ++i)
-        Q_EMIT finished(outcome.failures);
+        Q_EMIT finished(answer.failures);
     if (isReplaced)
         Q_EMIT replaced();
 }
 
-void QueuedPictures::carryOut(const Request& request)
+/// For the thread.
+QueuedPictures::Answer QueuedPictures::carryOut(const Request& request) const
 {
     const std::unique_ptr<PictureBackend> backend = m_find();
-    Outcome outcome;
-    outcome.desktop = backend == nullptr ? QString() : backend->desktop();
+    Answer answer;
+    answer.desktop = backend == nullptr ? QString() : backend->desktop();
     std::vector<DesktopPicture> pictures = request.pictures;
-    if (request.callers == 0 && (request.before == outcome.desktop || pictures.empty())) {
-        outcome.isReplaced =
+    if (request.callers == 0 && (request.before == answer.desktop || pictures.empty())) {
+        answer.isReplaced =
             request.wasTaken && backend != nullptr && !pictures.empty() && !backend->shows(pictures);
-        return Q_EMIT carriedOut(outcome);
+        return answer;
     }
-    outcome.failures = removeMissing(pictures);
+    answer.failures = removeMissing(pictures);
     if (backend == nullptr)
-        outcome.failures +=
-            refusals(pictures, QStringLiteral("it is of a kind that has no way to set pictures."));
+        answer.failures += refusals(pictures, tr("it is of a kind that has no way to set pictures."));
     else if (!pictures.empty())
-        outcome.failures += backend->apply(pictures, request.which);
-    outcome.wasTold = backend != nullptr;
-    Q_EMIT carriedOut(outcome);
+        answer.failures += backend->apply(pictures, request.which);
+    answer.wasTold = backend != nullptr;
+    return answer;
 }
 
 } // namespace tessel

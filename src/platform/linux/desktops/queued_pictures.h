@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "base/worker.h"
 #include "platform/linux/desktops/picture_backend.h"
 #include "platform/linux/x11/x11_desktop_owner.h"
 
 #include <QDBusServiceWatcher>
-#include <QThread>
 #include <QTimer>
 
 #include <functional>
@@ -23,7 +23,7 @@ class QueuedPictures final : public DesktopPictures
 
 public:
     /// How a request ended.
-    struct Outcome
+    struct Answer
     {
         QString desktop; ///< the kind that runs
         QStringList failures;
@@ -36,8 +36,6 @@ public:
 
     /// \param desktop the kind of desktop that runs as this is made; empty for an unknown one
     QueuedPictures(QString desktop, Find find);
-    /// Drops what is not done yet, without a signal.
-    ~QueuedPictures() override;
 
     void set(const std::vector<DesktopPicture>& pictures) override;
     void restore(const std::vector<DesktopPicture>& pictures) override;
@@ -49,12 +47,6 @@ public:
 
     /// Calls lookAgain() some time after a desktop has come or gone, or its settings have changed.
     void watch(const QDBusConnection& bus, const QStringList& services);
-
-Q_SIGNALS:
-    /// To the thread: there is a running request, which stays as it is until it is done.
-    void started();
-    /// By the thread: it is done.
-    void carriedOut(const tessel::QueuedPictures::Outcome& outcome);
 
 private Q_SLOTS:
     void settingsChanged();
@@ -72,13 +64,11 @@ private:
 
     void ask(Request request);
     void start(Request request);
-    void answer(const Outcome& outcome);
-    void carryOut(const Request& request);
+    void answer(const Answer& answer);
+    [[nodiscard]] Answer carryOut(const Request& request) const;
 
     const Find m_find;
     QString m_desktop; ///< the kind that ran when it was last looked at
-    QThread m_thread;
-    QObject m_worker; ///< lives in the thread
     std::vector<DesktopPicture> m_newest;
     bool m_wasTaken = false; ///< what the desktop was last told
     std::optional<Request> m_running;
@@ -86,6 +76,7 @@ private:
     QDBusServiceWatcher m_services;
     std::unique_ptr<X11DesktopOwnerWatch> m_owner;
     QTimer m_drawing; ///< runs while a new desktop draws for the first time
+    Worker m_worker{QStringLiteral("desktop")};
 };
 
 } // namespace tessel
