@@ -50,8 +50,13 @@ void Graphics::begin()
 
 void Graphics::makeCurrent()
 {
-    if (m_context->makeCurrent())
-        return;
+    if (!m_context->makeCurrent())
+        renew();
+    m_encoder->photos().setLongestScreen(m_longestScreen);
+}
+
+void Graphics::renew()
+{
     // The new one is current while the old one's objects are released: there it has none of these names, and
     // to release what does not exist is allowed.
     const std::unique_ptr<GlContext> lost = std::exchange(m_context, m_makeContext());
@@ -60,13 +65,6 @@ void Graphics::makeCurrent()
     m_encoder.reset();
     Q_EMIT renewed();
     begin();
-}
-
-void Graphics::setLongestScreen(int pixels)
-{
-    m_longestScreen = pixels;
-    makeCurrent();
-    m_encoder->photos().setLongestScreen(pixels);
 }
 
 std::optional<Picture> Graphics::draw(const Frame& frame)

@@ -40,8 +40,9 @@ public:
     [[nodiscard]] FrameEncoder& encoder() { return *m_encoder; }
     [[nodiscard]] Rasterizer rasterizer() const { return m_rasterizer; }
 
-    /// The longest side of any screen in pixels, by which photos are read; 0 where there is none.
-    void setLongestScreen(int pixels);
+    /// The longest side of any screen in pixels, by which photos are read from the next makeCurrent() on; 0
+    /// where there is none.
+    void setLongestScreen(int pixels) { m_longestScreen = pixels; }
 
     /// One frame as a picture; none if its size is not positive or more than can be drawn at once.
     /// \throws ContextError, and what FrameEncoder::encode() throws
@@ -54,6 +55,7 @@ Q_SIGNALS:
 
 private:
     void begin();
+    void renew();
 
     const MakeContext m_makeContext;
     std::unique_ptr<GlContext> m_context;

@@ -38,8 +38,9 @@ void Scene::show(const std::vector<ViewSize>& views, LookChange change)
     const Look look = wanted();
     const CrossFade fade{m_isEmpty ? look : m_current, look};
     try {
+        m_services.graphics.makeCurrent();
         m_isPreparing = !isPrepared(fade, views);
-    } catch (const DrawingError& error) {
+    } catch (const std::runtime_error& error) {
         fail(look, QString::fromUtf8(error.what()));
         return;
     }

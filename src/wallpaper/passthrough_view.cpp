@@ -5,7 +5,7 @@
 
 #include "render/stopwatch.h"
 
-#include <stdexcept>
+#include <exception>
 
 namespace tessel {
 
@@ -58,7 +58,7 @@ void PassthroughView::draw()
     try {
         std::visit([this](auto* canvas) { drawOn(*canvas); }, m_window->canvas());
         updateRate();
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         m_scene.giveUp(QString::fromUtf8(error.what()));
         m_window->setFrameRate(0);
     }

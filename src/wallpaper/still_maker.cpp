@@ -12,7 +12,7 @@
 #include <QDir>
 
 #include <algorithm>
-#include <stdexcept>
+#include <exception>
 
 namespace tessel {
 
@@ -164,7 +164,7 @@ void StillMaker::advance()
         if (!m_drawings.front()->isDrawn)
             return;
         outcome.value = m_drawings.front()->slices->take();
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         outcome.failure = QString::fromUtf8(error.what());
     }
     const std::unique_ptr<Drawing> finished = std::move(m_drawings.front());

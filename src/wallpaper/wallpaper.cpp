@@ -108,7 +108,8 @@ void Wallpaper::stop()
 void Wallpaper::savePng(const Look& look, QSize size, const QString& file,
                         std::function<void(std::optional<QString> failure)> done)
 {
-    m_stills.savePng(recipe(look), size, file, std::move(done));
+    m_stills.savePng({look, m_environment.clocks.phase(Source::desktop), m_environment.store.edge()}, size,
+                     file, std::move(done));
 }
 
 /// Once: later the clock itself knows better.
@@ -123,6 +124,7 @@ void Wallpaper::keepPhase()
     m_environment.store.setDesktopPhase(m_environment.clocks.phase(Source::desktop));
 }
 
+/// Of what the screens show.
 StillRecipe Wallpaper::recipe(const Look& look) const
 {
     return {look, m_environment.clocks.phase(Source::desktop), m_scene.edge()};

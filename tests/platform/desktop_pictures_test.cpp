@@ -255,19 +255,15 @@ TEST_F(OnBusTest, AHungDesktopIsWaitedForOnce)
     const DesktopCalls::Method method{QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
                                       QStringLiteral("org.kde.PlasmaShell"),
                                       QStringLiteral("evaluateScript")};
-    QElapsedTimer timer;
-    timer.start();
     EXPECT_THROW(calls.call(method, {}), DesktopError);
-    EXPECT_GE(timer.elapsed(), 150);
-    timer.restart();
+    EXPECT_EQ(service.unanswered(), 1);
     EXPECT_THROW(calls.call(method, {}), DesktopError);
     EXPECT_THROW(calls.run(QStringLiteral("true"), {}), DesktopError);
-    EXPECT_LT(timer.elapsed(), 100);
+    EXPECT_EQ(service.unanswered(), 1) << "it is not asked again";
 
     DesktopCalls programs(ours, 200ms);
     EXPECT_EQ(programs.run(QStringLiteral("echo"), {QStringLiteral("yes")}), QStringLiteral("yes"));
     EXPECT_THROW(programs.run(QStringLiteral("sleep"), {QStringLiteral("60")}), DesktopError);
-    EXPECT_LT(timer.elapsed(), 5000);
 }
 
 TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
@@ -282,7 +278,7 @@ TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
     QElapsedTimer timer;
     timer.start();
     queue.reset();
-    EXPECT_LT(timer.elapsed(), 1000);
+    EXPECT_LT(timer.elapsed(), 4000) << "it would be waited for for 5 s";
 }
 
 class XfceTest : public OnBusTest

@@ -79,14 +79,14 @@ TEST_F(GraphicsTest, PhotosFollowTheLargestScreen)
     QImage large(3000, 100, QImage::Format_Grayscale8);
     large.fill(128);
     const Look look = photoLook(large);
-    m_ours.setLongestScreen(1000);
-    m_ours.makeCurrent();
-    const auto widthOf = [&] { return m_ours.encoder().photos().find(look.imagePath)->size.width; };
-    EXPECT_EQ(widthOf(), 2048);
-    m_ours.setLongestScreen(2800);
-    EXPECT_EQ(widthOf(), 2800);
-    m_ours.setLongestScreen(3840);
-    EXPECT_EQ(widthOf(), 3000);
+    const auto widthWith = [&](int longestScreen) {
+        m_ours.setLongestScreen(longestScreen);
+        m_ours.makeCurrent();
+        return m_ours.encoder().photos().find(look.imagePath)->size.width;
+    };
+    EXPECT_EQ(widthWith(1000), 2048);
+    EXPECT_EQ(widthWith(2800), 2800);
+    EXPECT_EQ(widthWith(3840), 3000);
 }
 
 } // namespace

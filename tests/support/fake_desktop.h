@@ -37,6 +37,7 @@ struct WindowRecord
     Screen screen;
     QImage image; ///< what is on it
     int frames = 0;
+    int rate = 0; ///< of frames, that it is to ask for
     long paintedPixels = 0;
     bool hasPixels = false; ///< memory for all of them
     bool visible = false;
@@ -69,9 +70,11 @@ public:
     void hide() override { m_record->visible = false; }
     void setFrameRate(int framesPerSecond) override
     {
+        if (std::exchange(m_record->rate, framesPerSecond) == framesPerSecond)
+            return;
         if (framesPerSecond == 0)
             m_frames.stop();
-        else if (!m_frames.isActive() || m_frames.interval() != 1000 / framesPerSecond)
+        else
             m_frames.start(1000 / framesPerSecond);
     }
 

@@ -56,8 +56,10 @@ void FakeService::signal(const QString& path, const QString& interface, const QS
 bool FakeService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QVariantList arguments = message.arguments();
-    if (m_hangs)
+    if (m_hangs) {
+        ++m_unanswered;
         return true;
+    }
     if (m_answer) {
         const auto values = m_answer(message.member(), arguments);
         return connection.send(

@@ -33,6 +33,8 @@ public:
     void answer(const QString& member, Method method) { m_methods[member] = std::move(method); }
     /// From now on it answers nothing.
     void hang() { m_hangs = true; }
+    /// How many calls it has not answered since.
+    [[nodiscard]] int unanswered() const { return m_unanswered; }
     /// What the properties interface answers for a property's name.
     void setProperty(const QString& name, const QVariant& value) { m_properties[name] = value; }
     /// The same, and tells of it.
@@ -50,6 +52,7 @@ private:
     const QString m_path;
     Answer m_answer;
     bool m_hangs = false;
+    int m_unanswered = 0;
     std::map<QString, Method> m_methods;
     std::map<QString, QVariant> m_properties;
 };

@@ -8,7 +8,6 @@
 #include "wallpaper/wallpaper.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <gmock/gmock.h>
 
@@ -76,12 +75,14 @@ protected:
             std::ranges::count_if(windows, [](const auto& window) { return window->visible; }));
     }
 
-    /// How many frames the last window draws in a while.
-    int framesIn(std::chrono::milliseconds duration)
+    /// How many frames a second the last window is to ask for.
+    int rate() const { return windows.back()->rate; }
+
+    /// Whether that window draws on.
+    bool isMoving()
     {
         const int before = windows.back()->frames;
-        runEvents(duration);
-        return windows.back()->frames - before;
+        return waitUntil([&] { return windows.back()->frames > before + 1; });
     }
 
     QTemporaryDir home;
@@ -116,7 +117,7 @@ TEST_F(WallpaperTest, AStillIsShownLiveAndThenBecomesThePicture)
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; }));
     EXPECT_THAT(shownSeeds(), ElementsAre(1));
     EXPECT_EQ(store->latestPictures(), QStringList{pictures.shown[0].file});
-    EXPECT_EQ(framesIn(300ms), 0);
+    EXPECT_EQ(rate(), 0);
 }
 
 TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
@@ -128,7 +129,7 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
     EXPECT_EQ(system.picturesBehind.at(0).file, pictures.shown[0].file) << "for the icons in front";
     runEvents(100ms);
     EXPECT_EQ(visibleWindows(), 1);
-    EXPECT_GT(framesIn(500ms), 4);
+    EXPECT_TRUE(isMoving());
     store->applyToDesktop(*store->desktop(), RecordHistory::no, false, ContinueFromEditor::no);
     ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 0; }));
     EXPECT_EQ(pictures.sets, 2);
@@ -141,7 +142,7 @@ TEST_F(WallpaperTest, AHandleOnTheOtherSideLeavesThePictureAlone)
     mirrored.pattern = Pattern::beams;
     mirrored.speed = 0;
     store->applyToDesktop(mirrored, RecordHistory::yes, true, ContinueFromEditor::no);
-    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && framesIn(100ms) == 0; }));
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1 && rate() == 0; }));
     const QImage before = windows.back()->image;
     store->setEdge(Edge::right);
     Q_EMIT session.woke(); // draws it once more
@@ -232,15 +233,14 @@ TEST_F(WallpaperTest, DoesNothingThatNobodySees)
     ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
     for (const SessionState& unseen : {SessionState{.asleep = true}, SessionState{.locked = true}}) {
         session.become(unseen);
-        EXPECT_EQ(framesIn(200ms), 0);
+        EXPECT_EQ(rate(), 0);
         session.become({});
-        EXPECT_GT(framesIn(200ms), 1);
+        EXPECT_GT(rate(), 0);
     }
     Look resting = lookWithSeed(5);
     resting.speed = 0;
     store->applyToDesktop(resting, RecordHistory::no, true, ContinueFromEditor::no);
-    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1 && framesIn(200ms) == 0; }))
-        << "nothing can move";
+    ASSERT_TRUE(waitUntil([&] { return visibleWindows() == 1 && rate() == 0; })) << "nothing can move";
 }
 
 TEST_F(WallpaperTest, ADesktopThatTakesNoPicturesKeepsItsIcons)
@@ -352,13 +352,10 @@ TEST_F(WallpaperTest, LeavesThePictureOfWhatWasShown)
     wallpaper->stop();
     EXPECT_EQ(pictures.sets, 1) << "nothing was to be made";
 
-    QElapsedTimer time;
-    time.start();
     pictures.answers = false;
     apply(12, true);
     wallpaper->stop();
-    EXPECT_EQ(pictures.sets, 2);
-    EXPECT_LT(time.elapsed(), 5000) << "a desktop that hangs is not waited for";
+    EXPECT_EQ(pictures.sets, 2) << "and a desktop that hangs holds nobody up for good";
 }
 
 TEST_F(WallpaperTest, TheAnimationGoesOnWhereItWas)
