@@ -9,9 +9,9 @@
 
 namespace tessel {
 
-PassthroughView::PassthroughView(const Screen& screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
+PassthroughView::PassthroughView(Screen screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
                                  Graphics& graphics)
-    : m_screen(screen)
+    : m_screen(std::move(screen))
     , m_window(std::move(window))
     , m_scene(scene)
     , m_graphics(graphics)

@@ -25,8 +25,7 @@ class PassthroughView : public QObject
 
 public:
     /// Starts paused and hidden. The scene and graphics must outlive it.
-    PassthroughView(const Screen& screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
-                    Graphics& graphics);
+    PassthroughView(Screen screen, std::unique_ptr<WallpaperWindow> window, Scene& scene, Graphics& graphics);
     ~PassthroughView() override;
 
     [[nodiscard]] const Screen& screen() const { return m_screen; }

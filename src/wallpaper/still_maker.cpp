@@ -147,7 +147,7 @@ void StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file
 void StillMaker::draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
                       std::function<void(Outcome<Picture>)> done)
 {
-    m_drawings.push_back(std::unique_ptr<Drawing>(new Drawing{recipe, size, request, std::move(done)}));
+    m_drawings.push_back(std::make_unique<Drawing>(recipe, size, request, std::move(done)));
     m_slices.start(0);
 }
 

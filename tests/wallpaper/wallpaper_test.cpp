@@ -31,8 +31,8 @@ protected:
         if (store)
             store->saveNow();
         store.reset();
-        store = std::make_unique<Store>(
-            StoreEnvironment{.settingsFile = home.filePath(QStringLiteral("a.conf"))});
+        store = std::make_unique<Store>(StoreEnvironment{
+            .settingsFile = home.filePath(QStringLiteral("a.conf")), .random = seededSource(7)});
         wallpaper = std::make_unique<Wallpaper>(WallpaperEnvironment{
             .store = *store,
             .windows = system,
