@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import TesselBroth.Controls
+
+/** A button with a text, and a symbol before it if one is named. */
+Pressable {
+    id: root
+
+    enum Kind {
+        Plain,
+        Filled,
+        Alarm ///< destroys something; in alerts only
+    }
+
+    property string text
+    property string symbol
+    property real symbolBox: 14
+    property real symbolStroke: 2
+    property int kind: SmallButton.Plain
+    property real padding: 10
+    property real textSize: 11
+
+    readonly property color ink: {
+        if (!enabled)
+            return Theme.disabledText
+        if (kind === SmallButton.Filled)
+            return Theme.amber
+        if (kind === SmallButton.Alarm)
+            return Theme.alarmText
+        return hovered || pressed ? "white" : Theme.plainText
+    }
+    readonly property color ground: {
+        if (!enabled)
+            return Theme.plainPressed
+        if (kind === SmallButton.Filled)
+            return pressed ? Theme.emberPressed : hovered ? Theme.emberHover : Theme.ember
+        if (kind === SmallButton.Alarm)
+            return pressed ? Theme.alarmPressed : hovered ? Theme.alarmHover : Theme.alarm
+        return pressed ? Theme.plainPressed : hovered ? Theme.plainHover : Theme.plain
+    }
+
+    height: 26
+    implicitWidth: 2 * padding + words.implicitWidth + (symbol === "" ? 0 : symbolBox + 6)
+    label: text
+    scale: pressed ? Theme.pressScale : 1
+    width: implicitWidth
+
+    Behavior on scale {
+        NumberAnimation {
+            duration: Theme.pressTime
+            easing.type: Easing.OutQuad
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.ground
+        radius: 7
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.hoverTime
+                easing.type: Easing.OutQuad
+            }
+        }
+    }
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 6
+
+        Loader {
+            active: root.symbol !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            visible: active
+
+            sourceComponent: Symbol {
+                box: root.symbolBox
+                color: root.ink
+                name: root.symbol
+                stroke: root.symbolStroke
+            }
+        }
+        Label {
+            id: words
+
+            color: root.ink
+            text: root.text
+            width: Math.min(implicitWidth, root.width - (root.implicitWidth - implicitWidth))
+
+            font {
+                pixelSize: root.textSize
+                weight: Font.DemiBold
+            }
+        }
+    }
+    FocusRing {
+        shown: root.focused
+    }
+}

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/art_pixels.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+
+namespace tessel::art {
+namespace {
+
+// How much of the second colour a cell needs before it takes it: a 4 x 4 Bayer matrix, as sixteenths and a
+// half.
+bool takesSecond(int column, int row, double share)
+{
+    static constexpr std::array<int, 16> kOrder = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
+    const int order = kOrder[static_cast<std::size_t>((row % 4) * 4 + column % 4)];
+    return share > (order + 0.5) / 16.0;
+}
+
+using CellColour = std::function<QRgb(int column, int row)>;
+
+QImage drawCells(QSize cells, qreal scale, const CellColour& colourOf)
+{
+    QImage image(edge(cells.width(), scale), edge(cells.height(), scale),
+                 QImage::Format_ARGB32_Premultiplied);
+    for (int row = 0; row < cells.height(); ++row) {
+        for (int column = 0; column < cells.width(); ++column) {
+            const QRgb colour = colourOf(column, row);
+            for (int y = edge(row, scale); y < edge(row + 1, scale); ++y) {
+                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+                std::fill(line + edge(column, scale), line + edge(column + 1, scale), colour);
+            }
+        }
+    }
+    return image;
+}
+
+std::vector<QRgb> premultiplied(const std::vector<QColor>& colours)
+{
+    std::vector<QRgb> values;
+    values.reserve(colours.size());
+    for (const QColor& colour : colours)
+        values.push_back(qPremultiply(colour.rgba()));
+    return values;
+}
+
+// The colour of a cell at a position along the colours, 0 being the first and 1 the second.
+QRgb mixed(const std::vector<QRgb>& colours, double position, int column, int row)
+{
+    const double last = static_cast<double>(colours.size() - 1);
+    const double at = std::clamp(position, 0.0, last);
+    const auto first = std::min(static_cast<std::size_t>(at), colours.size() - 1);
+    const auto second = std::min(first + 1, colours.size() - 1);
+    return colours[takesSecond(column, row, at - static_cast<double>(first)) ? second : first];
+}
+
+} // namespace
+
+int edge(int cell, qreal scale)
+{
+    return static_cast<int>(std::lround(cell * kCell * scale));
+}
+
+std::vector<int> cornerInsets(int radius)
+{
+    std::vector<int> insets;
+    for (int row = 0; row < radius; ++row) {
+        const double height = radius - row - 0.5;
+        insets.push_back(
+            static_cast<int>(std::lround(radius - std::sqrt(radius * radius - height * height))));
+    }
+    return insets;
+}
+
+std::vector<QRect> steppedRects(QSize size, int radius, qreal scale)
+{
+    while (radius > 0 && 2 * edge(radius, scale) > std::min(size.width(), size.height()))
+        --radius;
+    std::vector<int> insets = cornerInsets(radius);
+    insets.push_back(0); // below the corner
+    std::vector<QRect> rects;
+    for (std::size_t row = 0; row < insets.size(); ++row) {
+        if (row > 0 && insets[row] == insets[row - 1])
+            continue;
+        const int side = edge(insets[row], scale);
+        const int top = edge(static_cast<int>(row), scale);
+        rects.emplace_back(side, top, size.width() - 2 * side, size.height() - 2 * top);
+    }
+    return rects;
+}
+
+QRegion steppedShape(QSize size, int radius, qreal scale)
+{
+    QRegion shape;
+    for (const QRect& rect : steppedRects(size, radius, scale))
+        shape += rect;
+    return shape;
+}
+
+QImage ditheredRamp(const std::vector<QColor>& colours, Ramp ramp, QSize cells, qreal scale)
+{
+    if (colours.empty())
+        return {};
+    const std::vector<QRgb> values = premultiplied(colours);
+    const double count = static_cast<double>(values.size());
+    return drawCells(cells, scale, [&](int column, int row) {
+        const double along = (column + 0.5) / cells.width();
+        const double position = ramp == Ramp::Blocks ? along * count - 0.5 : along * (count - 1);
+        return mixed(values, position, column, row);
+    });
+}
+
+QImage ditheredFade(const QColor& colour, Fade fade, QSize cells, qreal scale)
+{
+    const QRgb value = qPremultiply(colour.rgba());
+    return drawCells(cells, scale, [&](int column, int row) {
+        const double down = (row + 0.5) / cells.height();
+        const bool covered = takesSecond(column, row, down) == (fade == Fade::Bottom);
+        return covered ? value : 0U;
+    });
+}
+
+QImage ditheredVignette(const std::vector<QColor>& colours, QSize cells, qreal scale)
+{
+    if (colours.empty())
+        return {};
+    const std::vector<QRgb> values = premultiplied(colours);
+    return drawCells(cells, scale, [&](int column, int row) {
+        const double x = (column + 0.5) / cells.width() * 2 - 1;
+        const double y = (row + 0.5) / cells.height() * 2 - 1;
+        return mixed(values, std::hypot(x, y) / std::sqrt(2.0) * static_cast<double>(values.size() - 1),
+                     column, row);
+    });
+}
+
+} // namespace tessel::art

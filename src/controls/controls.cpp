@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/controls.h"
+
+#include "controls/shape_images.h"
+#include "controls/symbol_images.h"
+
+#include <QQmlEngine>
+
+extern void qml_register_types_TesselBroth_Controls(); // written by qmltyperegistrar
+
+namespace tessel {
+
+void installControls(QQmlEngine& engine)
+{
+    qml_register_types_TesselBroth_Controls();
+    engine.addImageProvider(QStringLiteral("shapes"), new ShapeImages);
+    engine.addImageProvider(QStringLiteral("symbols"), new SymbolImages);
+}
+
+} // namespace tessel

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace tessel {
+
+/// A filled rectangle whose corners are stepped in art pixels, with a hairline just inside if one is wanted.
+/// It is made of plain rectangles, so that it lies on whole device pixels at every scale and costs no
+/// picture.
+class Stepped : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(int radius MEMBER m_radius NOTIFY changed)
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
+    Q_PROPERTY(QColor hairline MEMBER m_hairline NOTIFY changed)
+
+public:
+    explicit Stepped(QQuickItem* parent = nullptr);
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    int m_radius = 0; // in cells
+    QColor m_color;
+    QColor m_hairline = Qt::transparent;
+};
+
+} // namespace tessel
