@@ -153,7 +153,7 @@ void AppDelegate::perform(Action action)
         store.previousWallpaper();
         break;
     case Action::toggleMotion:
-        setDesktopMotion(store, !desktopMotion(store));
+        store.setDesktopMotion(!store.desktopMotion());
         break;
     case Action::openEditor:
         popUpMenu();

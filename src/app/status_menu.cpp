@@ -80,8 +80,8 @@ bool disturbs(QChar character)
 
 MenuRow motionRow(Store& store, const QString& id, const QString& title, bool motion)
 {
-    return radioRow(id, title, QStringLiteral("motion"), desktopMotion(store) == motion,
-                    [&store, motion] { setDesktopMotion(store, motion); });
+    return radioRow(id, title, QStringLiteral("motion"), store.desktopMotion() == motion,
+                    [&store, motion] { store.setDesktopMotion(motion); });
 }
 
 MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint64 minutes)
@@ -178,19 +178,6 @@ std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveA
     save.enabled = store.desktop().has_value();
     rows.push_back(std::move(save));
     return rows;
-}
-
-bool desktopMotion(const Store& store)
-{
-    return store.desktop() ? store.appliedMotion() : store.motion();
-}
-
-void setDesktopMotion(Store& store, bool motion)
-{
-    if (store.desktop())
-        store.applyToDesktop(*store.desktop(), RecordHistory::no, motion, ContinueFromEditor::no);
-    else
-        store.setMotion(motion);
 }
 
 QString menuTitle(const Preset& preset)

@@ -31,12 +31,6 @@ struct StatusCommands
 /// The presets, to be put on the desktop, and "Save as Preset...".
 [[nodiscard]] std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset);
 
-/// Whether the desktop's look is animated; while there is none, whether the first one will be.
-[[nodiscard]] bool desktopMotion(const Store& store);
-
-/// Shows the desktop's look still or animated from now on; while there is none, the first one.
-void setDesktopMotion(Store& store, bool motion);
-
 /// A preset's name as a menu can show it: on one line, no wider than 320 pixels in the font of menus, and the
 /// look's title in place of one without anything to see.
 [[nodiscard]] QString menuTitle(const Preset& preset);

@@ -184,6 +184,14 @@ void Store::applyToDesktop(Look next, RecordHistory record, std::optional<bool> 
     finish(continuing);
 }
 
+void Store::setDesktopMotion(bool motion)
+{
+    if (desktop())
+        applyToDesktop(*desktop(), RecordHistory::no, motion, ContinueFromEditor::no);
+    else
+        setMotion(motion);
+}
+
 void Store::leaveDesktop()
 {
     if (!desktop())

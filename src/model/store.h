@@ -125,6 +125,9 @@ public:
     /// Whether the desktop shows the edited look, with the motion that the user wants.
     [[nodiscard]] bool isOnDesktop() const;
 
+    /// Whether the desktop is animated; while there is no look on it, whether the first one will be.
+    [[nodiscard]] bool desktopMotion() const { return desktop() ? appliedMotion() : motion(); }
+
     /// What could not be read when the store was made, in the order of reading.
     [[nodiscard]] const std::vector<SettingProblem>& problems() const { return m_problems; }
 
@@ -159,6 +162,9 @@ public:
     /// \param motion whether it is animated; the user's choice when absent
     void applyToDesktop(Look next, RecordHistory record, std::optional<bool> motion,
                         ContinueFromEditor continuing);
+
+    /// Shows the desktop's look still or animated from now on; while there is none, the first one.
+    void setDesktopMotion(bool motion);
 
     /// Leaves the desktop to a picture of another program. The look goes to the history.
     void leaveDesktop();

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QObject>
+#include <QSize>
+
 #include <cstdint>
 #include <span>
 #include <variant>
@@ -67,5 +70,25 @@ public:
 
 /// One of the two, which lives as long as its window.
 using Canvas = std::variant<GpuCanvas*, PixelCanvas*>;
+
+/// What a live view is drawn on. It sets the pace: it asks for frames as somebody can see them.
+class LiveSurface : public QObject
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] virtual QSize pixelSize() const = 0;
+    [[nodiscard]] virtual Canvas canvas() = 0;
+
+    /// How many frames a second it asks for from now on; 0 for none. Nothing is asked for that nobody would
+    /// see.
+    virtual void setFrameRate(int framesPerSecond) = 0;
+
+Q_SIGNALS:
+    /// It is time for the next frame.
+    void frameDue();
+    /// What was drawn is lost: the next frame has to be drawn whole, and now.
+    void contentLost();
+};
 
 } // namespace tessel

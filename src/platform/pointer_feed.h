@@ -8,18 +8,19 @@
 
 namespace tessel {
 
-/// Tells what the pointer does, over our windows and everybody else's. While it rests nothing happens.
+/// Tells what the pointer does over the input region of one window of ours, and where it is pressed. While it
+/// is elsewhere nothing happens, however much it moves. Positions are points among all screens.
 class PointerFeed : public QObject
 {
     Q_OBJECT
 
 Q_SIGNALS:
-    /// \param position points, among all screens
+    /// It is over the window, or was pressed there and is still held.
     void moved(QPoint position);
-    /// The left or the right button went down.
+    /// It is no longer.
+    void left();
+    /// The left or the right button went down, over whoever's window.
     void pressed(QPoint position);
-    /// The left button went up.
-    void released(QPoint position);
 };
 
 } // namespace tessel

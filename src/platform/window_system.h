@@ -43,7 +43,8 @@ public:
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;
 
     /// nullptr where nobody tells.
-    [[nodiscard]] virtual std::unique_ptr<PointerFeed> makePointerFeed() = 0;
+    /// \param window that of a panel; must outlive what is returned
+    [[nodiscard]] virtual std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) = 0;
 
     /// nullptr where the window system decides about the focus alone.
     [[nodiscard]] virtual Focus* focus() = 0;

@@ -181,7 +181,17 @@ int Scene::framesPerSecond(int ceiling, double now) const
     const double speed = std::visit([](const auto& each) { return clockSpeed(each); }, current);
     if (m_source == Source::desktop && speed == 0.0 && now - m_transitionStart >= transitionDuration)
         return 0;
+    if (m_source == Source::thumb && isThumbAtRest(speed))
+        return 0;
     return std::visit([](const auto& each) { return tessel::framesPerSecond(each); }, current);
+}
+
+/// Beside a desktop that does not move the handle only does while it is looked at.
+bool Scene::isThumbAtRest(double speed) const
+{
+    const bool isUsed = m_thumbState == ThumbState::inUse;
+    return m_thumbState == ThumbState::hidden || speed == 0.0 ||
+           (!isUsed && !m_services.store.appliedMotion());
 }
 
 void Scene::giveUp(const QString& problem)

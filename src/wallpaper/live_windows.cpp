@@ -24,20 +24,22 @@ void LiveWindows::setScreens(const std::vector<Screen>& screens)
     if (areOn(screens))
         return;
     m_screens = screens;
-    m_views.clear();
+    m_windows.clear();
     for (const Screen& screen : screens) {
-        if (std::unique_ptr<WallpaperWindow> window =
-                m_system.makeWallpaperWindow(screen, m_graphics.rasterizer()))
-            m_views.push_back(
-                std::make_unique<PassthroughView>(screen, std::move(window), m_scene, m_graphics));
+        std::unique_ptr<WallpaperWindow> window =
+            m_system.makeWallpaperWindow(screen, m_graphics.rasterizer());
+        if (window == nullptr)
+            continue;
+        auto view = std::make_unique<PassthroughView>(*window, m_scene, m_graphics);
+        m_windows.push_back({std::move(window), std::move(view)});
     }
 }
 
 void LiveWindows::play()
 {
     m_arePlaying = true;
-    for (const auto& view : m_views)
-        view->show();
+    for (const LiveWindow& each : m_windows)
+        each.window->show();
     refreshPauses();
 }
 
@@ -45,8 +47,8 @@ void LiveWindows::hide()
 {
     m_arePlaying = false;
     refreshPauses();
-    for (const auto& view : m_views)
-        view->hide();
+    for (const LiveWindow& each : m_windows)
+        each.window->hide();
 }
 
 void LiveWindows::setSeen(bool seen)
@@ -57,14 +59,14 @@ void LiveWindows::setSeen(bool seen)
 
 void LiveWindows::restart()
 {
-    for (const auto& view : m_views)
-        view->restart();
+    for (const LiveWindow& each : m_windows)
+        each.view->restart();
 }
 
 void LiveWindows::refreshPauses()
 {
-    for (const auto& view : m_views)
-        view->setPaused(!m_arePlaying || !m_isSeen);
+    for (const LiveWindow& each : m_windows)
+        each.view->setPaused(!m_arePlaying || !m_isSeen);
 }
 
 } // namespace tessel

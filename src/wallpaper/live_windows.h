@@ -36,13 +36,19 @@ public:
     void restart();
 
 private:
+    struct LiveWindow
+    {
+        std::unique_ptr<WallpaperWindow> window;
+        std::unique_ptr<PassthroughView> view;
+    };
+
     void refreshPauses();
 
     WindowSystem& m_system;
     Scene& m_scene;
     Graphics& m_graphics;
     std::vector<Screen> m_screens; ///< those without a window included
-    std::vector<std::unique_ptr<PassthroughView>> m_views;
+    std::vector<LiveWindow> m_windows;
     bool m_arePlaying = false;
     bool m_isSeen = true;
 };

@@ -9,15 +9,14 @@
 
 namespace tessel {
 
-PassthroughView::PassthroughView(Screen screen, std::unique_ptr<WallpaperWindow> window, Scene& scene,
-                                 Graphics& graphics)
-    : m_screen(std::move(screen))
-    , m_window(std::move(window))
+PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& graphics, float reference)
+    : m_surface(surface)
     , m_scene(scene)
     , m_graphics(graphics)
+    , m_reference(reference)
 {
-    connect(m_window.get(), &WallpaperWindow::frameDue, this, &PassthroughView::draw);
-    connect(m_window.get(), &WallpaperWindow::contentLost, this, [this] {
+    connect(&m_surface, &LiveSurface::frameDue, this, &PassthroughView::draw);
+    connect(&m_surface, &LiveSurface::contentLost, this, [this] {
         m_cells.invalidate();
         draw();
     });
@@ -40,7 +39,7 @@ void PassthroughView::setPaused(bool paused)
         return;
     m_stopped = paused;
     if (paused)
-        m_window->setFrameRate(0);
+        m_surface.setFrameRate(0);
     else
         draw();
 }
@@ -49,25 +48,25 @@ void PassthroughView::restart()
 {
     if (m_stopped)
         return;
-    m_window->setFrameRate(0);
+    m_surface.setFrameRate(0);
     draw();
 }
 
 void PassthroughView::draw()
 {
     try {
-        std::visit([this](auto* canvas) { drawOn(*canvas); }, m_window->canvas());
+        std::visit([this](auto* canvas) { drawOn(*canvas); }, m_surface.canvas());
         updateRate();
     } catch (const std::exception& error) {
         m_scene.giveUp(QString::fromUtf8(error.what()));
-        m_window->setFrameRate(0);
+        m_surface.setFrameRate(0);
     }
 }
 
 void PassthroughView::updateRate()
 {
     if (!m_stopped)
-        m_window->setFrameRate(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()));
+        m_surface.setFrameRate(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()));
 }
 
 Frame PassthroughView::nextFrame()

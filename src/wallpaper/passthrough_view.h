@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "platform/screens.h"
-#include "platform/wallpaper_window.h"
+#include "platform/canvas.h"
 #include "render/gpu_timer.h"
 #include "render/graphics.h"
 #include "scene/frame_pacing.h"
@@ -13,28 +12,22 @@
 
 #include <QObject>
 
-#include <memory>
-
 namespace tessel {
 
-/// The desktop on one screen, drawn live: a window that lets every click through, drawn whenever it asks for
-/// a frame, at a rate that follows its look and its load. Paused it does nothing at all.
+/// A scene drawn live on a surface whenever that asks for a frame, at a rate that follows its look and its
+/// load. Paused it does nothing at all.
 class PassthroughView : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts paused and hidden. The scene and graphics must outlive it.
-    PassthroughView(Screen screen, std::unique_ptr<WallpaperWindow> window, Scene& scene, Graphics& graphics);
+    /// Starts paused. All that is given must outlive it.
+    /// \param reference of cellSize()
+    PassthroughView(LiveSurface& surface, Scene& scene, Graphics& graphics, float reference = desktopReference);
     ~PassthroughView() override;
 
-    [[nodiscard]] const Screen& screen() const { return m_screen; }
-    [[nodiscard]] ViewSize size() const { return {m_window->pixelSize()}; }
+    [[nodiscard]] ViewSize size() const { return {m_surface.pixelSize(), m_reference}; }
 
-    void show() { m_window->show(); }
-    void hide() { m_window->hide(); }
-
-    [[nodiscard]] bool isPaused() const { return m_stopped; }
     void setPaused(bool paused);
 
     /// Draws at once and asks for frames anew, as after a sleep that may have stopped them.
@@ -56,10 +49,10 @@ private:
         GlFramebuffer framebuffer;
     };
 
-    const Screen m_screen;
-    std::unique_ptr<WallpaperWindow> m_window;
+    LiveSurface& m_surface;
     Scene& m_scene;
     Graphics& m_graphics;
+    const float m_reference;
     CellPainter m_cells;
     Buffer m_buffer;
     LoadGovernor m_governor;

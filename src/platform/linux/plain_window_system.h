@@ -25,7 +25,10 @@ public:
     {
         return nullptr;
     }
-    [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed() override { return nullptr; }
+    [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& /*window*/) override
+    {
+        return nullptr;
+    }
     [[nodiscard]] Focus* focus() override { return nullptr; }
 
 private:

@@ -356,12 +356,15 @@ void X11Occlusion::followCompositor(xcb_window_t owner)
 {
     if (owner == m_compositor)
         return;
+    const bool wasBlending = isBlending();
     m_compositor = owner;
     static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     // Its end is the end of blending. A manager that composes may own this with one of the listed windows'
     // kin, or with the root, whose events are chosen already.
     if (owner != XCB_WINDOW_NONE && owner != m_connection.root() && !m_windows.contains(owner))
         xcb_change_window_attributes(m_connection.get(), owner, XCB_CW_EVENT_MASK, &events);
+    if (wasBlending != isBlending())
+        Q_EMIT blendingChanged();
 }
 
 void X11Occlusion::askWindows()

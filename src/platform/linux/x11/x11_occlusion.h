@@ -35,8 +35,12 @@ public:
     /// the answer for this rectangle is another one, and only then.
     [[nodiscard]] bool isCovered(const QRect& pixels) const;
 
+    /// Whether a compositing manager blends windows with what lies behind them.
+    [[nodiscard]] bool isBlending() const { return m_compositor != XCB_WINDOW_NONE; }
+
 Q_SIGNALS:
     void changed();
+    void blendingChanged();
 
 private:
     /// What is known of a window.

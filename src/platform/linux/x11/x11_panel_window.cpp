@@ -5,13 +5,11 @@
 
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_focus.h"
+#include "platform/linux/x11/x11_occlusion.h"
 
 #include <QVariant>
-#include <QWindow>
 
 #include <array>
-#include <cmath>
-#include <xcb/shape.h>
 
 namespace tessel {
 
@@ -38,11 +36,15 @@ QWindow& prepared(QWindow& window)
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow(X11Connection& connection, QWindow& window)
+X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Occlusion& occlusion,
+                               QWindow& window)
     : m_connection(connection)
+    , m_focus(focus)
+    , m_occlusion(occlusion)
     , m_window(prepared(window))
     , m_id(static_cast<xcb_window_t>(window.winId()))
 {
+    connect(&m_occlusion, &X11Occlusion::blendingChanged, this, &PanelWindow::blendingChanged);
 }
 
 void X11PanelWindow::show()
@@ -57,6 +59,16 @@ void X11PanelWindow::hide()
     m_window.hide();
 }
 
+void X11PanelWindow::raise()
+{
+    m_window.raise();
+}
+
+bool X11PanelWindow::isBlended() const
+{
+    return m_occlusion.isBlending();
+}
+
 void X11PanelWindow::setFrame(const QRect& frame)
 {
     m_window.setGeometry(frame);
@@ -64,42 +76,49 @@ void X11PanelWindow::setFrame(const QRect& frame)
 
 void X11PanelWindow::setShape(const QRegion& shape)
 {
-    m_window.setMask(shape);
+    setShape(XCB_SHAPE_SK_BOUNDING, shape);
 }
 
 void X11PanelWindow::setInputRegion(const QRegion& region)
 {
     const double scale = m_window.devicePixelRatio();
-    std::vector<xcb_rectangle_t> areas;
-    for (const QRect& part : region) {
+    QRegion pixels;
+    for (const QRect& part : region)
         // Outwards to whole pixels, so that neighbours leave no gap.
-        const auto edge = [scale](int points) {
-            return static_cast<std::int16_t>(std::floor(points * scale));
-        };
-        const auto farEdge = [scale](int points) { return std::ceil(points * scale); };
-        const std::int16_t left = edge(part.left());
-        const std::int16_t top = edge(part.top());
-        areas.push_back({left, top, static_cast<std::uint16_t>(farEdge(part.left() + part.width()) - left),
-                         static_cast<std::uint16_t>(farEdge(part.top() + part.height()) - top)});
-    }
-    // Qt leaves this part of the shape alone as long as the window is not transparent to all input.
-    xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                         m_id, 0, 0, static_cast<std::uint32_t>(areas.size()), areas.data());
+        pixels += QRectF(part.topLeft().toPointF() * scale, part.size().toSizeF() * scale).toAlignedRect();
+    setShape(XCB_SHAPE_SK_INPUT, pixels);
+}
+
+/// Qt leaves both shapes alone, as the window has no mask and is not transparent to all input.
+void X11PanelWindow::setShape(xcb_shape_kind_t kind, const QRegion& pixels)
+{
+    std::vector<xcb_rectangle_t> areas;
+    for (const QRect& part : pixels)
+        areas.push_back({static_cast<std::int16_t>(part.x()), static_cast<std::int16_t>(part.y()),
+                         static_cast<std::uint16_t>(part.width()), static_cast<std::uint16_t>(part.height())});
+    xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, m_id, 0, 0,
+                         static_cast<std::uint32_t>(areas.size()), areas.data());
     xcb_flush(m_connection.get());
 }
 
 void X11PanelWindow::setKeyboardFocus(KeyboardFocus focus)
 {
-    m_focus = focus;
+    if (focus == m_keyboard)
+        return;
+    m_keyboard = focus;
     tellManager();
-    if (focus == KeyboardFocus::taken && m_window.isVisible())
-        X11Focus(m_connection).give(m_id);
+    if (focus == KeyboardFocus::taken) {
+        m_focusBefore = m_focus.current();
+        m_focus.give(m_id);
+    } else if (m_focus.current() == m_id) {
+        m_focus.giveBack(m_focusBefore);
+    }
 }
 
 /// What window managers read of the window; Qt writes it anew as it shows the window.
 void X11PanelWindow::tellManager()
 {
-    const std::array<std::uint32_t, hintItems> hints{inputHint, m_focus == KeyboardFocus::taken ? 1U : 0U};
+    const std::array<std::uint32_t, hintItems> hints{inputHint, m_keyboard == KeyboardFocus::taken ? 1U : 0U};
     m_connection.setProperty(m_id, "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
     m_connection.setProperty(m_id, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {&everyWorkspace, 1});
     xcb_flush(m_connection.get());

@@ -5,35 +5,45 @@
 
 #include "platform/panel_window.h"
 
-#include <xcb/xcb.h>
+#include <QWindow>
 
-class QWindow;
+#include <xcb/shape.h>
 
 namespace tessel {
 
 class X11Connection;
+class X11Focus;
+class X11Occlusion;
 
 /// A window of the type that desktops give their own panels.
 class X11PanelWindow final : public PanelWindow
 {
+    Q_OBJECT
+
 public:
-    /// \param connection must outlive this
-    X11PanelWindow(X11Connection& connection, QWindow& window);
+    /// All that is given must outlive this.
+    X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Occlusion& occlusion, QWindow& window);
 
     void show() override;
     void hide() override;
+    void raise() override;
     void setFrame(const QRect& frame) override;
+    [[nodiscard]] bool isBlended() const override;
     void setShape(const QRegion& shape) override;
     void setInputRegion(const QRegion& region) override;
     void setKeyboardFocus(KeyboardFocus focus) override;
 
 private:
+    void setShape(xcb_shape_kind_t kind, const QRegion& pixels);
     void tellManager();
 
     X11Connection& m_connection;
+    X11Focus& m_focus;
+    X11Occlusion& m_occlusion;
     QWindow& m_window;
     const xcb_window_t m_id;
-    KeyboardFocus m_focus = KeyboardFocus::never;
+    KeyboardFocus m_keyboard = KeyboardFocus::never;
+    WId m_focusBefore = 0; ///< the window that had the focus; 0 for none
 };
 
 } // namespace tessel

@@ -6,8 +6,9 @@
 #include "platform/linux/x11/x11_connection.h"
 
 #include <QCursor>
+#include <QEnterEvent>
+#include <QWindow>
 
-#include <utility>
 #include <xcb/xinput.h>
 
 namespace tessel {
@@ -19,18 +20,18 @@ constexpr std::uint32_t rightButton = 3;
 
 } // namespace
 
-X11PointerFeed::X11PointerFeed(X11Connection& connection, X11Events& events) : m_connection(connection)
+X11PointerFeed::X11PointerFeed(X11Connection& connection, X11Events& events, QWindow& window)
+    : m_connection(connection)
 {
+    window.installEventFilter(this);
     if (!hasExtension(connection.get(), xcb_input_id))
         return;
     m_extension = xcb_get_extension_data(connection.get(), &xcb_input_id)->major_opcode;
     // It serves nobody who has not asked which version it speaks.
     static_cast<void>(readReply(xcb_input_xi_query_version_reply, connection.get(),
                                 xcb_input_xi_query_version(connection.get(), 2, 2)));
-    choose(XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
-           XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE);
+    choose(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
     connect(&events, &X11Events::received, this, &X11PointerFeed::handle);
-    connect(&events, &X11Events::drained, this, &X11PointerFeed::tellMove);
 }
 
 X11PointerFeed::~X11PointerFeed()
@@ -58,20 +59,27 @@ void X11PointerFeed::handle(const xcb_generic_event_t& event)
     if (general.extension != m_extension)
         return;
     const auto& button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
-    if (general.event_type == XCB_INPUT_RAW_MOTION)
-        m_hasMoved = true;
-    else if (general.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
-             (button.detail == leftButton || button.detail == rightButton))
+    if (general.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+        (button.detail == leftButton || button.detail == rightButton))
         Q_EMIT pressed(QCursor::pos());
-    else if (general.event_type == XCB_INPUT_RAW_BUTTON_RELEASE && button.detail == leftButton)
-        Q_EMIT released(QCursor::pos());
 }
 
-/// A mouse sends a thousand movements a second; once for all that have come is enough.
-void X11PointerFeed::tellMove()
+bool X11PointerFeed::eventFilter(QObject* /*watched*/, QEvent* event)
 {
-    if (std::exchange(m_hasMoved, false))
-        Q_EMIT moved(QCursor::pos());
+    switch (event->type()) {
+    case QEvent::Enter:
+        Q_EMIT moved(static_cast<QEnterEvent&>(*event).globalPosition().toPoint());
+        break;
+    case QEvent::MouseMove:
+        Q_EMIT moved(static_cast<QMouseEvent&>(*event).globalPosition().toPoint());
+        break;
+    case QEvent::Leave:
+        Q_EMIT left();
+        break;
+    default:
+        break;
+    }
+    return false;
 }
 
 } // namespace tessel

@@ -54,14 +54,14 @@ std::unique_ptr<PanelWindow> X11WindowSystem::makePanelWindow(QWindow& window)
 {
     if (!m_connection.isValid())
         return nullptr;
-    return std::make_unique<X11PanelWindow>(m_connection, window);
+    return std::make_unique<X11PanelWindow>(m_connection, m_focus, m_occlusion, window);
 }
 
-std::unique_ptr<PointerFeed> X11WindowSystem::makePointerFeed()
+std::unique_ptr<PointerFeed> X11WindowSystem::makePointerFeed(QWindow& window)
 {
     if (!m_connection.isValid())
         return nullptr;
-    return std::make_unique<X11PointerFeed>(m_connection, m_events);
+    return std::make_unique<X11PointerFeed>(m_connection, m_events, window);
 }
 
 Focus* X11WindowSystem::focus()

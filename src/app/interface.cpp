@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/interface.h"
+
+#include "app/commands.h"
+#include "app/status_menu.h"
+#include "controls/controls.h"
+#include "controls/surroundings.h"
+#include "edge/edge_panel.h"
+
+#include <QQuickWindow>
+
+void qml_register_types_TesselBroth_Edge();
+
+namespace tessel {
+
+Interface::Interface(const InterfaceParts& parts)
+    : m_parts(parts)
+    , m_edge(parts.store, parts.windows, [this](EdgeState&) { return makePanel(); })
+    , m_quickActions(parts.store, m_edge)
+    , m_thumb(Source::thumb, parts.scene, parts.windows.screens())
+    , m_preview(Source::editor, parts.scene, parts.windows.screens())
+    , m_presetsMenu([this] { return presetRows(m_parts.store, [this] { saveAsPreset(m_parts.store, m_parts.dialogs); }); })
+{
+    // A sixth of the processor time and a third of the memory of OpenGL without a GPU, and no context needed.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    installControls(m_engine);
+    qml_register_types_TesselBroth_Edge();
+    connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);
+    connect(&m_presetsMenu.menu(), &QMenu::aboutToHide, this, [this] { m_edge.setHeld(false); });
+    const Session& session = parts.scene.session;
+    const auto followSession = [&session] {
+        Surroundings::instance().setReducedMotion(session.state().reducedMotion);
+    };
+    connect(&session, &Session::changed, this, followSession);
+    followSession();
+}
+
+Interface::~Interface() = default;
+
+std::unique_ptr<EdgePanel> Interface::makePanel()
+{
+    return EdgePanel::make(m_parts.windows, m_engine,
+                           {{QStringLiteral("edge"), QVariant::fromValue(&m_edge.state())},
+                            {QStringLiteral("actions"), QVariant::fromValue(&m_quickActions)},
+                            {QStringLiteral("thumb"), QVariant::fromValue(&m_thumb)},
+                            {QStringLiteral("preview"), QVariant::fromValue(&m_preview)},
+                            {QStringLiteral("editor"), QVariant::fromValue<QObject*>(nullptr)}});
+}
+
+void Interface::popUpPresets()
+{
+    m_edge.setHeld(true);
+    QMenu& menu = m_presetsMenu.menu();
+    m_presetsMenu.refresh();
+    menu.popup(presetsMenuPosition(m_edge.screenFrame(Mode::quick), m_parts.store.edge(),
+                                   menu.sizeHint().width()));
+}
+
+} // namespace tessel

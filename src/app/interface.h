@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "app/dialogs.h"
+#include "app/menu_view.h"
+#include "controls/live_picture.h"
+#include "edge/edge_controller.h"
+#include "edge/quick_actions.h"
+#include "scene/scene.h"
+
+#include <QQmlEngine>
+
+namespace tessel {
+
+/// What the interface works with; all of it must outlive it.
+struct InterfaceParts
+{
+    const SceneServices& scene;
+    Store& store;
+    WindowSystem& windows;
+    Dialogs& dialogs;
+};
+
+/// Everything drawn with Qt Quick: the handle, the strip and the editor.
+class Interface : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Interface(const InterfaceParts& parts);
+    ~Interface() override;
+
+    [[nodiscard]] EdgeController& edge() { return m_edge; }
+
+private:
+    std::unique_ptr<EdgePanel> makePanel();
+    void popUpPresets();
+
+    const InterfaceParts m_parts;
+    QQmlEngine m_engine;
+    EdgeController m_edge;
+    QuickActions m_quickActions;
+    LivePicture m_thumb;
+    LivePicture m_preview;
+    MenuView m_presetsMenu;
+};
+
+} // namespace tessel

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "controls/picture_surface.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace tessel {
+
+namespace {
+
+constexpr int milliseconds = 1000;
+
+std::uint32_t* rowOf(QImage& image, int y)
+{
+    return reinterpret_cast<std::uint32_t*>(image.scanLine(y));
+}
+
+} // namespace
+
+PictureSurface::PictureSurface(QSize pixels) : m_image(pixels, QImage::Format_RGB32)
+{
+    m_image.fill(Qt::black);
+    m_frames.setTimerType(Qt::PreciseTimer);
+    connect(&m_frames, &QTimer::timeout, this, &LiveSurface::frameDue);
+}
+
+void PictureSurface::setFrameRate(int framesPerSecond)
+{
+    if (std::exchange(m_rate, framesPerSecond) == framesPerSecond)
+        return;
+    if (framesPerSecond == 0)
+        m_frames.stop();
+    else
+        m_frames.start(milliseconds / framesPerSecond);
+}
+
+std::uint32_t* PictureSurface::pixels()
+{
+    if (m_next.isNull())
+        m_next = QImage(pixelSize(), QImage::Format_RGB32);
+    return rowOf(m_next, 0);
+}
+
+void PictureSurface::presentPixels()
+{
+    if (std::memcmp(m_next.constBits(), m_image.constBits(), static_cast<std::size_t>(m_next.sizeInBytes())) == 0)
+        return;
+    std::swap(m_image, m_next);
+    Q_EMIT drawn();
+}
+
+void PictureSurface::present(std::span<const ColoredRect> rectangles)
+{
+    if (rectangles.empty())
+        return;
+    for (const auto& [color, area] : rectangles)
+        for (int y = area.y; y < area.y + area.height; ++y)
+            std::fill_n(rowOf(m_image, y) + area.x, area.width, color | 0xFF000000U);
+    Q_EMIT drawn();
+}
+
+} // namespace tessel

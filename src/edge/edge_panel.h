@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "edge/edge_state.h"
+#include "platform/window_system.h"
+
+#include <QQuickView>
+#include <QVariant>
+
+#include <memory>
+
+namespace tessel {
+
+/// The window at the screen's edge: QML in a panel that lets through every click that is not for what it
+/// shows.
+class EdgePanel : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \param engine must outlive this, as must the system
+    /// \param properties those that EdgeRoot.qml requires
+    /// \return nullptr where no windows float
+    static std::unique_ptr<EdgePanel> make(WindowSystem& windows, QQmlEngine& engine,
+                                           const QVariantMap& properties);
+    ~EdgePanel() override;
+
+    /// Shows it at a place among all screens, in points.
+    void place(const QRect& frame);
+
+    /// The part that takes clicks, from the panel's top left corner.
+    void setActive(const QRect& frame);
+
+    void setKeyboardFocus(KeyboardFocus focus);
+    void raise() { m_panel->raise(); }
+
+    [[nodiscard]] QQuickView& view() { return m_view; }
+
+Q_SIGNALS:
+    /// The pointer is over the active part; a point among all screens.
+    void pointerMoved(QPoint position);
+    void pointerLeft();
+    /// Something was pressed that is no window of ours, or this one.
+    void pressed(QPoint position);
+    void handleClicked();
+    void closeRequested();
+
+private:
+    explicit EdgePanel(QQmlEngine& engine) : m_view(&engine, nullptr) {}
+    bool open(WindowSystem& windows, const QVariantMap& properties);
+    void updateShape();
+    Q_SLOT void shapesChanged() { updateShape(); }
+
+    QQuickView m_view;
+    std::unique_ptr<PanelWindow> m_panel;
+    std::unique_ptr<PointerFeed> m_pointer;
+    QRect m_active;
+};
+
+} // namespace tessel
