@@ -55,6 +55,7 @@ void AppDelegate::start()
     connectStore();
     connectSystem();
     m_shuffleTimer.start();
+    m_parts.edge.install();
     installMenu();
     greet();
 }
@@ -87,7 +88,7 @@ void AppDelegate::connectStore()
 
 void AppDelegate::connectSystem()
 {
-    connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::popUpMenu);
+    connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::openEditor);
     connect(&m_parts.instance, &RunningInstance::actionRequested, this, [this](const QString& name) {
         if (const auto action = actionNamed(name))
             perform(*action);
@@ -109,6 +110,7 @@ void AppDelegate::installMenu()
 {
     m_tray = std::make_unique<TrayIcon>(m_panelMenu.menu(), m_parts.trayHost, m_parts.panelShade);
     connect(m_tray.get(), &TrayIcon::clicked, this, &AppDelegate::popUpMenu);
+    connect(&m_parts.edge, &EdgeController::modeChanged, &m_panelMenu, &MenuView::refreshLater);
     // A panel may need other titles for the same.
     connect(m_tray.get(), &TrayIcon::shown, &m_panelMenu, &MenuView::refreshLater);
     m_panelMenu.refresh();
@@ -142,6 +144,20 @@ void AppDelegate::popUpMenu()
     menu.activateWindow();
 }
 
+/// Where no window of ours can float, the menu is all there is.
+void AppDelegate::openEditor()
+{
+    if (m_parts.edge.isInstalled())
+        m_parts.edge.setMode(Mode::open);
+    else
+        popUpMenu();
+}
+
+void AppDelegate::toggleEditor()
+{
+    m_parts.edge.setMode(m_parts.edge.mode() == Mode::open ? Mode::handle : Mode::open);
+}
+
 void AppDelegate::perform(Action action)
 {
     Store& store = m_parts.store;
@@ -156,7 +172,7 @@ void AppDelegate::perform(Action action)
         store.setDesktopMotion(!store.desktopMotion());
         break;
     case Action::openEditor:
-        popUpMenu();
+        openEditor();
         break;
     case Action::quit:
         quit();
@@ -187,6 +203,7 @@ std::vector<MenuRow> AppDelegate::menuRows()
 {
     const StatusCommands commands{
         [this](Action action) { perform(action); },
+        [this] { toggleEditor(); },
         [this] { saveAsPreset(m_parts.store, m_parts.dialogs); },
         [this](bool on) {
             setLaunchAtLogin(m_parts.login, m_parts.dialogs, on,
@@ -195,7 +212,9 @@ std::vector<MenuRow> AppDelegate::menuRows()
         [this] { checkForUpdates(m_parts.dialogs); },
         [this](const QString& address) { openWebPage(address, m_parts.dialogs); },
     };
-    return statusMenuRows(m_parts.store, m_parts.login.status(), commands);
+    const EdgeController& edge = m_parts.edge;
+    return statusMenuRows(m_parts.store, m_parts.login.status(),
+                          edge.isInstalled() ? std::optional(edge.mode()) : std::nullopt, commands);
 }
 
 } // namespace tessel

@@ -8,6 +8,7 @@
 #include "app/menu_view.h"
 #include "app/shuffle_timer.h"
 #include "app/tray_icon.h"
+#include "edge/edge_controller.h"
 #include "model/store.h"
 #include "platform/login_item.h"
 #include "platform/notifications.h"
@@ -33,6 +34,7 @@ struct AppParts
     QuitSignals& quitSignals;
     TrayHost& trayHost;
     PanelShade& panelShade;
+    EdgeController& edge;
 };
 
 /// Runs the application: brings its parts together at the start, puts its menu into the panel, hears what is
@@ -57,6 +59,8 @@ private:
     void installMenu();
     void greet();
     void popUpMenu();
+    void openEditor();
+    void toggleEditor();
     void perform(Action action);
     void leave();
     void tell(const QString& title, const QString& text);

@@ -21,7 +21,9 @@ Interface::Interface(const InterfaceParts& parts)
     , m_quickActions(parts.store, m_edge)
     , m_thumb(Source::thumb, parts.scene, parts.windows.screens())
     , m_preview(Source::editor, parts.scene, parts.windows.screens())
-    , m_presetsMenu([this] { return presetRows(m_parts.store, [this] { saveAsPreset(m_parts.store, m_parts.dialogs); }); })
+    , m_presetsMenu([this] {
+        return presetRows(m_parts.store, [this] { saveAsPreset(m_parts.store, m_parts.dialogs); });
+    })
 {
     // A sixth of the processor time and a third of the memory of OpenGL without a GPU, and no context needed.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -54,8 +56,8 @@ void Interface::popUpPresets()
     m_edge.setHeld(true);
     QMenu& menu = m_presetsMenu.menu();
     m_presetsMenu.refresh();
-    menu.popup(presetsMenuPosition(m_edge.screenFrame(Mode::quick), m_parts.store.edge(),
-                                   menu.sizeHint().width()));
+    menu.popup(
+        presetsMenuPosition(m_edge.screenFrame(Mode::quick), m_parts.store.edge(), menu.sizeHint().width()));
 }
 
 } // namespace tessel

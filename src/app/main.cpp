@@ -3,6 +3,7 @@
 
 #include "app/actions.h"
 #include "app/app_delegate.h"
+#include "app/interface.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
 #include "platform/window_system.h"
@@ -111,6 +112,9 @@ int runApplication(QApplication& application)
                          .graphics = *graphics,
                          .clocks = clocks,
                          .preparer = preparer});
+    const SceneServices services{
+        .store = store, .session = *session, .graphics = *graphics, .clocks = clocks, .preparer = preparer};
+    Interface interface({.scene = services, .store = store, .windows = *windows, .dialogs = dialogs});
     const std::unique_ptr<LoginItem> login = makeLoginItem();
     const std::unique_ptr<Notifications> notifications = makeNotifications();
     const std::unique_ptr<QuitSignals> quitSignals = watchQuitSignals();
@@ -125,7 +129,8 @@ int runApplication(QApplication& application)
                           .dialogs = dialogs,
                           .quitSignals = *quitSignals,
                           .trayHost = *trayHost,
-                          .panelShade = *panelShade});
+                          .panelShade = *panelShade,
+                          .edge = interface.edge()});
     delegate.start();
     return QApplication::exec();
 }

@@ -131,6 +131,15 @@ MenuRow launchRow(LoginItem::Status login, const StatusCommands& commands)
                       [set = commands.setLaunchAtLogin, on] { set(!on); });
 }
 
+MenuRow editorRow(Mode mode, const StatusCommands& commands)
+{
+    const QString title =
+        mode == Mode::open ? StatusMenu::tr("Close Editor") : actionTitle(Action::openEditor);
+    MenuRow made = row(actionName(Action::openEditor), title, commands.toggleEditor);
+    made.shortcut = actionShortcut(Action::openEditor);
+    return made;
+}
+
 MenuRow previousRow(const Store& store, const StatusCommands& commands)
 {
     MenuRow made = actionRow(commands, Action::previousWallpaper);
@@ -140,9 +149,10 @@ MenuRow previousRow(const Store& store, const StatusCommands& commands)
 
 } // namespace
 
-std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const StatusCommands& commands)
+std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, std::optional<Mode> mode,
+                                    const StatusCommands& commands)
 {
-    return {
+    std::vector<MenuRow> rows{
         actionRow(commands, Action::newWallpaper),
         previousRow(store, commands),
         separator(QStringLiteral("before-motion")),
@@ -160,6 +170,9 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, const
                 creditRows(commands)),
         actionRow(commands, Action::quit),
     };
+    if (mode)
+        rows.insert(rows.begin(), editorRow(*mode, commands));
+    return rows;
 }
 
 std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset)

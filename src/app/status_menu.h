@@ -5,6 +5,7 @@
 
 #include "app/actions.h"
 #include "app/menu_row.h"
+#include "edge/edge_layout.h"
 #include "model/store.h"
 #include "platform/login_item.h"
 
@@ -18,6 +19,7 @@ namespace tessel {
 struct StatusCommands
 {
     std::function<void(Action action)> perform;
+    std::function<void()> toggleEditor;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> setLaunchAtLogin;
     std::function<void()> checkForUpdates;
@@ -25,8 +27,9 @@ struct StatusCommands
 };
 
 /// The rows of the status menu for the present state. They change the store when run.
+/// \param mode what there is at the screen's edge; nothing where no window of ours can be
 [[nodiscard]] std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login,
-                                                  const StatusCommands& commands);
+                                                  std::optional<Mode> mode, const StatusCommands& commands);
 
 /// The presets, to be put on the desktop, and "Save as Preset...".
 [[nodiscard]] std::vector<MenuRow> presetRows(Store& store, const std::function<void()>& saveAsPreset);

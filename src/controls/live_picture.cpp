@@ -63,9 +63,9 @@ void LivePicture::setFrozen(bool frozen)
     Q_EMIT frozenChanged();
 }
 
-void LivePicture::setThumbState(ThumbState state)
+void LivePicture::setInUse(bool inUse)
 {
-    m_scene.setThumbState(state);
+    m_scene.setThumbState(inUse ? ThumbState::inUse : ThumbState::resting);
     if (m_view != nullptr)
         m_view->restart();
 }

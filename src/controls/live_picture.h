@@ -26,6 +26,7 @@ class LivePicture : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("the application has one for each source")
     Q_PROPERTY(bool frozen READ frozen WRITE setFrozen NOTIFY frozenChanged)
+    Q_PROPERTY(bool inUse WRITE setInUse)
 
 public:
     /// All must outlive this.
@@ -42,8 +43,8 @@ public:
     [[nodiscard]] bool frozen() const { return m_frozen; }
     void setFrozen(bool frozen);
 
-    /// How much the handle is looked at; for its source only.
-    void setThumbState(ThumbState state);
+    /// Whether the user is at the handle, which then moves faster; for its source only.
+    void setInUse(bool inUse);
 
 Q_SIGNALS:
     /// image() is another one.

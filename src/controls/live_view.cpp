@@ -72,7 +72,8 @@ void LiveView::geometryChange(const QRectF& now, const QRectF& before)
 void LiveView::itemChange(ItemChange change, const ItemChangeData& data)
 {
     QQuickItem::itemChange(change, data);
-    if (change == ItemVisibleHasChanged || change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
+    if (change == ItemVisibleHasChanged || change == ItemDevicePixelRatioHasChanged ||
+        change == ItemSceneChange)
         updateSize();
 }
 

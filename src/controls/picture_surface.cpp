@@ -45,7 +45,8 @@ std::uint32_t* PictureSurface::pixels()
 
 void PictureSurface::presentPixels()
 {
-    if (std::memcmp(m_next.constBits(), m_image.constBits(), static_cast<std::size_t>(m_next.sizeInBytes())) == 0)
+    if (std::memcmp(m_next.constBits(), m_image.constBits(),
+                    static_cast<std::size_t>(m_next.sizeInBytes())) == 0)
         return;
     std::swap(m_image, m_next);
     Q_EMIT drawn();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import TesselBroth.Controls
+import TesselBroth.Edge
 
 /** All that stands at the screen's edge: the handle, the strip that opens from it, the editor. */
 Item {
@@ -10,6 +11,7 @@ Item {
     required property EdgeState edge
     required property QuickActions actions
     required property LivePicture thumb
+    required property LivePicture preview
     /** What the editor works on; its QML is loaded when it first opens. */
     required property QtObject editor
 
@@ -59,6 +61,12 @@ Item {
     }
 
     onWantedChanged: go()
+
+    Binding {
+        property: "inUse"
+        target: root.thumb
+        value: root.edge.hovering || root.edge.isQuick
+    }
 
     Connections {
         function onModeChanged() {
@@ -175,7 +183,7 @@ Item {
 
             function open() {
                 if (source.toString() === "")
-                    setSource("qrc:/qt-project.org/imports/TesselBroth/Editor/Editor.qml", { model: root.editor })
+                    setSource("qrc:/qt-project.org/imports/TesselBroth/Editor/Editor.qml", { model: root.editor, preview: root.preview })
                 unloading.stop()
             }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import TesselBroth.Controls
+import TesselBroth.Edge
 
 /** The round handle, with the desktop's look in it. */
 Item {

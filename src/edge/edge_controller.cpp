@@ -38,10 +38,7 @@ EdgeController::EdgeController(Store& store, WindowSystem& windows, MakeEdgePane
         setMode(Mode::quick);
     });
     connect(&m_collapseWork, &QTimer::timeout, this, &EdgeController::collapse);
-    connect(&m_peekEnd, &QTimer::timeout, this, [this] {
-        if (!m_pointerEntered)
-            collapse();
-    });
+    connect(&m_peekEnd, &QTimer::timeout, this, [this] { m_pointerEntered ? update() : collapse(); });
     m_state.setHandleHidden(m_store.handleHidden());
     connect(&m_store, &Store::edgeChanged, this, &EdgeController::place);
     connect(&m_store, &Store::handleHiddenChanged, this, [this] {
@@ -119,10 +116,11 @@ void EdgeController::peek(std::chrono::milliseconds duration)
     m_peekEnd.start(duration);
 }
 
-void EdgeController::bringToFront()
+void EdgeController::setHeld(bool held)
 {
-    if (m_panel != nullptr)
-        m_panel->raise();
+    m_isHeld = held;
+    m_collapseWork.stop();
+    update();
 }
 
 QRect EdgeController::screenFrame(Mode mode) const
@@ -172,7 +170,7 @@ void EdgeController::update()
     if (inside) {
         m_pointerEntered = true;
         m_collapseWork.stop();
-    } else if (m_pointerEntered && !isPeeking() && !m_collapseWork.isActive()) {
+    } else if (m_pointerEntered && !m_isHeld && !isPeeking() && !m_collapseWork.isActive()) {
         m_collapseWork.start();
     }
 }

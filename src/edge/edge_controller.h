@@ -58,12 +58,9 @@ public:
     /// Opens the strip for a while, without the pointer.
     void peek(std::chrono::milliseconds duration);
 
-    /// Above windows that came later.
-    void bringToFront();
-
-    /// While something is held that belongs to the editor, such as a file dialog, a click elsewhere does not
-    /// close it.
-    void setHeld(bool held) { m_isHeld = held; }
+    /// While something is open that belongs to what the panel shows, a menu or a file dialog, that stays as
+    /// it is, wherever the pointer is and clicks.
+    void setHeld(bool held);
 
     /// A content frame among all screens, in points.
     [[nodiscard]] QRect screenFrame(Mode mode) const;
@@ -90,7 +87,7 @@ private:
     QTimer m_hoverWork;
     QTimer m_collapseWork;
     QTimer m_peekEnd;
-    QDeadlineTimer m_hoverOpened; ///< until when a click means what the hover has done
+    QDeadlineTimer m_hoverOpened;  ///< until when a click means what the hover has done
     bool m_pointerEntered = false; ///< it has been inside the strip since that opened
     bool m_isHeld = false;
 };

@@ -34,7 +34,6 @@ public:
     void setActive(const QRect& frame);
 
     void setKeyboardFocus(KeyboardFocus focus);
-    void raise() { m_panel->raise(); }
 
     [[nodiscard]] QQuickView& view() { return m_view; }
 

@@ -27,9 +27,6 @@ public:
     virtual void show() = 0;
     virtual void hide() = 0;
 
-    /// Brings it above the other windows of its kind.
-    virtual void raise() = 0;
-
     /// \param frame points, among all screens
     virtual void setFrame(const QRect& frame) = 0;
 

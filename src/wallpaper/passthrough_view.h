@@ -23,7 +23,8 @@ class PassthroughView : public QObject
 public:
     /// Starts paused. All that is given must outlive it.
     /// \param reference of cellSize()
-    PassthroughView(LiveSurface& surface, Scene& scene, Graphics& graphics, float reference = desktopReference);
+    PassthroughView(LiveSurface& surface, Scene& scene, Graphics& graphics,
+                    float reference = desktopReference);
     ~PassthroughView() override;
 
     [[nodiscard]] ViewSize size() const { return {m_surface.pixelSize(), m_reference}; }

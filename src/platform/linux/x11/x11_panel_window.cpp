@@ -59,11 +59,6 @@ void X11PanelWindow::hide()
     m_window.hide();
 }
 
-void X11PanelWindow::raise()
-{
-    m_window.raise();
-}
-
 bool X11PanelWindow::isBlended() const
 {
     return m_occlusion.isBlending();
@@ -95,7 +90,8 @@ void X11PanelWindow::setShape(xcb_shape_kind_t kind, const QRegion& pixels)
     std::vector<xcb_rectangle_t> areas;
     for (const QRect& part : pixels)
         areas.push_back({static_cast<std::int16_t>(part.x()), static_cast<std::int16_t>(part.y()),
-                         static_cast<std::uint16_t>(part.width()), static_cast<std::uint16_t>(part.height())});
+                         static_cast<std::uint16_t>(part.width()),
+                         static_cast<std::uint16_t>(part.height())});
     xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, m_id, 0, 0,
                          static_cast<std::uint32_t>(areas.size()), areas.data());
     xcb_flush(m_connection.get());

@@ -26,7 +26,6 @@ public:
 
     void show() override;
     void hide() override;
-    void raise() override;
     void setFrame(const QRect& frame) override;
     [[nodiscard]] bool isBlended() const override;
     void setShape(const QRegion& shape) override;
