@@ -34,7 +34,6 @@ public:
     void show() { m_window->show(); }
     void hide() { m_window->hide(); }
 
-    [[nodiscard]] bool isPaused() const { return m_stopped; }
     void setPaused(bool paused);
 
     /// Draws at once and asks for frames anew, as after a sleep that may have stopped them.

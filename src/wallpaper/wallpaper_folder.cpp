@@ -3,8 +3,11 @@
 
 #include "wallpaper/wallpaper_folder.h"
 
+#include "base/identity.h"
+
 #include <QDir>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -37,6 +40,12 @@ void removeUnfinished(QDir& directory)
 }
 
 } // namespace
+
+QString defaultWallpaperFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder + QStringLiteral("/Wallpapers");
+}
 
 QString stillFileName(qint64 milliseconds, int index)
 {

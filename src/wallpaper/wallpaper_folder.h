@@ -9,6 +9,9 @@
 
 namespace tessel {
 
+/// "Tessel Broth/Wallpapers" below the user's data home.
+[[nodiscard]] QString defaultWallpaperFolder();
+
 /// The name of the still of screen `index`: "wall-", milliseconds since 1970 in fourteen digits, and the
 /// index. All screens of one still share its time.
 [[nodiscard]] QString stillFileName(qint64 milliseconds, int index);
