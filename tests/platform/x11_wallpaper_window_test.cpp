@@ -198,7 +198,7 @@ TEST_F(X11WallpaperWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
 TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
 {
     m_window->show();
-    runEvents(100ms);
+    ASSERT_TRUE(waitUntil([this] { return placeOf(m_server, m_id).has_value(); }));
     countShowings();
     const xcb_window_t desktop = makeDesktop();
     stack({m_id, desktop});
