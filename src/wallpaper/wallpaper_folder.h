@@ -17,7 +17,9 @@ namespace tessel {
 [[nodiscard]] QString stillFileName(qint64 milliseconds, int index);
 
 /// Removes the oldest stills of a folder: those beyond four for each of `screens` screens, but none of the
-/// paths in `inUse`; and files that were never finished, an hour later. What cannot be removed stays.
-void pruneStills(const QString& folder, int screens, const QStringList& inUse);
+/// paths in `inUse`. Those that are dated later than `now`, by a clock that was wrong, are the oldest. What
+/// cannot be removed stays.
+void pruneStills(const QString& folder, int screens, const QStringList& inUse,
+                 const QDateTime& now = QDateTime::currentDateTime());
 
 } // namespace tessel
