@@ -8,6 +8,7 @@
 #include "render/png_file.h"
 #include "wallpaper/wallpaper_folder.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 
 #include <algorithm>
@@ -19,7 +20,9 @@ namespace {
 /// Whether a file is a still of this look for this screen.
 bool shows(const DesktopPicture& picture, const std::string& json)
 {
-    if (picture.file.isEmpty() || QImageReader(picture.file).size() != picture.screen.pixels().size())
+    // Only ordinary files are opened: others may never begin.
+    if (!QFileInfo(picture.file).isFile() ||
+        QImageReader(picture.file).size() != picture.screen.pixels().size())
         return false;
     try {
         return readLookText(picture.file.toStdString()) == json;
