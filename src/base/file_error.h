@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -23,5 +24,12 @@ public:
 
     Code code;
 };
+
+/// Why the system refused something with a file, in plain words.
+/// \param error as in errno
+[[nodiscard]] std::string reasonFor(int error, const std::filesystem::path& path);
+
+/// The folder that a file is in; "." for a bare name.
+[[nodiscard]] std::filesystem::path folderOf(const std::filesystem::path& path);
 
 } // namespace tessel

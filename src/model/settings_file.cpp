@@ -6,6 +6,7 @@
 
 #include "model/settings_file.h"
 
+#include "base/file_writer.h"
 #include "base/identity.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QThread>
@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <span>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -41,6 +42,8 @@ struct SettingsFile
 constexpr std::size_t maxCopies = 5;
 constexpr int copyDigits = 4; ///< at least, so that they stand in order in a list of files
 constexpr QByteArrayView byteOrderMark("\xEF\xBB\xBF");
+/// Room for twenty thousand looks. What is larger takes long to read and is nothing that we have written.
+constexpr qint64 maxSize = qint64{8} << 20;
 
 bool isLineBreak(char character)
 {
@@ -137,6 +140,16 @@ QByteArrayView withoutMark(QByteArrayView text)
     return text.sliced(text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0);
 }
 
+/// Whether there is a setting in it that could be one of ours. After a crash of the machine a disk may give
+/// back an empty file or one of zeros.
+bool holdsSettings(QByteArrayView text)
+{
+    const std::vector<Entry> entries = entriesOf(withoutMark(text));
+    return std::ranges::any_of(entries, [](const Entry& entry) {
+        return !entry.key.empty() && entry.key.find('\0') == std::string::npos;
+    });
+}
+
 /// Whether these changes replace something that nobody could read.
 bool losesUnreadable(QByteArrayView text, const SettingValues& changes,
                      const std::set<std::string>& unreadable)
@@ -182,15 +195,52 @@ QByteArray lineFor(const std::string& key, const SettingValue& value)
     return QByteArray::fromStdString(key) + '=' + text + '\n';
 }
 
-/// What a file holds; none when it is there but cannot be read.
-std::optional<QByteArray> contents(QFile& file)
+/// What a file holds, or why it cannot be read.
+struct Contents
 {
-    if (!file.exists())
-        return QByteArray();
+    QByteArray text; ///< empty if the file is missing
+    std::optional<QString> problem;
+};
+
+/// Only ordinary files of a sensible size are opened: others may have no end, or never begin.
+Contents contentsOf(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return {};
+    if (!info.isFile())
+        return {{}, SettingsFile::tr("\"%1\" is not an ordinary file").arg(path)};
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    QByteArray text = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(text) : std::nullopt;
+        return {{}, SettingsFile::tr("\"%1\" cannot be read: %2").arg(path, file.errorString())};
+    QByteArray text = file.read(maxSize + 1);
+    if (file.error() != QFileDevice::NoError)
+        return {{}, SettingsFile::tr("\"%1\" cannot be read: %2").arg(path, file.errorString())};
+    if (text.size() > maxSize)
+        return {{},
+                SettingsFile::tr("\"%1\" is larger than %2 MiB, which settings are not")
+                    .arg(path)
+                    .arg(maxSize >> 20)};
+    return {std::move(text), std::nullopt};
+}
+
+QString previousOf(const QString& path)
+{
+    return path + QStringLiteral(".previous");
+}
+
+/// Makes the settings file of now, which is about to be replaced, the previous one too. Where a file system
+/// knows no second names there is none.
+void keepAsPrevious(const QString& path)
+{
+    const QByteArray current = QFile::encodeName(path);
+    const QByteArray previous = QFile::encodeName(previousOf(path));
+    const QByteArray next = previous + ".new";
+    unlink(next.constData());
+    if (linkat(AT_FDCWD, current.constData(), AT_FDCWD, next.constData(), AT_SYMLINK_FOLLOW) == 0)
+        rename(next.constData(), previous.constData());
+    // It is still there if both are one file already, which happens where a write failed.
+    unlink(next.constData());
 }
 
 /// Writes a text to a file that is open without a buffer.
@@ -207,13 +257,6 @@ bool writeAll(QFileDevice& file, const QByteArray& text)
     return true;
 }
 
-/// Replaces a file whole, or leaves it as it is and returns false.
-bool replace(QSaveFile& file, const QByteArray& text)
-{
-    // Not buffered: commit() pays no heed to a buffer that it could not write.
-    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, text) && file.commit();
-}
-
 /// Makes a file that is not there yet, on disk and whole, or returns false.
 bool create(QFile& file, const QByteArray& text, QFile::Permissions permissions)
 {
@@ -224,6 +267,18 @@ bool create(QFile& file, const QByteArray& text, QFile::Permissions permissions)
     // Its name becomes free again.
     unlink(QFile::encodeName(file.fileName()).constData());
     return false;
+}
+
+/// What changes are made to where the file itself holds no setting.
+/// \param text what it does hold
+/// \param known what it is known to have held
+QByteArray lastKnown(const QString& path, const QByteArray& text, const QByteArray* known)
+{
+    if (known != nullptr && holdsSettings(*known))
+        return *known;
+    // A file that is missing was removed: no crash does that, and whoever did it wanted it so.
+    const QByteArray previous = QFileInfo::exists(path) ? contentsOf(previousOf(path)).text : QByteArray();
+    return holdsSettings(previous) ? previous : text;
 }
 
 /// A copy of a settings file that is kept beside it.
@@ -263,8 +318,8 @@ std::optional<QString> keepCopy(const QString& path, const QByteArray& text)
     const std::vector<Copy> before = copiesOf(path);
     if (!before.empty()) {
         // As when what comes after the copy has failed, and is tried again.
-        QFile newest(before.back().path);
-        if (contents(newest) == text)
+        const Contents newest = contentsOf(before.back().path);
+        if (!newest.problem && newest.text == text)
             return std::nullopt;
     }
     const qint64 number = before.empty() ? 1 : before.back().number + 1;
@@ -337,15 +392,8 @@ private:
     int m_file = -1;
 };
 
-} // namespace
-
-QString defaultSettingsFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/%1/%2.conf").arg(identity::folder, identity::name);
-}
-
-StoredSettings readSettings(const QString& path)
+/// What an ordinary file holds as QSettings reads it.
+StoredSettings readValues(const QString& path)
 {
     const QSettings file(path, QSettings::IniFormat);
     StoredSettings stored;
@@ -360,6 +408,34 @@ StoredSettings readSettings(const QString& path)
             QStringLiteral("\"%1\" has lines that were passed over; they should read key=value or [group]")
                 .arg(path);
     }
+    return stored;
+}
+
+} // namespace
+
+QString defaultSettingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/%1/%2.conf").arg(identity::folder, identity::name);
+}
+
+StoredSettings readSettings(const QString& path)
+{
+    Contents now = contentsOf(path);
+    const bool isDamaged = now.problem || (QFileInfo::exists(path) && !holdsSettings(now.text));
+    Contents previous = isDamaged ? contentsOf(previousOf(path)) : Contents();
+    if (holdsSettings(previous.text)) {
+        StoredSettings stored = readValues(previousOf(path));
+        stored.text = std::move(previous.text);
+        stored.problem =
+            QStringLiteral("%1; the settings of before its last change are used")
+                .arg(now.problem.value_or(QStringLiteral("\"%1\" holds no settings any more").arg(path)));
+        return stored;
+    }
+    if (now.problem)
+        return {{}, {}, *now.problem + QStringLiteral("; a file that you may read and write is expected")};
+    StoredSettings stored = readValues(path);
+    stored.text = std::move(now.text);
     return stored;
 }
 
@@ -393,7 +469,7 @@ QByteArray withSettings(QByteArrayView text, const SettingValues& changes)
 
 std::optional<WritingFailure> writeSettings(const QString& path, const SettingValues& changes,
                                             const std::set<std::string>& unreadable,
-                                            std::chrono::milliseconds patience)
+                                            std::chrono::milliseconds patience, QByteArray* known)
 {
     const QString folder = QFileInfo(path).absolutePath();
     if (!QDir().mkpath(folder)) {
@@ -411,17 +487,28 @@ std::optional<WritingFailure> writeSettings(const QString& path, const SettingVa
                 "the folder \"%1\" cannot be written to (%2); permission and free space are expected")
                 .arg(folder, QString::fromStdString(std::generic_category().message(error)))};
     }
-    QFile current(path);
-    const std::optional<QByteArray> text = contents(current);
-    if (!text)
-        return WritingFailure{SettingsFile::tr("\"%1\" cannot be read: %2").arg(path, current.errorString())};
-    if (losesUnreadable(*text, changes, unreadable)) {
-        if (const std::optional<QString> failure = keepCopy(path, *text))
-            return WritingFailure{*failure};
+    const Contents now = contentsOf(path);
+    if (now.problem)
+        return WritingFailure{*now.problem};
+    const bool isWhole = holdsSettings(now.text);
+    const QByteArray base = isWhole ? now.text : lastKnown(path, now.text, known);
+    const bool losesText = base != now.text && !now.text.isEmpty();
+    if (losesText || losesUnreadable(now.text, changes, unreadable)) {
+        if (const std::optional<QString> problem = keepCopy(path, now.text))
+            return WritingFailure{*problem};
     }
-    QSaveFile next(path);
-    if (!replace(next, withSettings(*text, changes)))
-        return WritingFailure{SettingsFile::tr("\"%1\" cannot be written: %2").arg(path, next.errorString())};
+    const QByteArray next = withSettings(base, changes);
+    try {
+        FileWriter file(QFile::encodeName(path).toStdString(), Permissions::asBefore);
+        file.write(std::as_bytes(std::span(next)));
+        if (isWhole)
+            keepAsPrevious(path);
+        file.commit();
+    } catch (const FileError& failure) {
+        return WritingFailure{QString::fromUtf8(failure.what())};
+    }
+    if (known != nullptr)
+        *known = next;
     return std::nullopt;
 }
 

@@ -26,6 +26,7 @@ using SettingValues = std::map<std::string, SettingValue>;
 struct StoredSettings
 {
     std::map<std::string, QVariant> values; ///< those in no group, as QSettings reads them
+    QByteArray text;                        ///< of the file that they were read from
     std::optional<QString> problem;
 };
 
@@ -33,7 +34,8 @@ struct StoredSettings
 [[nodiscard]] QString defaultSettingsFile();
 
 /// Reads a settings file, an INI file as QSettings knows it. One that is missing holds nothing; of a damaged
-/// one as much is read as can be.
+/// one as much is read as can be. One that holds no setting at all any more, as after a crash of the machine,
+/// gives way to what it was before its last change, "<path>.previous".
 [[nodiscard]] StoredSettings readSettings(const QString& path);
 
 /// The text of a settings file with new values for some keys, which consist of letters and digits. All else
@@ -48,12 +50,15 @@ struct WritingFailure
 };
 
 /// Puts new values into a settings file, at once and whole or not at all: as long as the new file is not on
-/// disk, the old one stays. Before it replaces what nobody could read, which are the values of the keys in
-/// `unreadable` and those that run on over several lines because a quote is missing, it keeps a copy of the
-/// file beside it, "<path>.unreadable-<number>"; the newest five stay.
-/// \param patience how long to wait for another program that is writing the file
+/// disk, the old one stays, and afterwards it is "<path>.previous". Before it replaces what nobody could
+/// read, which are the values of the keys in `unreadable` and those that run on over several lines because a
+/// quote is missing, it keeps a copy of the file beside it, "<path>.unreadable-<number>"; the newest five
+/// stay. \param patience how long to wait for another program that is writing the file \param known what the
+/// file held when it was last read or written, which the changes are made to where it is gone or holds no
+/// setting any more; afterwards what it holds now
 [[nodiscard]] std::optional<WritingFailure> writeSettings(const QString& path, const SettingValues& changes,
                                                           const std::set<std::string>& unreadable = {},
-                                                          std::chrono::milliseconds patience = {});
+                                                          std::chrono::milliseconds patience = {},
+                                                          QByteArray* known = nullptr);
 
 } // namespace tessel

@@ -18,9 +18,11 @@ constexpr std::chrono::milliseconds endPatience{500};
 
 } // namespace
 
-SettingsSaver::SettingsSaver(QString file, std::set<std::string> unreadable, Timing timing, QObject* parent)
+SettingsSaver::SettingsSaver(QString file, QByteArray text, std::set<std::string> unreadable, Timing timing,
+                             QObject* parent)
     : QObject(parent)
     , m_file(std::move(file))
+    , m_text(std::move(text))
     , m_timing(timing)
     , m_unreadable(std::move(unreadable))
     , m_laterTimer(this)
@@ -92,8 +94,8 @@ void SettingsSaver::write(std::chrono::milliseconds patience)
         return;
     m_isWriting = true;
     m_beingWritten = std::exchange(m_unsaved, {});
-    m_worker.run([file = m_file, changes = m_beingWritten, unreadable = m_unreadable,
-                  patience] { return writeSettings(file, changes, unreadable, patience); },
+    m_worker.run([this, changes = m_beingWritten, unreadable = m_unreadable,
+                  patience] { return writeSettings(m_file, changes, unreadable, patience, &m_text); },
                  [this](const Outcome<std::optional<WritingFailure>>& outcome) { written(outcome); });
 }
 

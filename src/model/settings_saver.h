@@ -46,8 +46,10 @@ public:
         std::chrono::milliseconds lockPatience; ///< until another program's writing becomes a failure
     };
 
+    /// \param text what the file holds
     /// \param unreadable keys whose values in the file nobody could read
-    SettingsSaver(QString file, std::set<std::string> unreadable, Timing timing, QObject* parent);
+    SettingsSaver(QString file, QByteArray text, std::set<std::string> unreadable, Timing timing,
+                  QObject* parent);
 
     /// Sets a value, which is on its way when commit() has been called or its time has come.
     void set(const std::string& key, SettingValue value, SaveWhen when);
@@ -76,6 +78,7 @@ private:
     void waitForWrite();
 
     const QString m_file;
+    QByteArray m_text; ///< what it holds; for the thread that writes
     const Timing m_timing;
     std::set<std::string> m_unreadable; ///< as long as there is no copy of the file
     SettingValues m_changing;           ///< to be left alone before they are written

@@ -61,7 +61,7 @@ void Store::load()
             unreadable.insert(setting->key);
         }
     }
-    m_saver = new SettingsSaver(m_environment.settingsFile, std::move(unreadable),
+    m_saver = new SettingsSaver(m_environment.settingsFile, stored.text, std::move(unreadable),
                                 SettingsSaver::Timing{m_environment.lookDelay, m_environment.retryInterval,
                                                       m_environment.lockPatience},
                                 this);

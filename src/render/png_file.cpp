@@ -3,11 +3,12 @@
 
 #include "render/png_file.h"
 
+#include "base/file_writer.h"
+
 #include <libdeflate.h>
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <functional>
@@ -15,8 +16,6 @@
 #include <new>
 #include <span>
 #include <string_view>
-#include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -26,157 +25,6 @@ namespace tessel {
 namespace fs = std::filesystem;
 
 namespace {
-
-class FileDescriptor
-{
-public:
-    explicit FileDescriptor(int opened) : m_number(opened) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor() { close(); }
-
-    [[nodiscard]] int get() const { return m_number; }
-    [[nodiscard]] bool isOpen() const { return m_number >= 0; }
-
-    /// Closes it before its time; false, with errno set, where a write fails only now.
-    bool close() { return !isOpen() || ::close(std::exchange(m_number, -1)) == 0; }
-
-private:
-    int m_number;
-};
-
-fs::path folderOf(const fs::path& path)
-{
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
-}
-
-/// Why the system refused something with `path`, in plain words.
-std::string reasonFor(int error, const fs::path& path)
-{
-    std::error_code ignored;
-    const fs::path folder = folderOf(path);
-    switch (error) {
-    case EACCES:
-    case EPERM:
-        return "permission denied";
-    case EROFS:
-        return "the file system is read-only";
-    case ENOENT:
-        return fs::exists(folder, ignored) ? "there is no such file"
-                                           : "there is no folder " + folder.string();
-    case ENOTDIR:
-        return folder.string() + " is not a folder";
-    case EISDIR:
-        return "it is a folder";
-    case ENOSPC:
-        return "the disk is full";
-    case EDQUOT:
-        return "the disk quota is used up";
-    case EFBIG:
-        return "the file would be larger than is allowed";
-    case ENAMETOOLONG:
-        return "the name is too long";
-    default:
-        return std::generic_category().message(error);
-    }
-}
-
-/// Writes one file so that it is there whole or not at all.
-class FileWriter
-{
-public:
-    explicit FileWriter(const fs::path& path) : m_name(path), m_target(path) {}
-
-    void write(std::span<const std::byte> bytes)
-    {
-        if (!m_name.has_filename())
-            fail(m_name.empty() ? ENOENT : EISDIR);
-        struct stat status = {};
-        const bool exists = ::stat(m_name.c_str(), &status) == 0;
-        if (!exists && errno != ENOENT)
-            fail(errno);
-        if (exists && S_ISDIR(status.st_mode))
-            fail(EISDIR);
-        if (exists && !S_ISREG(status.st_mode))
-            return overwrite(bytes);
-        followLinks();
-        // A link in /proc may mean a file that no name leads to: one that is open as standard output, say.
-        std::error_code ignored;
-        if (exists && !fs::equivalent(m_name, m_target, ignored))
-            return overwrite(bytes);
-        replace(bytes);
-    }
-
-private:
-    [[noreturn]] void fail(int error) const
-    {
-        const bool writable = ::faccessat(AT_FDCWD, folderOf(m_target).c_str(), W_OK, AT_EACCESS) == 0;
-        throw FileError(writable ? FileError::Code::unknown : FileError::Code::noPermission,
-                        m_name.string() + ": cannot be written: " + reasonFor(error, m_target));
-    }
-
-    void followLinks()
-    {
-        std::error_code noLink;
-        for (fs::path link = fs::read_symlink(m_target, noLink); !noLink;
-             link = fs::read_symlink(m_target, noLink))
-            m_target = m_target.parent_path() / link;
-    }
-
-    void overwrite(std::span<const std::byte> bytes)
-    {
-        FileDescriptor file(::open(m_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
-        if (!file.isOpen())
-            fail(errno);
-        writeAll(file, bytes);
-        if (!file.close())
-            fail(errno);
-    }
-
-    void replace(std::span<const std::byte> bytes)
-    {
-        FileDescriptor file(createTemporary());
-        try {
-            writeAll(file, bytes);
-            if (::fsync(file.get()) != 0 || !file.close() ||
-                ::rename(m_temporary.c_str(), m_target.c_str()) != 0)
-                fail(errno);
-        } catch (...) {
-            ::unlink(m_temporary.c_str());
-            throw;
-        }
-    }
-
-    /// Opens a file beside the target under a name that nothing has yet.
-    int createTemporary()
-    {
-        static std::atomic<unsigned> count = 0;
-        int file = -1;
-        do {
-            m_temporary = folderOf(m_target) /
-                          (".tessel-" + std::to_string(::getpid()) + "-" + std::to_string(count++) + ".tmp");
-            file = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        } while (file < 0 && errno == EEXIST);
-        if (file < 0)
-            fail(errno);
-        return file;
-    }
-
-    void writeAll(const FileDescriptor& file, std::span<const std::byte> bytes) const
-    {
-        while (!bytes.empty()) {
-            const ssize_t written = ::write(file.get(), bytes.data(), bytes.size());
-            if (written >= 0)
-                bytes = bytes.subspan(static_cast<std::size_t>(written));
-            else if (errno != EINTR)
-                fail(errno);
-        }
-    }
-
-    fs::path m_name;   ///< as the caller calls it
-    fs::path m_target; ///< the same file after links
-    fs::path m_temporary;
-};
 
 std::uint32_t bigEndian(std::span<const std::uint8_t, 4> bytes)
 {
@@ -333,7 +181,7 @@ private:
 
 void writePng(const Picture& picture, const std::optional<std::string>& lookJson, const fs::path& path)
 {
-    FileWriter(path).write(encodePng(picture, lookJson));
+    writeFile(path, encodePng(picture, lookJson));
 }
 
 std::optional<std::string> readLookText(const fs::path& path)

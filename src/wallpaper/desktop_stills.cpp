@@ -3,112 +3,124 @@
 
 #include "wallpaper/desktop_stills.h"
 
-#include "base/file_error.h"
-#include "model/look_json.h"
-#include "render/png_file.h"
-#include "wallpaper/wallpaper_folder.h"
-
-#include <QImageReader>
-
-#include <algorithm>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 
 namespace tessel {
 
-namespace {
-
-/// Whether a file is a still of this look for this screen.
-bool shows(const DesktopPicture& picture, const std::string& json)
+DesktopStills::DesktopStills(const WallpaperEnvironment& environment, Scene& scene, StillMaker& maker)
+    : m_environment(environment)
+    , m_scene(scene)
+    , m_maker(maker)
+    , m_latest(environment.store, maker.writer(), environment.folder)
 {
-    if (picture.file.isEmpty() || QImageReader(picture.file).size() != picture.screen.pixels().size())
-        return false;
-    try {
-        return readLookText(picture.file.toStdString()) == json;
-    } catch (const FileError&) {
-        return false;
-    }
-}
-
-QStringList filesOf(const std::vector<DesktopPicture>& pictures)
-{
-    QStringList files;
-    for (const DesktopPicture& picture : pictures)
-        files.append(picture.file);
-    return files;
-}
-
-} // namespace
-
-DesktopStills::DesktopStills(Store& store, Graphics& graphics, DesktopPictures& desktop,
-                             const QString& folder)
-    : m_store(store)
-    , m_desktop(desktop)
-    , m_folder(folder)
-    , m_maker(graphics, folder)
-{
+    m_delay.setSingleShot(true);
+    connect(&m_delay, &QTimer::timeout, this, [this] {
+        // It would take the windows away before the look has been seen in them.
+        if (m_scene.isPreparing())
+            m_delay.start();
+        else
+            make();
+    });
+    connect(&m_scene, &Scene::changed, this, &DesktopStills::sceneChanged);
+    connect(&m_scene, &Scene::failed, this, &DesktopStills::sceneFailed);
     connect(&m_maker, &StillMaker::failed, this, &DesktopStills::failed);
-    connect(&m_maker, &StillMaker::written, this, [this](const std::vector<DesktopPicture>& pictures) {
-        keep(pictures);
-        ++m_calls;
-        m_desktop.set(m_latest);
-        Q_EMIT made();
-    });
-    connect(&m_desktop, &DesktopPictures::finished, this, &DesktopStills::answer);
+    connect(&m_maker, &StillMaker::written, this, &DesktopStills::handOver);
+    connect(&m_environment.pictures, &DesktopPictures::finished, this, &DesktopStills::answer);
+    connect(&m_environment.windows.screens(), &Screens::changed, this, &DesktopStills::followScreens);
 }
 
-void DesktopStills::make(const StillRecipe& recipe, const std::vector<Screen>& screens)
+/// Behind an animation they wait, unless the desktop shows what is not ours: only in front of a picture that
+/// is known can icons be left free.
+void DesktopStills::schedule()
 {
-    m_maker.request(recipe, screens);
+    m_maker.cancel();
+    const bool waits = m_environment.store.appliedMotion() && m_latest.cover(screens());
+    m_delay.start(waits ? m_environment.delays.animated : m_environment.delays.still);
 }
 
-bool DesktopStills::areFor(const std::vector<Screen>& screens) const
+void DesktopStills::cancel()
 {
-    return std::ranges::equal(m_latest, screens, &Screen::isSamePlace, &DesktopPicture::screen);
+    m_delay.stop();
+    m_maker.cancel();
 }
 
-bool DesktopStills::areShownOn(const std::vector<Screen>& screens) const
+void DesktopStills::finish()
 {
-    return std::ranges::all_of(screens, [this](const Screen& screen) {
-        return std::ranges::any_of(
-            m_latest, [&](const DesktopPicture& picture) { return picture.screen.name == screen.name; });
-    });
+    if (m_delay.isActive()) {
+        m_delay.stop();
+        make();
+    }
+    const QDeadlineTimer limit(m_environment.delays.leaving);
+    QTimer::singleShot(m_environment.delays.leaving, this, [] {});
+    QEventLoop loop;
+    while ((m_maker.isBusy() || m_calls > 0) && !limit.hasExpired())
+        loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 
-void DesktopStills::find(const Look& look, const std::vector<Screen>& screens)
+void DesktopStills::find()
 {
-    const QStringList files = m_store.latestPictures();
-    m_latest.clear();
-    for (const Screen& screen :
-         screens.size() == static_cast<std::size_t>(files.size()) ? screens : std::vector<Screen>())
-        m_latest.push_back({screen, files.at(static_cast<qsizetype>(m_latest.size()))});
-    m_maker.writer().run(
-        [pictures = m_latest, json = encodeLook(look)] {
-            return !pictures.empty() &&
-                   std::ranges::all_of(pictures, [&](const auto& picture) { return shows(picture, json); });
-        },
-        [this](const Outcome<bool>& outcome) {
-            if (outcome.value.value_or(false))
-                Q_EMIT found();
-            else
-                Q_EMIT missing();
-        });
+    if (m_environment.store.desktop() && !areComing())
+        m_latest.find(*m_environment.store.desktop(), screens(), [this](bool found) { takeFound(found); });
 }
 
-void DesktopStills::restore()
+/// Whether pictures are to be made, or are being made, that the desktop or our windows will be given.
+bool DesktopStills::areComing() const
 {
+    return m_delay.isActive() || m_maker.isBusy();
+}
+
+void DesktopStills::followScreens()
+{
+    if (m_environment.store.desktop() && (m_waitsForScreen || !m_latest.areFor(screens())))
+        schedule();
+}
+
+void DesktopStills::sceneChanged()
+{
+    m_failedLook.reset();
+    // The cross-fade begins only now, and what is to come after it waits for its end.
+    if (m_delay.isActive())
+        m_delay.start();
+}
+
+/// What is on the screens stays there: a still of the look could not be drawn either.
+void DesktopStills::sceneFailed(const QString& problem)
+{
+    m_failedLook = m_environment.store.desktop();
+    cancel();
+    Q_EMIT failed(problem);
+}
+
+void DesktopStills::make()
+{
+    const std::vector<Screen> now = screens();
+    const std::optional<Look>& look = m_environment.store.desktop();
+    m_waitsForScreen = now.empty();
+    if (!now.empty() && look)
+        m_maker.request({*look, m_environment.clocks.phase(Source::desktop), m_scene.edge()}, now);
+}
+
+void DesktopStills::handOver(const std::vector<DesktopPicture>& pictures)
+{
+    m_latest.set(pictures);
     ++m_calls;
-    m_desktop.restore(m_latest);
+    m_environment.pictures.set(pictures);
+    tellMissingPhoto();
+    Q_EMIT ready();
 }
 
-void DesktopStills::savePng(const StillRecipe& recipe, QSize size, const QString& file,
-                            std::function<void(std::optional<QString> failure)> done)
+void DesktopStills::takeFound(bool found)
 {
-    m_maker.save(recipe, size, file, std::move(done));
-}
-
-void DesktopStills::keep(const std::vector<DesktopPicture>& pictures)
-{
-    m_latest = pictures;
-    m_store.setLatestPictures(filesOf(pictures));
+    if (areComing() || !m_environment.store.desktop())
+        return;
+    if (found) {
+        Q_EMIT ready();
+        ++m_calls;
+        m_environment.pictures.restore(latest());
+    } else if (m_environment.store.desktop() != m_failedLook) {
+        Q_EMIT missing();
+    }
 }
 
 void DesktopStills::answer(const QStringList& failures)
@@ -117,15 +129,22 @@ void DesktopStills::answer(const QStringList& failures)
     if (--m_calls > 0)
         return;
     if (failures.isEmpty())
-        prune();
-    Q_EMIT handedOver(failures);
+        m_latest.prune();
+    if (areComing())
+        return;
+    if (!failures.isEmpty())
+        Q_EMIT failed(failures.join(QLatin1Char('\n')));
+    Q_EMIT handedOver();
 }
 
-/// Only once the desktop shows the latest: what it shows instead may be the oldest of all.
-void DesktopStills::prune()
+void DesktopStills::tellMissingPhoto()
 {
-    m_maker.writer().run([folder = m_folder, screens = static_cast<int>(m_latest.size()),
-                          inUse = filesOf(m_latest)] { pruneStills(folder, screens, inUse); });
+    const Look& look = *m_environment.store.desktop();
+    const std::string path = look.pattern == Pattern::image ? look.imagePath.value_or("") : "";
+    const std::string problem = m_environment.graphics.encoder().photos().problem(path);
+    if (!problem.empty())
+        Q_EMIT photoMissing(
+            QStringLiteral("%1: %2").arg(QString::fromStdString(path), QString::fromStdString(problem)));
 }
 
 } // namespace tessel

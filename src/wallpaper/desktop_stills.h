@@ -3,81 +3,80 @@
 
 #pragma once
 
-#include "model/store.h"
-#include "platform/desktop_pictures.h"
+#include "scene/scene.h"
+#include "wallpaper/latest_stills.h"
 #include "wallpaper/still_maker.h"
+#include "wallpaper/wallpaper_environment.h"
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
+#include <optional>
 #include <vector>
 
 namespace tessel {
 
-/// The pictures that the desktop shows by itself: makes them as files, hands them to the desktop, and keeps
-/// those made last known from one start of the program to the next.
+/// The pictures that the desktop shows by itself: decides when they are made of the store's desktop look, and
+/// hands them to the desktop.
 class DesktopStills : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive this.
-    DesktopStills(Store& store, Graphics& graphics, DesktopPictures& desktop, const QString& folder);
+    /// The scene, which shows the same look live, and the maker must outlive this.
+    DesktopStills(const WallpaperEnvironment& environment, Scene& scene, StillMaker& maker);
 
-    /// Makes a picture for every screen and hands them to the desktop. What was under way is given up.
-    void make(const StillRecipe& recipe, const std::vector<Screen>& screens);
+    /// Has a picture made for every screen some time from now. What was under way is given up.
+    void schedule();
 
-    /// Gives up what is being made.
-    void cancel() { m_maker.cancel(); }
+    /// Gives up what is to be made or being made.
+    void cancel();
 
-    /// Whether pictures are being made, and whether the desktop still has to say that it shows some.
-    [[nodiscard]] bool isMaking() const { return m_maker.isBusy(); }
-    [[nodiscard]] bool isHandingOver() const { return m_calls > 0; }
+    /// Makes what is scheduled now, and waits, within the delay for leaving, until the desktop has it:
+    /// without our windows it would show the picture of an earlier look.
+    void finish();
 
-    /// The pictures made last, and whether they are for these screens.
-    [[nodiscard]] const std::vector<DesktopPicture>& latest() const { return m_latest; }
-    [[nodiscard]] bool areFor(const std::vector<Screen>& screens) const;
+    /// Looks for the pictures made last. Where they are there and of the store's look, they are `ready` and
+    /// the desktop is to show them; else they are `missing`.
+    void find();
 
-    /// Whether the desktop shows, as far as we know, pictures of ours on all of these screens, if only of
-    /// another size.
-    [[nodiscard]] bool areShownOn(const std::vector<Screen>& screens) const;
-
-    /// Takes the files known from before for these screens, and tells by `found` or `missing` whether they
-    /// are there and show this look.
-    void find(const Look& look, const std::vector<Screen>& screens);
-
-    /// Has the desktop show the latest pictures where it shows something else.
-    void restore();
-
-    /// Draws a look at a size in pixels and writes it as a PNG file.
-    /// \param done called on this thread, with the reason for people if it did not work
-    void savePng(const StillRecipe& recipe, QSize size, const QString& file,
-                 std::function<void(std::optional<QString> failure)> done);
+    [[nodiscard]] const std::vector<DesktopPicture>& latest() const { return m_latest.pictures(); }
 
 Q_SIGNALS:
-    /// There are new pictures, which the desktop is being given.
-    void made();
-    /// They could not be made; the old ones stay.
+    /// The latest pictures are there, and the desktop is being given them.
+    void ready();
+    /// There are none of the store's look.
+    void missing();
+    /// The desktop has taken the latest pictures, or refused some.
+    void handedOver();
+    /// They could not be made or were refused; the old ones stay.
     /// \param message why, for people
     void failed(const QString& message);
-    /// The desktop has taken the latest pictures, or refused some.
-    /// \param failures why screens kept what they had; empty if none did
-    void handedOver(const QStringList& failures);
-
-    void found();
-    void missing();
+    /// They show the look without its photo.
+    /// \param message why, naming the file
+    void photoMissing(const QString& message);
 
 private:
-    void keep(const std::vector<DesktopPicture>& pictures);
+    [[nodiscard]] std::vector<Screen> screens() const { return m_environment.windows.screens().list(); }
+    [[nodiscard]] bool areComing() const;
+    void followScreens();
+    void sceneChanged();
+    void sceneFailed(const QString& problem);
+    void make();
+    void handOver(const std::vector<DesktopPicture>& pictures);
+    void takeFound(bool found);
     void answer(const QStringList& failures);
-    void prune();
+    void tellMissingPhoto();
 
-    Store& m_store;
-    DesktopPictures& m_desktop;
-    const QString m_folder;
-    StillMaker m_maker;
-    std::vector<DesktopPicture> m_latest;
-    int m_calls = 0; ///< of the desktop, that it has not answered
+    const WallpaperEnvironment m_environment;
+    Scene& m_scene;
+    StillMaker& m_maker;
+    LatestStills m_latest;
+    std::optional<Look> m_failedLook; ///< that could not be drawn
+    QTimer m_delay;                   ///< until the pictures are made
+    bool m_waitsForScreen = false;    ///< they were to be made while there was no screen
+    int m_calls = 0;                  ///< of the desktop, that it has not answered
 };
 
 } // namespace tessel

@@ -3,10 +3,12 @@
 
 #pragma once
 
-#include "platform/window_system.h"
-#include "render/graphics.h"
 #include "scene/scene.h"
 #include "wallpaper/passthrough_view.h"
+#include "wallpaper/wallpaper_environment.h"
+
+#include <QObject>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -14,26 +16,27 @@
 namespace tessel {
 
 /// What plays on the desktop: a window on every screen, which is drawn live or hidden, so that the desktop
-/// shows its own picture.
-class LiveWindows
+/// shows its own picture. While nobody can see the desktop nothing is drawn.
+class LiveWindows : public QObject
 {
-public:
-    /// All must outlive this.
-    LiveWindows(WindowSystem& system, Scene& scene, Graphics& graphics);
+    Q_OBJECT
 
-    /// Has one window on each screen from now on; none is touched as long as the screens are the same.
-    void setScreens(const std::vector<Screen>& screens);
-    [[nodiscard]] bool areOn(const std::vector<Screen>& screens) const;
+public:
+    /// \param scene must outlive this
+    LiveWindows(const WallpaperEnvironment& environment, Scene& scene);
+
+    /// Has the scene show what the store has now, for a window on each screen.
+    void show();
 
     void play();
     void hide();
+    /// Hides them once the desktop will show the picture that it has just been given, unless they are to show
+    /// something else by then.
+    void hideLater() { m_appearing.start(); }
     [[nodiscard]] bool arePlaying() const { return m_arePlaying; }
 
-    /// Whether somebody may see the desktop; while nobody does, nothing is drawn.
-    void setSeen(bool seen);
-
-    /// Draws at once, as after a sleep.
-    void restart();
+    /// Of the views that the screens take.
+    [[nodiscard]] std::vector<ViewSize> sizes() const;
 
 private:
     struct LiveWindow
@@ -42,15 +45,18 @@ private:
         std::unique_ptr<PassthroughView> view;
     };
 
+    [[nodiscard]] bool areOn(const std::vector<Screen>& screens) const;
+    void setScreens(const std::vector<Screen>& screens);
+    void followScreens();
+    void restart();
     void refreshPauses();
 
-    WindowSystem& m_system;
+    const WallpaperEnvironment m_environment;
     Scene& m_scene;
-    Graphics& m_graphics;
     std::vector<Screen> m_screens; ///< those without a window included
     std::vector<LiveWindow> m_windows;
     bool m_arePlaying = false;
-    bool m_isSeen = true;
+    QTimer m_appearing; ///< until they are hidden, after the desktop has got its picture
 };
 
 } // namespace tessel

@@ -3,7 +3,7 @@
 
 #include "wallpaper/photos.h"
 
-#include "base/file_error.h"
+#include "base/file_writer.h"
 #include "base/identity.h"
 #include "render/photo.h"
 
@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUuid>
+
+#include <span>
 
 namespace tessel {
 
@@ -70,16 +71,14 @@ QString ordinarySuffix(const QString& file)
     return ordinary.match(suffix).hasMatch() ? QLatin1Char('.') + suffix : QString();
 }
 
-void copyBytes(QFile& from, QSaveFile& to)
+void copyBytes(QFile& from, FileWriter& to)
 {
     while (!from.atEnd()) {
         const QByteArray bytes = from.read(chunk);
         if (bytes.isEmpty())
             throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be read: %2"))
                               .arg(from.fileName(), from.errorString()));
-        if (to.write(bytes) != bytes.size())
-            throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
-                              .arg(to.fileName(), to.errorString()));
+        to.write(std::as_bytes(std::span(bytes)));
     }
 }
 
@@ -106,16 +105,11 @@ QString copyPhoto(const QString& file, const QString& folder)
         throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be read: %2"))
                           .arg(file, original.errorString()));
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + ordinarySuffix(file);
-    QSaveFile copy(QDir(folder).filePath(name));
-    // Not buffered: commit() pays no heed to a buffer that it could not write.
-    if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
-                          .arg(copy.fileName(), copy.errorString()));
+    const QString path = QDir(folder).filePath(name);
+    FileWriter copy(path.toStdString());
     copyBytes(original, copy);
-    if (!copy.commit())
-        throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be written: %2"))
-                          .arg(copy.fileName(), copy.errorString()));
-    return copy.fileName();
+    copy.commit();
+    return path;
 }
 
 std::optional<std::set<QString>> photosInUse(const Store& store)

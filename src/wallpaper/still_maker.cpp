@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 namespace tessel {
 
@@ -26,6 +28,16 @@ int nextSliceRows(int rows, double milliseconds)
 {
     const double fitting = rows * sliceMilliseconds / std::max(milliseconds, 0.01);
     return static_cast<int>(std::clamp(fitting, rows / 4.0, rows * 2.0));
+}
+
+/// \throws FileError
+void requireFolder(const QString& folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder.toStdString(), error);
+    if (error)
+        throw FileError(FileError::Code::noPermission,
+                        folder.toStdString() + ": the folder cannot be made: " + error.message());
 }
 
 /// \throws FileError
@@ -91,8 +103,6 @@ StillMaker::~StillMaker()
 void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& screens)
 {
     cancel();
-    // What is wrong with the folder shows when the files are written.
-    QDir().mkpath(m_folder);
     const qint64 stamp = QDateTime::currentMSecsSinceEpoch();
     const auto request = std::make_shared<Request>();
     m_latest = request;
@@ -111,8 +121,12 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                      return;
                  }
                  const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
-                 m_writer.run([picture, json, file] { write(*picture, json, file); },
-                              [this, request](const auto& outcome) { finish(request, outcome.failure); });
+                 m_writer.run(
+                     [picture, json, file, folder = m_folder] {
+                         requireFolder(folder);
+                         write(*picture, json, file);
+                     },
+                     [this, request](const auto& outcome) { finish(request, outcome.failure); });
              });
     }
 }

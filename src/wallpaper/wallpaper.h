@@ -3,49 +3,17 @@
 
 #pragma once
 
-#include "model/store.h"
-#include "platform/desktop_pictures.h"
-#include "platform/session.h"
-#include "platform/window_system.h"
 #include "scene/scene.h"
 #include "wallpaper/desktop_stills.h"
 #include "wallpaper/desktop_wallpaper.h"
 #include "wallpaper/live_windows.h"
+#include "wallpaper/still_maker.h"
+#include "wallpaper/wallpaper_environment.h"
 
-#include <QTimer>
-
-#include <chrono>
 #include <functional>
+#include <optional>
 
 namespace tessel {
-
-/// "Tessel Broth/Wallpapers" below the user's data home.
-[[nodiscard]] QString defaultWallpaperFolder();
-
-/// From a look's being applied until its still is made: behind an animation, and instead of it once the
-/// cross-fade is over.
-struct StillDelays
-{
-    std::chrono::milliseconds animated{8000};
-    std::chrono::milliseconds still{1800};
-    /// From a picture's being set until the desktop shows it: some fade to it for more than a second.
-    std::chrono::milliseconds appearing{2000};
-    std::chrono::milliseconds leaving{3000}; ///< the longest that a still holds up the program's end
-};
-
-/// What the applier works with; everything named by reference must outlive it.
-struct WallpaperEnvironment
-{
-    Store& store;
-    WindowSystem& windows;
-    Session& session;
-    DesktopPictures& pictures;
-    Graphics& graphics;
-    AnimationClocks& clocks;
-    LookPreparer& preparer;
-    QString folder = defaultWallpaperFolder();
-    StillDelays delays = {};
-};
 
 /// Puts the store's desktop look on every screen: live in windows of our own, and as a picture that stays.
 class Wallpaper : public DesktopWallpaper
@@ -69,39 +37,19 @@ public:
                  std::function<void(std::optional<QString> failure)> done);
 
 private:
-    void restorePhase();
     void keepPhase();
-    [[nodiscard]] std::vector<Screen> screens() const { return m_environment.windows.screens().list(); }
-    [[nodiscard]] StillRecipe recipe(const Look& look) const;
-
-    [[nodiscard]] std::vector<ViewSize> sizes() const;
-    void showLook();
-    void showLive();
+    void playLive();
     void desktopChanged();
     void pictureReplaced();
-    void screensChanged();
-    void wake();
-
-    void scheduleStill();
-    [[nodiscard]] bool isStillComing() const;
-    void makeStill();
-    void finishStill();
-    void stillMade();
-    void stillHandedOver(const QStringList& failures);
-    void stillFound();
-    void stillMissing();
-    void tellMissingPhoto();
-    void lookFailed(const QString& problem);
+    void stillsReady();
+    void stillsMissing();
+    void stillsHandedOver();
 
     const WallpaperEnvironment m_environment;
     Scene m_scene;
     LiveWindows m_live;
+    StillMaker m_maker;
     DesktopStills m_stills;
-    std::optional<Look> m_failedLook; ///< that could not be drawn
-    QTimer m_stillDelay;              ///< until the still is made
-    QTimer m_appearing;               ///< until the windows are hidden, after the desktop has got its picture
-    bool m_waitsForScreen = false;    ///< a still was to be made while there was no screen
-    bool m_phaseRestored = false;
 };
 
 } // namespace tessel

@@ -3,8 +3,11 @@
 
 #include "wallpaper/wallpaper_folder.h"
 
+#include "base/identity.h"
+
 #include <QDir>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -26,34 +29,32 @@ qint64 timeOf(const QString& name)
     return name.section(QLatin1Char('-'), 1, 1).toLongLong();
 }
 
-/// What is left of files that were being written when the program was killed.
-void removeUnfinished(QDir& directory)
-{
-    const QDateTime hourAgo = QDateTime::currentDateTime().addSecs(-3600);
-    const QDir::Filters filters = QDir::Files | QDir::Hidden;
-    for (const QFileInfo& file : directory.entryInfoList({QStringLiteral(".tessel-*.tmp")}, filters))
-        if (file.lastModified() < hourAgo)
-            directory.remove(file.fileName());
-}
-
 } // namespace
+
+QString defaultWallpaperFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder + QStringLiteral("/Wallpapers");
+}
 
 QString stillFileName(qint64 milliseconds, int index)
 {
     return QString::asprintf("wall-%014lld-%d.png", milliseconds, index);
 }
 
-void pruneStills(const QString& folder, int screens, const QStringList& inUse)
+void pruneStills(const QString& folder, int screens, const QStringList& inUse, const QDateTime& now)
 {
     QDir directory(folder);
-    QStringList names = directory.entryList({QStringLiteral("wall-*")}, QDir::Files);
+    QStringList names = directory.entryList({QStringLiteral("wall-*")}, QDir::Files | QDir::NoSymLinks);
     names.removeIf([](const QString& name) { return !isStill(name); });
-    std::ranges::stable_sort(names, std::ranges::greater(), timeOf);
+    std::ranges::stable_sort(names, std::ranges::greater(), [&now](const QString& name) {
+        const qint64 time = timeOf(name);
+        return time > now.toMSecsSinceEpoch() ? 0 : time;
+    });
     const qsizetype kept = qsizetype{std::max(screens, 1)} * generationsKept;
     for (const QString& name : names.mid(std::min(kept, names.size())))
         if (!inUse.contains(directory.filePath(name)))
             directory.remove(name);
-    removeUnfinished(directory);
 }
 
 } // namespace tessel

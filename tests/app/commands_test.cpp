@@ -130,13 +130,13 @@ TEST_F(CommandsTest, ShowsTheAddressThatNothingOpens)
         const FakeOpener opener(
             R"(test "$1" = https://example.org/a%20bowl && touch "$(dirname "$0")/opened")");
         openWebPage(address, m_dialogs);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return opener.hasRun("opened"); }, 5000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return opener.hasRun("opened"); }, 30000));
         QTest::qWait(50);
         EXPECT_TRUE(openDialogs().isEmpty());
     }
     const FakeOpener opener("exit 3");
     openWebPage(address, m_dialogs);
-    ASSERT_TRUE(QTest::qWaitFor([] { return !openDialogs().isEmpty(); }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([] { return !openDialogs().isEmpty(); }, 30000));
     EXPECT_TRUE(openInformative().contains(address));
 }
 
@@ -260,7 +260,7 @@ protected:
     {
         usePhoto(*m_store, m_dialogs, m_worker, file, m_folder);
         EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return m_store->look().imagePath.has_value() || !openDialogs().isEmpty(); }, 5000));
+            [&] { return m_store->look().imagePath.has_value() || !openDialogs().isEmpty(); }, 30000));
     }
 
     [[nodiscard]] std::string alertedReason() const

@@ -124,7 +124,7 @@ TEST_F(DialogsTest, TakesTheFocusAndGivesItBack)
     ask(QStringLiteral("Flow Ember"));
     const WId window = openDialog().winId();
     EXPECT_TRUE(openDialog().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_log.given == window && m_log.panel == window; }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_log.given == window && m_log.panel == window; }, 30000));
     ASSERT_TRUE(QTest::qWaitForWindowActive(&openDialog()));
     press("Cancel");
     EXPECT_EQ(m_log.givenBack, 77U);
@@ -151,7 +151,7 @@ TEST_F(DialogsTest, LeavesTheFocusAloneWithAMereMessage)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     m_dialogs->alert({.message = QStringLiteral("Ready"), .informative = {}, .takeFocus = TakeFocus::no});
     const WId window = openDialog().winId();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_log.panel == window; }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_log.panel == window; }, 30000));
     press("OK");
     EXPECT_EQ(m_log.given, 0U);
 }
@@ -234,7 +234,7 @@ TEST_F(DialogsTest, HoldsNothingUp)
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] { isRun = true; });
     timer.start(0);
     ask(QStringLiteral("Flow Ember"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isRun; }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isRun; }, 30000));
     EXPECT_EQ(openDialogs().size(), 1);
     m_dialogs->alert({QStringLiteral("Another"), {}});
     EXPECT_EQ(openDialogs().size(), 2);

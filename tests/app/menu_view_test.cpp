@@ -109,7 +109,7 @@ TEST_F(MenuViewTest, TakesACheckmarkBackThatTheStateDoesNotHave)
     QAction* action = m_menu.actions().constFirst();
     action->trigger();
     EXPECT_FALSE(action->isChecked());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return action->isChecked(); }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return action->isChecked(); }, 30000));
     EXPECT_EQ(runs, 1);
 }
 
@@ -179,7 +179,7 @@ TEST_F(MenuViewTest, RunsShortcutsWhileItIsOpen)
     for (QMenu* menu : {&m_menu, &child}) {
         m_menu.popup({});
         m_menu.setActiveAction(child.menuAction());
-        ASSERT_TRUE(QTest::qWaitFor([&] { return child.isVisible(); }, 1000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return child.isVisible(); }, 30000));
         QTest::keyClick(menu, Qt::Key_Q, Qt::ControlModifier);
         EXPECT_FALSE(m_menu.isVisible());
         EXPECT_FALSE(child.isVisible());

@@ -90,7 +90,7 @@ TEST_F(ShuffleTimerTest, MakesUpForWhatWasMissedByOneServing)
     EXPECT_EQ(m_timer->remaining(), 1s);
     int servings = 0;
     QObject::connect(&*m_store, &Store::applied, m_timer.get(), [&] { ++servings; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return servings > 0; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return servings > 0; }, 30000));
     EXPECT_EQ(m_store->lastServed(), m_now);
     EXPECT_EQ(m_timer->remaining(), 60min);
     QTest::qWait(1200);
@@ -121,7 +121,7 @@ TEST_F(ShuffleTimerTest, LooksAgainAfterSleepAndWhenTheClockIsSet)
     Q_EMIT m_session.woke();
     int servings = 0;
     QObject::connect(&*m_store, &Store::applied, m_timer.get(), [&] { ++servings; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return servings == 1; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return servings == 1; }, 30000));
     // Put back by a week: what was served is far ahead now.
     m_now = m_now.addDays(-7);
     Q_EMIT m_session.clockSet();

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <sys/stat.h>
 #include <thread>
 
 namespace tessel {
@@ -160,6 +161,56 @@ TEST_F(SettingsFile, StaysAsItWasWhenTheDiskIsFull)
               QStringList(QStringLiteral("broth.conf")));
     EXPECT_EQ(writeSettings(path(), {{"edge", 0}}), std::nullopt);
     EXPECT_EQ(textOf(path()), QByteArray(before).replace("edge=1", "edge=0"));
+}
+
+TEST_F(SettingsFile, GivesWayToWhatItWasBeforeWhereNothingIsLeftOfIt)
+{
+    EXPECT_EQ(writeSettings(path(), {{"edge", 1}}), std::nullopt);
+    EXPECT_EQ(writeSettings(path(), {{"look", 2}}), std::nullopt);
+    for (const QByteArray& rubble : {QByteArray(), QByteArray(4551, '\0')}) {
+        put(path(), rubble);
+        const StoredSettings stored = readSettings(path());
+        EXPECT_EQ(stored.text, "[General]\nedge=1\n");
+        EXPECT_EQ(stored.values.at("edge").toInt(), 1);
+        ASSERT_TRUE(stored.problem);
+        EXPECT_THAT(stored.problem->toStdString(), HasSubstr("before its last change"));
+        EXPECT_EQ(writeSettings(path(), {{"tea", 3}}), std::nullopt);
+        EXPECT_EQ(textOf(path()), "[General]\ntea=3\nedge=1\n");
+        EXPECT_EQ(readSettings(path()).problem, std::nullopt);
+    }
+    EXPECT_EQ(textOf(path("broth.conf.unreadable-0001")), QByteArray(4551, '\0'));
+    put(path(), "; only a note\n");
+    QFile::remove(path("broth.conf.previous"));
+    EXPECT_EQ(writeSettings(path(), {{"tea", 3}}), std::nullopt);
+    EXPECT_EQ(textOf(path()), "[General]\ntea=3\n; only a note\n") << "there is nothing better";
+}
+
+TEST_F(SettingsFile, IsWrittenWholeAgainAfterItWasRemoved)
+{
+    QByteArray known = "[General]\nedge=1\nlook=2\n";
+    EXPECT_EQ(writeSettings(path(), {{"look", 3}}, {}, {}, &known), std::nullopt);
+    EXPECT_EQ(textOf(path()), "[General]\nedge=1\nlook=3\n");
+    QFile::remove(path());
+    EXPECT_EQ(writeSettings(path(), {{"tea", 4}}, {}, {}, &known), std::nullopt);
+    EXPECT_EQ(textOf(path()), "[General]\ntea=4\nedge=1\nlook=3\n");
+    // Somebody else has written it meanwhile: that counts.
+    put(path(), "[General]\nedge=0\n");
+    EXPECT_EQ(writeSettings(path(), {{"tea", 5}}, {}, {}, &known), std::nullopt);
+    EXPECT_EQ(textOf(path()), "[General]\ntea=5\nedge=0\n");
+}
+
+TEST_F(SettingsFile, IsAnOrdinaryFileOfASensibleSize)
+{
+    ASSERT_EQ(mkfifo(path("pipe").toLocal8Bit().constData(), 0600), 0);
+    put(path("huge"), QByteArray("a=1\n").repeated(3 << 20));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path("endless")));
+    for (const char* name : {"pipe", "huge", "endless"}) {
+        const StoredSettings stored = readSettings(path(name));
+        EXPECT_TRUE(stored.values.empty()) << name;
+        EXPECT_TRUE(stored.problem) << name;
+        EXPECT_TRUE(writeSettings(path(name), {{"edge", 1}})) << name;
+    }
+    EXPECT_EQ(QFileInfo(path("huge")).size(), 12 << 20) << "it may be somebody's";
 }
 
 TEST_F(SettingsFile, FollowsALink)

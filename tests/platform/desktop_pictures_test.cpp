@@ -19,7 +19,6 @@
 #include <QDBusArgument>
 #include <QDBusVariant>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -94,6 +93,17 @@ QImage together(const std::vector<DesktopPicture>& pictures, QSize size)
     return whole;
 }
 
+/// Why none of the monitors got its picture.
+QString commonReason(PictureBackend& backend, const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        static_cast<void>(backend.apply(pictures, Which::all));
+        return {};
+    } catch (const DesktopError& error) {
+        return error.reason;
+    }
+}
+
 // --- one request after the other ---
 
 struct Record
@@ -102,6 +112,7 @@ struct Record
     QString desktop = QStringLiteral("first");
     bool refuses = true;
     bool shows = true;
+    bool isGone = false; ///< and answers nothing
     QSemaphore allowed;
 };
 
@@ -113,11 +124,15 @@ public:
     [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) override
     {
         m_record.allowed.acquire();
+        if (m_record.isGone)
+            throw DesktopError{QStringLiteral("it is gone.")};
         m_record.files << pictures.front().file + (which == Which::all ? QString() : QStringLiteral("?"));
         return m_record.refuses ? QStringList{m_record.files.last()} : QStringList();
     }
     [[nodiscard]] bool shows(const std::vector<DesktopPicture>& /*pictures*/) override
     {
+        if (m_record.isGone)
+            throw DesktopError{QStringLiteral("it is gone.")};
         return m_record.shows;
     }
 
@@ -226,6 +241,23 @@ TEST_F(QueuedPicturesTest, TellsOnceOfAPictureThatSomebodyElseHasSet)
     EXPECT_EQ(replacements, 1);
 }
 
+TEST_F(QueuedPicturesTest, ADesktopThatIsGoneIsToldForEveryMonitorAndHasReplacedNothing)
+{
+    record.allowed.release(10);
+    record.refuses = false;
+    int replacements = 0;
+    QObject::connect(&queue, &DesktopPictures::replaced, [&replacements] { ++replacements; });
+    queue.set(two);
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 1; }));
+    record.isGone = true;
+    queue.lookAgain();
+    queue.set(two);
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 2; }));
+    EXPECT_THAT(answers[1], Has("HDMI-1: it is gone."));
+    EXPECT_THAT(answers[1], Has("DP-2: it is gone."));
+    EXPECT_EQ(replacements, 0);
+}
+
 TEST_F(QueuedPicturesTest, LeavesOutAFileThatIsGone)
 {
     record.allowed.release(10);
@@ -266,19 +298,35 @@ TEST_F(OnBusTest, AHungDesktopIsWaitedForOnce)
     EXPECT_THROW(programs.run(QStringLiteral("sleep"), {QStringLiteral("60")}), DesktopError);
 }
 
+/// Waits an hour for its desktop.
+class PatientBackend : public PictureBackend
+{
+public:
+    explicit PatientBackend(const QDBusConnection& bus) : m_calls(bus, 1h) {}
+    [[nodiscard]] QString desktop() const override { return QStringLiteral("patient"); }
+    [[nodiscard]] QStringList apply(const std::vector<DesktopPicture>& /*pictures*/, Which /*which*/) override
+    {
+        m_calls.call({QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
+                      QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript")},
+                     {});
+        return {};
+    }
+    [[nodiscard]] bool shows(const std::vector<DesktopPicture>& /*pictures*/) override { return true; }
+
+private:
+    DesktopCalls m_calls;
+};
+
 TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
 {
     FakeService service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                         [](const QString&, const QVariantList&) { return QVariantList(); });
     service.hang();
     auto queue = std::make_unique<QueuedPictures>(QString(),
-                                                  [this] { return std::make_unique<PlasmaPictures>(ours); });
+                                                  [this] { return std::make_unique<PatientBackend>(ours); });
     queue->set(two);
-    runEvents(100ms);
-    QElapsedTimer timer;
-    timer.start();
-    queue.reset();
-    EXPECT_LT(timer.elapsed(), 4000) << "it would be waited for for 5 s";
+    ASSERT_TRUE(waitUntil([&service] { return service.unanswered() == 1; }));
+    queue.reset(); // within the hour
 }
 
 class XfceTest : public OnBusTest
@@ -399,10 +447,9 @@ TEST_F(OnBusTest, PlasmaIsToldInOneScriptAndSaysWhatItTook)
     answer = QVariantList{QStringLiteral("[[2,2],[0,0]]")};
     EXPECT_TRUE(plasma.shows(two));
     answer = QVariantList{QStringLiteral("Widgets are locked")};
-    EXPECT_THAT(plasma.apply(two, Which::all),
-                ElementsAre(Has("HDMI-1: it answered “Widgets are locked”"), Has("DP-2")));
+    EXPECT_THAT(commonReason(plasma, two), Has("it answered “Widgets are locked”"));
     answer = std::nullopt;
-    EXPECT_THAT(plasma.apply(two, Which::all), ElementsAre(Has("HDMI-1: it does not allow"), Has("DP-2")));
+    EXPECT_THAT(commonReason(plasma, two), Has("it does not allow"));
 }
 
 TEST_F(OnBusTest, LxqtIsToldOnePictureForAllMonitors)
@@ -438,7 +485,7 @@ TEST_F(OnBusTest, LxqtIsToldOnePictureForAllMonitors)
     EXPECT_EQ(calls.back(), (QVariantList{newer[0].file, QString()}));
     EXPECT_FALSE(QFile::exists(spannedFile(newer)));
     takesIt = false;
-    EXPECT_THAT(lxqt.apply(two, Which::all), ElementsAre(Has("HDMI-1: its settings"), Has("DP-2")));
+    EXPECT_THAT(commonReason(lxqt, two), Has("its settings"));
 }
 
 // --- one picture for all monitors ---
@@ -531,11 +578,10 @@ TEST_F(OnBusTest, GnomeShowsTheSpannedPictureOnSeveralMonitors)
     EXPECT_EQ(QFileInfo(store).lastModified(), before) << "it shows that already";
 
     GnomePictures unknown(ours, QStringLiteral("org.example.none"));
-    EXPECT_THAT(unknown.apply(two, Which::all),
-                ElementsAre(Has("HDMI-1: it answered “No such schema"), Has("DP-2")));
+    EXPECT_THAT(commonReason(unknown, two), Has("it answered “No such schema"));
     // Without this backend what is set is lost with the program that sets it.
     const Variable memory("GSETTINGS_BACKEND", "memory");
-    EXPECT_THAT(gnome.apply(newer, Which::all), ElementsAre(Has("HDMI-1: its setting"), Has("DP-2")));
+    EXPECT_THAT(commonReason(gnome, newer), Has("its setting"));
 }
 
 // --- X11 ---
@@ -811,10 +857,13 @@ TEST_F(PcmanfmTest, GetsThePictureOfItsFirstMonitor)
 TEST_F(DetectionTest, APictureThatTheUserChoosesInTheDesktopsSettingsIsNoticed)
 {
     QVariantMap settings;
+    int readings = 0;
     FakeService service(bus.connect(), "org.xfce.Xfconf", "/org/xfce/Xfconf",
-                        [&settings](const QString& method, const QVariantList& arguments) {
-                            if (method == QLatin1String("GetAllProperties"))
+                        [&](const QString& method, const QVariantList& arguments) {
+                            if (method == QLatin1String("GetAllProperties")) {
+                                ++readings;
                                 return QVariantList{settings};
+                            }
                             settings[arguments.value(1).toString()] =
                                 arguments.value(2).value<QDBusVariant>().variant();
                             return QVariantList();
@@ -835,8 +884,10 @@ TEST_F(DetectionTest, APictureThatTheUserChoosesInTheDesktopsSettingsIsNoticed)
                         QVariant::fromValue(QDBusVariant(QStringLiteral("/chosen.png")))});
     };
     const QString setting = settings.firstKey();
+    const int before = readings;
     tell(setting);
-    runEvents(2500ms);
+    ASSERT_TRUE(waitUntil([&] { return readings > before; }));
+    runEvents(20ms);
     EXPECT_EQ(replacements, 0) << "our own";
     settings[setting] = QStringLiteral("/chosen.png");
     tell(setting);

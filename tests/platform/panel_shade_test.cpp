@@ -82,8 +82,7 @@ TEST_F(PanelShadeTest, KnowsWhichDesktopsHaveTheColoursOfWindows)
     answer(true);
     const LinuxPanelShade gnome(m_bus.connect(), QStringLiteral("ubuntu:GNOME"));
     const LinuxPanelShade plasma(m_bus.connect(), QStringLiteral("KDE"));
-    runEvents(std::chrono::milliseconds(50));
-    EXPECT_EQ(gnome.isDark(), true);
+    EXPECT_TRUE(waitUntil([&] { return gnome.isDark() == true; }));
     EXPECT_EQ(plasma.isDark(), std::nullopt);
 }
 

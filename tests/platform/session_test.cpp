@@ -85,6 +85,23 @@ private:
     std::array<int, 2> m_pipe{-1, -1};
 };
 
+/// Knows whether the machine runs on its battery.
+class PowerService : public FakeService
+{
+public:
+    explicit PowerService(const QDBusConnection& bus)
+        : FakeService(bus, QStringLiteral("org.freedesktop.UPower"))
+    {
+        setOnBattery(false);
+    }
+
+    void setOnBattery(bool on)
+    {
+        changeProperty(QStringLiteral("/org/freedesktop/UPower"), QStringLiteral("org.freedesktop.UPower"),
+                       QStringLiteral("OnBattery"), on);
+    }
+};
+
 class SessionTest : public testing::Test
 {
 protected:
@@ -96,6 +113,14 @@ protected:
         EXPECT_TRUE(waitUntil([&] { return m_session->state().*field == value; }));
     }
 
+    /// Waits until the session has heard all that services of the system have told before.
+    void expectAllHeard(PowerService& power)
+    {
+        const bool next = !m_session->state().onBattery;
+        power.setOnBattery(next);
+        expectBecomes(&SessionState::onBattery, next);
+    }
+
     const Variable m_sessionId{"XDG_SESSION_ID", "37"};
     WithApplication<QCoreApplication> m_application;
     PrivateBus m_bus;
@@ -104,6 +129,7 @@ protected:
 
 TEST_F(SessionTest, HoldsUpSleepUntilItWasHeardOf)
 {
+    PowerService power(m_bus.connect());
     LoginManager login(m_bus.connect());
     auto& session = makeSession();
     std::vector<std::string> heard;
@@ -111,12 +137,11 @@ TEST_F(SessionTest, HoldsUpSleepUntilItWasHeardOf)
         runEvents(50ms);
         heard.emplace_back(login.isHeldUp() ? "about to sleep, held up" : "about to sleep, too late");
     });
+    ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
+    expectAllHeard(power);
     QObject::connect(&session, &Session::changed,
                      [&] { heard.emplace_back(session.state().asleep ? "asleep" : "not asleep"); });
     QObject::connect(&session, &Session::woke, [&] { heard.emplace_back("woke"); });
-    ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
-    runEvents(50ms);
-
     login.prepareForSleep(true);
     EXPECT_TRUE(waitUntil([&] { return !login.isHeldUp(); }));
     expectBecomes(&SessionState::asleep, true);
@@ -128,6 +153,7 @@ TEST_F(SessionTest, HoldsUpSleepUntilItWasHeardOf)
 
 TEST_F(SessionTest, IsLockedWhileTheLockScreenOrAnySaverSaysSo)
 {
+    PowerService power(m_bus.connect());
     auto login = std::make_unique<LoginManager>(m_bus.connect());
     login->setProperty(QStringLiteral("LockedHint"), true);
     const auto savers = QStringLiteral("org.xfce.ScreenSaver");
@@ -137,18 +163,24 @@ TEST_F(SessionTest, IsLockedWhileTheLockScreenOrAnySaverSaysSo)
     makeSession();
     expectBecomes(&SessionState::locked, true);
 
+    const auto setLogin = [&](bool locked) {
+        login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), locked);
+    };
     const auto setSaver = [&](bool active) {
         saver.signal(QStringLiteral("/"), savers, QStringLiteral("ActiveChanged"), {active});
     };
+    setLogin(false);
+    expectBecomes(&SessionState::locked, false);
     setSaver(true);
-    runEvents(50ms);
-    login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), false);
-    runEvents(100ms);
+    expectBecomes(&SessionState::locked, true);
+    setLogin(true);
+    setLogin(false);
+    expectAllHeard(power);
     EXPECT_TRUE(m_session->state().locked) << "behind the screen saver";
     setSaver(false);
     expectBecomes(&SessionState::locked, false);
 
-    login->changeProperty(sessionPath, sessionInterface, QStringLiteral("LockedHint"), true);
+    setLogin(true);
     expectBecomes(&SessionState::locked, true);
     login.reset();
     expectBecomes(&SessionState::locked, false);
@@ -156,31 +188,29 @@ TEST_F(SessionTest, IsLockedWhileTheLockScreenOrAnySaverSaysSo)
 
 TEST_F(SessionTest, AnotherSessionsLockIsNotOurs)
 {
+    PowerService power(m_bus.connect());
     LoginManager login(m_bus.connect());
     makeSession();
     ASSERT_TRUE(waitUntil([&] { return login.locksHandedOut() == 1; }));
-    runEvents(50ms);
     login.signal(QStringLiteral("/org/freedesktop/login1/session/_38"),
                  QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
                  {sessionInterface, QVariantMap{{QStringLiteral("LockedHint"), true}}, QStringList()});
-    runEvents(100ms);
+    expectAllHeard(power);
     EXPECT_FALSE(m_session->state().locked);
 }
 
 TEST_F(SessionTest, AServiceThatComesLateOrAgainIsPickedUp)
 {
     makeSession();
-    runEvents(50ms);
-    const auto path = QStringLiteral("/org/freedesktop/UPower");
-    const auto name = QStringLiteral("org.freedesktop.UPower");
     for (int round = 0; round < 2; ++round) {
-        FakeService power(m_bus.connect(), name);
-        power.setProperty(QStringLiteral("OnBattery"), true);
+        PowerService power(m_bus.connect());
+        power.setOnBattery(true);
         expectBecomes(&SessionState::onBattery, true);
-        power.changeProperty(path, name, QStringLiteral("OnBattery"), false);
+        power.setOnBattery(false);
         expectBecomes(&SessionState::onBattery, false);
-        power.changeProperty(path, name, QStringLiteral("LidIsClosed"), true);
-        power.changeProperty(path, name, QStringLiteral("OnBattery"), true);
+        power.changeProperty(QStringLiteral("/org/freedesktop/UPower"),
+                             QStringLiteral("org.freedesktop.UPower"), QStringLiteral("LidIsClosed"), true);
+        power.setOnBattery(true);
         expectBecomes(&SessionState::onBattery, true);
     }
     expectBecomes(&SessionState::onBattery, false);

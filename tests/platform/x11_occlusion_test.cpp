@@ -219,7 +219,8 @@ TEST_F(X11OcclusionTest, AStormOfEventsTellsNothingUnlessItMatters)
         move(window, i % 800);
     expectStays(false);
     EXPECT_EQ(m_changes, 0);
-    EXPECT_TRUE(m_occlusion->isCovered(QRect(999 % 800, 0, 400, 300))) << "and still the last one counts";
+    EXPECT_TRUE(waitUntil([this] { return m_occlusion->isCovered(QRect(999 % 800, 0, 400, 300)); }))
+        << "and still the last one counts";
 }
 
 TEST(X11OcclusionWithoutServerTest, NothingIsCovered)

@@ -49,8 +49,7 @@ TEST_F(X11PanelTest, FloatsAsPanelsDoAndTakesTheKeyboardOnDemand)
     const std::unique_ptr<PanelWindow> panel = m_system.makePanelWindow(m_window);
     panel->setFrame(QRect(10, 20, 100, 200));
     panel->show();
-    runEvents(50ms);
-    EXPECT_EQ(m_window.geometry(), QRect(10, 20, 100, 200));
+    EXPECT_TRUE(waitUntil([this] { return m_window.geometry() == QRect(10, 20, 100, 200); }));
     EXPECT_THAT(property("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM),
                 Contains(m_server.atom("_NET_WM_WINDOW_TYPE_DOCK")));
     EXPECT_THAT(property("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL), ElementsAre(0xFFFFFFFF));
@@ -68,14 +67,15 @@ TEST_F(X11PanelTest, ClicksGoThroughAllButTheInputRegion)
     panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
     panel->show();
     panel->setInputRegion(QRegion(QRect(100, 100, 50, 60)));
-    runEvents(50ms);
     const auto id = static_cast<xcb_window_t>(m_window.winId());
-    const auto reply = readReply(xcb_shape_get_rectangles_reply, m_server.get(),
-                                 xcb_shape_get_rectangles(m_server.get(), id, XCB_SHAPE_SK_INPUT));
-    ASSERT_NE(reply, nullptr);
-    ASSERT_EQ(xcb_shape_get_rectangles_rectangles_length(reply.get()), 1);
-    const xcb_rectangle_t& area = *xcb_shape_get_rectangles_rectangles(reply.get());
-    EXPECT_EQ(QRect(area.x, area.y, area.width, area.height), QRect(100, 100, 50, 60));
+    EXPECT_TRUE(waitUntil([&] {
+        const auto reply = readReply(xcb_shape_get_rectangles_reply, m_server.get(),
+                                     xcb_shape_get_rectangles(m_server.get(), id, XCB_SHAPE_SK_INPUT));
+        if (reply == nullptr || xcb_shape_get_rectangles_rectangles_length(reply.get()) != 1)
+            return false;
+        const xcb_rectangle_t& area = *xcb_shape_get_rectangles_rectangles(reply.get());
+        return QRect(area.x, area.y, area.width, area.height) == QRect(100, 100, 50, 60);
+    }));
 }
 
 TEST_F(X11PanelTest, ThePointerIsHeardWhereverItIs)

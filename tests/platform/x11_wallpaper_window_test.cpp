@@ -198,7 +198,7 @@ TEST_F(X11WallpaperWindowTest, BelongsToTheWindowThatTheDesktopIsDrawnIn)
 TEST_F(X11WallpaperWindowTest, ComesBackOnTopOfADesktopThatWasStartedAnew)
 {
     m_window->show();
-    runEvents(100ms);
+    ASSERT_TRUE(waitUntil([this] { return placeOf(m_server, m_id).has_value(); }));
     countShowings();
     const xcb_window_t desktop = makeDesktop();
     stack({m_id, desktop});
@@ -252,6 +252,37 @@ TEST_F(X11WallpaperWindowTest, LiesBelowAllWindowsWhereNobodyKnowsDesktops)
     EXPECT_FALSE(showAnew());
     destroy(m_manager);
     EXPECT_TRUE(showAnew()) << "one that was killed is no manager";
+}
+
+TEST_F(X11WallpaperWindowTest, CannotBeClosedByOthers)
+{
+    class Closings : public QObject
+    {
+    public:
+        int count = 0;
+
+    protected:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            count += event->type() == QEvent::Close ? 1 : 0;
+            return false;
+        }
+    } closings;
+    QGuiApplication::allWindows().constLast()->installEventFilter(&closings);
+    m_window->show();
+    auto* canvas = std::get<PixelCanvas*>(m_window->canvas());
+    ASSERT_TRUE(waitUntil([&] { return canvas->isReady(); }));
+    xcb_client_message_event_t close{};
+    close.response_type = XCB_CLIENT_MESSAGE;
+    close.format = 32;
+    close.window = m_id;
+    close.type = m_server.atom("WM_PROTOCOLS");
+    close.data.data32[0] = m_server.atom("WM_DELETE_WINDOW");
+    xcb_send_event(m_server.get(), 0, m_id, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&close));
+    m_server.sync();
+    ASSERT_TRUE(waitUntil([&] { return closings.count == 1; }));
+    EXPECT_TRUE(canvas->isReady());
+    EXPECT_EQ(placeOf(m_server, m_id), place);
 }
 
 TEST_F(X11WallpaperWindowTest, ComesBackToItsPlace)

@@ -51,6 +51,10 @@ void FakeService::signal(const QString& path, const QString& interface, const QS
     auto message = QDBusMessage::createSignal(path, interface, member);
     message.setArguments(arguments);
     EXPECT_TRUE(m_bus.send(message));
+    // Whatever anybody sends from now on arrives later.
+    m_bus.call(QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
 }
 
 bool FakeService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)

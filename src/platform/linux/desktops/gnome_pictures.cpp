@@ -26,26 +26,12 @@ QString quoted(QString text)
 
 } // namespace
 
-QStringList GnomePictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
-{
-    try {
-        change(pictures, which);
-    } catch (const DesktopError& error) {
-        return refusals(pictures, error.reason);
-    }
-    return {};
-}
-
 bool GnomePictures::shows(const std::vector<DesktopPicture>& pictures)
 {
-    try {
-        return differing(pictures).empty();
-    } catch (const DesktopError&) {
-        return true;
-    }
+    return differing(pictures).empty();
 }
 
-void GnomePictures::change(const std::vector<DesktopPicture>& pictures, Which which)
+QStringList GnomePictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
 {
     const QString problem = pictures.size() > 1 ? writeSpanned(pictures) : QString();
     if (!problem.isEmpty())
@@ -53,6 +39,7 @@ void GnomePictures::change(const std::vector<DesktopPicture>& pictures, Which wh
     changeScaling(pictures.size() > 1);
     for (const auto& [key, value] : which == Which::all ? wanted(pictures) : differing(pictures))
         changeSetting(key, value);
+    return {};
 }
 
 std::map<QString, QString> GnomePictures::wanted(const std::vector<DesktopPicture>& pictures)

@@ -22,7 +22,6 @@ public:
     [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
-    void change(const std::vector<DesktopPicture>& pictures, Which which);
     /// The settings of these pictures, in the form that they are read and written in, by their keys.
     [[nodiscard]] std::map<QString, QString> wanted(const std::vector<DesktopPicture>& pictures);
     /// Those of them that are otherwise now.

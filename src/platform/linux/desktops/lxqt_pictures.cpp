@@ -37,27 +37,13 @@ bool showsPictures(const QString& mode)
 
 } // namespace
 
-QStringList LxqtPictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
-{
-    try {
-        change(pictures, which);
-    } catch (const DesktopError& error) {
-        return refusals(pictures, error.reason);
-    }
-    return {};
-}
-
 bool LxqtPictures::shows(const std::vector<DesktopPicture>& pictures)
 {
-    try {
-        const QString settings = settingsFile();
-        return setting(settings, "Wallpaper").toString() == fileFor(pictures, settings);
-    } catch (const DesktopError&) {
-        return true;
-    }
+    const QString settings = settingsFile();
+    return setting(settings, "Wallpaper").toString() == fileFor(pictures, settings);
 }
 
-void LxqtPictures::change(const std::vector<DesktopPicture>& pictures, Which which)
+QStringList LxqtPictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
 {
     const QString settings = settingsFile();
     const QString file = fileFor(pictures, settings);
@@ -67,12 +53,13 @@ void LxqtPictures::change(const std::vector<DesktopPicture>& pictures, Which whi
     // How pictures are scaled is the user's choice, unless none would be seen.
     const bool isSeen = showsPictures(setting(settings, "WallpaperMode").toString());
     if (which == Which::different && isSeen && setting(settings, "Wallpaper").toString() == file)
-        return;
+        return {};
     m_calls.call({service, QStringLiteral("/Application"), QStringLiteral("org.pcmanfm.Application"),
                   QStringLiteral("setWallpaper")},
                  {file, isSeen ? QString() : QStringLiteral("stretch")});
     if (setting(settings, "Wallpaper").toString() != file)
         throw DesktopError{QStringLiteral("its settings in %1 stay as they were.").arg(settings)};
+    return {};
 }
 
 QString LxqtPictures::settingsFile()

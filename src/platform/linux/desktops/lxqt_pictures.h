@@ -19,7 +19,6 @@ public:
     [[nodiscard]] bool shows(const std::vector<DesktopPicture>& pictures) override;
 
 private:
-    void change(const std::vector<DesktopPicture>& pictures, Which which);
     [[nodiscard]] QString settingsFile();
 
     DesktopCalls m_calls;

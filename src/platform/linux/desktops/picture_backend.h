@@ -29,9 +29,11 @@ public:
 
     /// \param pictures whose files all exist
     /// \return a message for every monitor that did not get its picture
+    /// \throws DesktopError where none of them did, for one reason
     [[nodiscard]] virtual QStringList apply(const std::vector<DesktopPicture>& pictures, Which which) = 0;
 
-    /// Whether the desktop shows these pictures. One that does not answer is taken to.
+    /// Whether the desktop shows these pictures.
+    /// \throws DesktopError if it does not say
     [[nodiscard]] virtual bool shows(const std::vector<DesktopPicture>& pictures) = 0;
 };
 

@@ -111,15 +111,10 @@ QString problem(int desktops, int taken)
 
 QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, Which which)
 {
-    QJsonArray counts;
-    try {
-        const QString answer = run(pictures, which == Which::all ? "all" : "different");
-        counts = QJsonDocument::fromJson(answer.toUtf8()).array();
-        if (counts.size() != static_cast<qsizetype>(pictures.size()))
-            return refusals(pictures, QStringLiteral("it answered “%1”.").arg(answer.left(200)));
-    } catch (const DesktopError& error) {
-        return refusals(pictures, error.reason);
-    }
+    const QString answer = run(pictures, which == Which::all ? "all" : "different");
+    const QJsonArray counts = QJsonDocument::fromJson(answer.toUtf8()).array();
+    if (counts.size() != static_cast<qsizetype>(pictures.size()))
+        throw DesktopError{QStringLiteral("it answered “%1”.").arg(answer.left(200))};
     QStringList failures;
     for (std::size_t i = 0; i < pictures.size(); ++i) {
         const QJsonArray count = counts.at(static_cast<qsizetype>(i)).toArray();
@@ -132,14 +127,10 @@ QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, W
 
 bool PlasmaPictures::shows(const std::vector<DesktopPicture>& pictures)
 {
-    try {
-        const QJsonArray counts = QJsonDocument::fromJson(run(pictures, "none").toUtf8()).array();
-        return std::ranges::all_of(counts, [](const QJsonValue& count) {
-            return count.toArray().at(0).toInt() == count.toArray().at(1).toInt();
-        });
-    } catch (const DesktopError&) {
-        return true;
-    }
+    const QJsonArray counts = QJsonDocument::fromJson(run(pictures, "none").toUtf8()).array();
+    return std::ranges::all_of(counts, [](const QJsonValue& count) {
+        return count.toArray().at(0).toInt() == count.toArray().at(1).toInt();
+    });
 }
 
 QString PlasmaPictures::run(const std::vector<DesktopPicture>& pictures, const char* change)

@@ -3,6 +3,8 @@
 
 #include "platform/linux/desktops/queued_pictures.h"
 
+#include "platform/linux/desktops/desktop_calls.h"
+
 #include <QDBusConnection>
 #include <QFileInfo>
 
@@ -25,6 +27,26 @@ QStringList removeMissing(std::vector<DesktopPicture>& pictures)
         return true;
     });
     return failures;
+}
+
+QStringList apply(PictureBackend& backend, const std::vector<DesktopPicture>& pictures,
+                  PictureBackend::Which which)
+{
+    try {
+        return backend.apply(pictures, which);
+    } catch (const DesktopError& error) {
+        return refusals(pictures, error.reason);
+    }
+}
+
+/// A desktop that does not answer is taken to show what it was given.
+bool shows(PictureBackend& backend, const std::vector<DesktopPicture>& pictures)
+{
+    try {
+        return backend.shows(pictures);
+    } catch (const DesktopError&) {
+        return true;
+    }
 }
 
 } // namespace
@@ -140,14 +162,14 @@ QueuedPictures::Answer QueuedPictures::carryOut(const Request& request) const
     std::vector<DesktopPicture> pictures = request.pictures;
     if (request.callers == 0 && (request.before == answer.desktop || pictures.empty())) {
         answer.isReplaced =
-            request.wasTaken && backend != nullptr && !pictures.empty() && !backend->shows(pictures);
+            request.wasTaken && backend != nullptr && !pictures.empty() && !shows(*backend, pictures);
         return answer;
     }
     answer.failures = removeMissing(pictures);
     if (backend == nullptr)
         answer.failures += refusals(pictures, tr("it is of a kind that has no way to set pictures."));
     else if (!pictures.empty())
-        answer.failures += backend->apply(pictures, request.which);
+        answer.failures += apply(*backend, pictures, request.which);
     answer.wasTold = backend != nullptr;
     return answer;
 }

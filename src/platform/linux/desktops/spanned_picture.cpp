@@ -3,6 +3,9 @@
 
 #include "platform/linux/desktops/spanned_picture.h"
 
+#include "base/file_writer.h"
+
+#include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
@@ -10,9 +13,10 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 #include <algorithm>
+#include <limits>
+#include <span>
 
 namespace tessel {
 
@@ -88,11 +92,25 @@ QString compose(const std::vector<DesktopPicture>& pictures, QImage& whole)
     return {};
 }
 
-void removeOlder(const QDir& folder)
+/// Whether a file has a name that spannedFile() gives. All others are somebody else's.
+bool isSpanned(const QFileInfo& file)
 {
-    const QStringList newestFirst = folder.entryList({QStringLiteral("span-*.png")}, QDir::Files, QDir::Time);
-    for (const QString& name : newestFirst.mid(2))
-        QFile::remove(folder.filePath(name));
+    static const QRegularExpression form(QStringLiteral("^span-\\d{14}-[0-9a-f]{8}\\.png$"));
+    return form.match(file.fileName()).hasMatch();
+}
+
+/// Keeps the newest but one beside the newest itself. What a clock that was wrong has dated later goes first.
+void removeOlder(const QFileInfo& newest)
+{
+    QFileInfoList others = newest.dir().entryInfoList(QDir::Files | QDir::NoSymLinks);
+    others.removeIf([&](const QFileInfo& file) { return !isSpanned(file) || file == newest; });
+    const auto age = [now = newest.lastModified()](const QFileInfo& file) {
+        const qint64 milliseconds = file.lastModified().msecsTo(now);
+        return milliseconds < 0 ? std::numeric_limits<qint64>::max() : milliseconds;
+    };
+    std::ranges::sort(others, {}, age);
+    for (const QFileInfo& file : others.mid(1))
+        QFile::remove(file.filePath());
 }
 
 } // namespace
@@ -115,14 +133,18 @@ QString writeSpanned(const std::vector<DesktopPicture>& pictures)
     QString problem = compose(pictures, whole);
     if (!problem.isEmpty())
         return problem;
-    QSaveFile file(name);
     // Little compression: it is there for a short while, and the desktop waits for it.
     static constexpr int quickly = 85;
-    // Qt does not notice when the last of what it has buffered finds no space.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !whole.save(&file, "PNG", quickly) ||
-        !file.commit())
-        return QStringLiteral("the file %1 cannot be written: %2.").arg(name, file.errorString());
-    removeOlder(QFileInfo(name).dir());
+    QByteArray png;
+    QBuffer buffer(&png);
+    if (!whole.save(&buffer, "PNG", quickly))
+        return QStringLiteral("there is not enough memory to write the file %1.").arg(name);
+    try {
+        writeFile(name.toStdString(), std::as_bytes(std::span(png)));
+    } catch (const FileError& error) {
+        return QString::fromUtf8(error.what()) + QLatin1Char('.');
+    }
+    removeOlder(QFileInfo(name));
     return {};
 }
 

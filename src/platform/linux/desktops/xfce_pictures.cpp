@@ -64,12 +64,7 @@ QStringList XfcePictures::apply(const std::vector<DesktopPicture>& pictures, Whi
 
 bool XfcePictures::shows(const std::vector<DesktopPicture>& pictures)
 {
-    try {
-        return std::ranges::all_of(pictures,
-                                   [this](const DesktopPicture& picture) { return shows(picture); });
-    } catch (const DesktopError&) {
-        return true;
-    }
+    return std::ranges::all_of(pictures, [this](const DesktopPicture& picture) { return shows(picture); });
 }
 
 bool XfcePictures::shows(const DesktopPicture& picture)

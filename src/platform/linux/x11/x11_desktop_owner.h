@@ -46,6 +46,8 @@ private:
     void handle(const xcb_generic_event_t& event);
     void look();
 
+    /// Of its own: desktops are told their pictures whatever window system we run on, and a Wayland session
+    /// has an X server for those that need one.
     X11Connection m_connection;
     std::unique_ptr<X11Events> m_events;
     std::optional<std::string> m_owner;

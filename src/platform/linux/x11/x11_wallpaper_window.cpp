@@ -13,6 +13,7 @@
 #include "platform/linux/x11/x11_screen_power.h"
 #include "platform/linux/x11/x11_stacking.h"
 
+#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
@@ -72,6 +73,10 @@ protected:
         if (isExposed())
             Q_EMIT exposed();
     }
+
+    /// Whoever wants the wallpaper gone asks the program. A task list that offers to close everything would
+    /// leave a window that never shows anything again.
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
 };
 
 class X11Window final : public X11WallpaperWindow
