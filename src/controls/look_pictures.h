@@ -29,7 +29,7 @@ public:
 
 private:
     class Painter;
-    std::shared_ptr<Painter> m_painter;
+    const std::unique_ptr<Painter> m_painter;
 };
 
 /// The address of the picture of a look, which must be one that JSON can hold.

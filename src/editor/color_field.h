@@ -19,7 +19,7 @@ namespace tessel {
 class ColorField : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(ColorFieldModel)
     QML_UNCREATABLE("The palette editor makes its fields")
     /// "Colour 1"
     Q_PROPERTY(QString name READ name CONSTANT)
@@ -89,7 +89,6 @@ Q_SIGNALS:
     void edited();
 
 private:
-    void take(Color value);
     void rebuild();
 
     const int m_number;

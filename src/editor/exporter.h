@@ -84,17 +84,21 @@ private:
     [[nodiscard]] std::vector<Size> sizes() const;
     [[nodiscard]] StillRecipe recipe() const;
     void saveAs(const StillRecipe& recipe, const Size& size, QString file);
-    void noteProgress(int ticket, double progress);
     void finish(int ticket, const std::optional<QString>& failure);
+    void tellState();
+    void alertOfPng(const QString& reason);
+    void setDragUrl(const QUrl& url);
 
     Store& m_store;
     const Screens& m_screens;
     const AnimationClocks& m_clocks;
     const EditorServices& m_services;
     StillMaker m_maker;
-    std::map<int, Export> m_exports; ///< by the ticket of the still maker
-    QTemporaryDir m_dragFolder;
-    std::optional<StillRecipe> m_dragged; ///< what the picture to drag shows, or will
+    std::map<int, Export> m_exports; ///< those under way, as the still maker calls them
+    int m_finished = 0;              ///< those that have ended while others were still under way
+    std::optional<QTemporaryDir> m_dragFolder;
+    std::optional<Look> m_dragged; ///< what the picture to drag shows, or will
+    int m_dragTicket = 0;
     QUrl m_dragUrl;
 };
 

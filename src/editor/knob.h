@@ -17,7 +17,7 @@ class Store;
 class Knob : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(KnobModel)
     QML_UNCREATABLE("The editor makes its knobs")
     Q_PROPERTY(QString label READ label CONSTANT)
     /// Written as by typing: kept within the limits and on the steps.

@@ -5,6 +5,7 @@
 
 #include "editor/editor_services.h"
 #include "editor/knob.h"
+#include "editor/look_reader.h"
 #include "editor/tile_model.h"
 
 #include <QList>
@@ -13,7 +14,8 @@
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
-#include <memory>
+#include <functional>
+#include <initializer_list>
 
 class QMimeData;
 
@@ -120,12 +122,15 @@ Q_SIGNALS:
     void told(const QString& title, const QString& text);
 
 private:
+    [[nodiscard]] QList<Knob*> makeKnobs(std::initializer_list<float Look::*> fields);
     void readLook();
     void readStatus();
-    void takeText(const QString& text);
     void takeFile(const QString& file);
-    void takeBytes(const QByteArray& bytes);
+    void takePng(std::function<QByteArray()> makePng);
     void usePhoto(const QString& file);
+    void read(std::function<Found()> job);
+    void takeFound(const Found& found);
+    void tellUseless();
     void showPhoto(const QString& path);
     void removeOldPhotos();
     void setReading(int change);

@@ -6,11 +6,16 @@
 #include "editor/color_field.h"
 #include "editor/editor_services.h"
 #include "editor/palette_grid.h"
+#include "model/palette.h"
 
 #include <QList>
 #include <QObject>
 #include <QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
+
+#include <array>
+#include <optional>
+#include <vector>
 
 namespace tessel {
 
@@ -48,7 +53,7 @@ public:
     [[nodiscard]] int openIndex() const { return m_openIndex; }
     [[nodiscard]] bool canAdd() const;
     [[nodiscard]] bool canRemove() const;
-    [[nodiscard]] bool isReadingPhoto() const { return m_isReadingPhoto; }
+    [[nodiscard]] bool isReadingPhoto() const { return m_photosInWork > 0; }
     [[nodiscard]] QString deleteInformation() const;
 
     void setOpenIndex(int index);
@@ -88,21 +93,24 @@ Q_SIGNALS:
     void told(const QString& title, const QString& text);
 
 private:
+    void begin(std::optional<int> index, std::vector<Color> stops);
     void readDraft();
     void writeDraft();
     void readPhoto(const QString& file);
-    void takePhotoColors(const std::vector<Color>& colors);
+    void setPhotosInWork(int count);
+    [[nodiscard]] bool isMine(int index) const;
+    [[nodiscard]] std::vector<Color> draft() const;
 
     Store& m_store;
     Worker& m_worker;
     const EditorServices& m_services;
     PaletteGrid m_grid;
-    std::array<ColorField*, 5> m_allFields{};
+    std::array<ColorField*, maxStops> m_allFields{};
     QList<ColorField*> m_fields; ///< those in use
+    qsizetype m_shown = 0;       ///< how many were told of
     int m_openIndex = 0;
-    bool m_isReadingPhoto = false;
-    bool m_isWriting = false;
-    int m_edits = 0; ///< how many have begun, to tell one from the next
+    int m_edit = 0; ///< its number, to tell it from the next
+    int m_photosInWork = 0;
 };
 
 } // namespace tessel

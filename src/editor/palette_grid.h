@@ -62,6 +62,9 @@ public:
 
     void setShowsMore(bool shows);
 
+    /// "Mine 1" for the first of the user's own palettes.
+    [[nodiscard]] static QString nameOfMine(int index);
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
@@ -91,6 +94,7 @@ private:
         bool operator==(const Place&) const = default;
     };
 
+    static void appendRows(std::vector<Row>& rows, const std::vector<Swatch>& swatches);
     [[nodiscard]] static std::vector<Row> rowsOfMine(std::size_t count);
     [[nodiscard]] static std::vector<Row> rowsOfFamilies();
     void readPalettes();

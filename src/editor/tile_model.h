@@ -26,9 +26,9 @@ struct Tile
 /// What the tiles of a grid choose.
 struct TileChoice
 {
-    std::function<int(const Look&)> rowOf;              ///< the row that a look has chosen
-    std::function<Look(Look, int row)> choose;          ///< the look with another row chosen
-    std::function<Look(Look atRest, const Look&)> live; ///< a tile in the colours of a look
+    std::function<int(const Look&)> rowOf;                     ///< the row that a look has chosen
+    std::function<Look(Look, int row)> choose;                 ///< the look with another row chosen
+    std::function<Look(const Look& atRest, const Look&)> live; ///< a tile in the colours of a look
 };
 
 /// A grid of tiles, one of them chosen. Pictures are addresses of `image://looks`, to be asked for with a

@@ -242,6 +242,13 @@ void Store::shuffle()
     finish(ContinueFromEditor::no);
 }
 
+void Store::shuffleDraft()
+{
+    const bool hasPhoto = look().imagePath || !desktop();
+    fadeToNew(randomLook(m_environment.random, hasPhoto ? look().imagePath : desktop()->imagePath));
+    finish();
+}
+
 void Store::beginEditing(std::optional<int> index, std::vector<Color> stops)
 {
     if (!isPalette(stops))

@@ -178,6 +178,9 @@ public:
     /// stays still or animated as it is.
     void shuffle();
 
+    /// Makes a random look that keeps the photo, in the editor only.
+    void shuffleDraft();
+
     /// Begins to edit a palette: the look wears its colours, which are saved nowhere yet. A palette that is
     /// being edited is abandoned first.
     /// \param index its place among the custom palettes; none for a new one
