@@ -4,6 +4,7 @@
 #include "app/commands.h"
 
 #include "base/identity.h"
+#include "editor/preset_list.h"
 #include "model/palette.h"
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
@@ -12,13 +13,10 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
-#include <QFileInfo>
-#include <QPointer>
+#include <QImageReader>
 #include <QStandardPaths>
 #include <QUrl>
-#include <QUuid>
 
-#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -30,10 +28,6 @@ struct Commands
 {
     Q_DECLARE_TR_FUNCTIONS(Commands)
 };
-
-/// How long a photo that nobody uses any more is kept: a look can be outside of the store too, in a PNG file
-/// for example.
-constexpr std::chrono::days photoKeeping{60};
 
 void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()>& done)
 {
@@ -49,58 +43,55 @@ void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()
     });
 }
 
-void showPhoto(Store& store, const QString& path)
-{
-    Look look = store.look();
-    look.pattern = Pattern::image;
-    look.imagePath = path.toStdString();
-    store.changeLook(look);
-}
-
-void removeOldPhotos(const Store& store, Worker& worker, const QString& folder)
-{
-    const auto inUse = photosInUse(store);
-    if (!inUse)
-        return;
-    const QDateTime limit = QDateTime::currentDateTimeUtc().addDays(-photoKeeping.count());
-    worker.run([folder, inUse, limit] { removePhotos(folder, *inUse, limit); });
-}
-
-std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
+std::unique_ptr<QFileDialog> makeFileDialog(const QString& title)
 {
     auto dialog = std::make_unique<QFileDialog>();
     // From within a sandbox no dialog but the system's own sees the user's files. Everywhere else ours comes
     // to the front for certain.
     dialog->setOption(QFileDialog::DontUseNativeDialog, !isSandboxed());
-    dialog->setWindowTitle(Commands::tr("Save PNG"));
+    dialog->setWindowTitle(title);
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    return dialog;
+}
+
+std::unique_ptr<QFileDialog> makeSaveDialog(const QString& name)
+{
+    auto dialog = makeFileDialog(Commands::tr("Save PNG"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setNameFilter(Commands::tr("PNG pictures (*.png)"));
     dialog->setDefaultSuffix(QStringLiteral("png"));
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     dialog->selectFile(name);
     return dialog;
 }
 
-void alertOfPng(Dialogs& dialogs, const QString& reason)
+/// "*.jpeg *.jpg *.png" and whatever else can be read.
+QString picturePatterns()
 {
-    dialogs.alert({Commands::tr("Could not save that PNG"), reason});
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        patterns << QStringLiteral("*.") + QString::fromLatin1(format);
+    return patterns.join(QLatin1Char(' '));
 }
 
-void saveChosen(Dialogs& dialogs, const Look& look, QSize size, QString file, const SavePicture& save)
+std::unique_ptr<QFileDialog> makeImageDialog()
 {
-    if (QFileInfo(file).suffix().compare(QStringLiteral("png"), Qt::CaseInsensitive) != 0) {
-        file += QStringLiteral(".png");
-        // Nobody has been asked whether this one may be replaced.
-        if (QFileInfo::exists(file)) {
-            alertOfPng(dialogs, Commands::tr("There is \"%1\" already. Choose another name.").arg(file));
-            return;
-        }
-    }
-    save(look, size, file, [guard = QPointer(&dialogs)](const std::optional<QString>& failure) {
-        if (guard && failure)
-            alertOfPng(*guard, *failure);
-    });
+    auto dialog = makeFileDialog(Commands::tr("Choose a Photo"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(Commands::tr("Pictures (%1)").arg(picturePatterns()));
+    return dialog;
+}
+
+/// Shows a file dialog and tells the file that was chosen. If one of that id is open already, that one is
+/// what the user sees.
+void present(Dialogs& dialogs, const QString& id, std::unique_ptr<QFileDialog> dialog,
+             const std::function<void(const QString& file)>& chosen)
+{
+    const auto ended = [shown = dialog.get(), chosen] {
+        if (shown->result() == QDialog::Accepted && !shown->selectedFiles().isEmpty())
+            chosen(shown->selectedFiles().constFirst());
+    };
+    static_cast<void>(dialogs.present(id, std::move(dialog), ended));
 }
 
 } // namespace
@@ -132,12 +123,8 @@ void saveAsPreset(Store& store, Dialogs& dialogs)
     // What was on the desktop when the question came up, not what a fresh bowl may have put there since.
     const auto add = [&store, look = *store.desktop(),
                       motion = store.appliedMotion()](const std::optional<QString>& name) {
-        if (!name)
-            return;
-        std::vector<Preset> presets = store.presets();
-        presets.push_back({QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper().toStdString(),
-                           name->toStdString(), look, motion});
-        store.setPresets(std::move(presets));
+        if (name)
+            addPreset(store, *name, look, motion);
     };
     dialogs.askPresetName(Commands::tr("Save as preset"), initial, add);
 }
@@ -164,39 +151,17 @@ void openWebPage(const QString& address, Dialogs& dialogs)
     });
 }
 
-void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& save)
+EditorServices editorServices(Dialogs& dialogs)
 {
-    std::unique_ptr<QFileDialog> dialog = makeSaveDialog(pngName(look, size));
-    const auto ended = [&dialogs, shown = dialog.get(), look, size, save] {
-        if (shown->result() == QDialog::Accepted && !shown->selectedFiles().isEmpty())
-            saveChosen(dialogs, look, size, shown->selectedFiles().constFirst(), save);
-    };
-    // If it is open already, that one is what the user sees.
-    static_cast<void>(dialogs.present(QStringLiteral("save-png"), std::move(dialog), ended));
-}
-
-QString pngName(const Look& look, QSize size)
-{
-    const std::string_view pattern = title(look.pattern);
-    return QStringLiteral("Tessel Broth %1 %2x%3.png")
-        .arg(QString::fromUtf8(pattern.data(), static_cast<qsizetype>(pattern.size())))
-        .arg(size.width())
-        .arg(size.height());
-}
-
-void usePhoto(Store& store, Dialogs& dialogs, Worker& worker, const QString& file, const QString& folder)
-{
-    const auto copied = [&store, &worker, guard = QPointer(&dialogs), folder](const Outcome<QString>& copy) {
-        if (!guard)
-            return;
-        if (!copy.value) {
-            guard->alert({Commands::tr("Could not use that photo"), copy.failure});
-            return;
-        }
-        showPhoto(store, *copy.value);
-        removeOldPhotos(store, worker, folder);
-    };
-    worker.run([file, folder] { return copyPhoto(file, folder); }, copied);
+    return {.chooseImage =
+                [&dialogs](const auto& chosen) {
+                    present(dialogs, QStringLiteral("choose-image"), makeImageDialog(), chosen);
+                },
+            .choosePngFile =
+                [&dialogs](const QString& name, const auto& chosen) {
+                    present(dialogs, QStringLiteral("save-png"), makeSaveDialog(name), chosen);
+                },
+            .photoFolder = defaultPhotoFolder()};
 }
 
 } // namespace tessel

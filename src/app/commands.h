@@ -4,14 +4,11 @@
 #pragma once
 
 #include "app/dialogs.h"
-#include "base/worker.h"
+#include "editor/editor_services.h"
 #include "model/store.h"
 #include "platform/login_item.h"
 
-#include <QSize>
-
 #include <functional>
-#include <optional>
 
 namespace tessel {
 
@@ -30,20 +27,7 @@ void checkForUpdates(Dialogs& dialogs);
 /// Opens an address in the user's browser, or shows it where there is none.
 void openWebPage(const QString& address, Dialogs& dialogs);
 
-/// Draws a look at a size in pixels into a PNG file, and tells why if that does not work.
-using SavePicture = std::function<void(const Look& look, QSize size, const QString& file,
-                                       std::function<void(std::optional<QString> failure)> done)>;
-
-/// Asks where to save a look as a PNG file of a size in pixels, and saves it.
-void savePng(Dialogs& dialogs, const Look& look, QSize size, const SavePicture& save);
-
-/// The name that is proposed for such a file.
-[[nodiscard]] QString pngName(const Look& look, QSize size);
-
-/// Shows a photo in the edited look, from a copy of our own that is made meanwhile.
-/// \param file any picture file that can be read
-/// \param worker copies it, and must not outlive the store
-/// \param folder where the copies are
-void usePhoto(Store& store, Dialogs& dialogs, Worker& worker, const QString& file, const QString& folder);
+/// The file dialogs that the editor needs.
+[[nodiscard]] EditorServices editorServices(Dialogs& dialogs);
 
 } // namespace tessel

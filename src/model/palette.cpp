@@ -12,9 +12,6 @@ namespace {
 
 constexpr Color rgbBits = 0xFFFFFF;
 
-/// How many palettes at the head of the table belong to no family.
-constexpr int corePaletteCount = 12;
-
 std::vector<PaletteGroup> buildGroups()
 {
     std::vector<PaletteGroup> groups;
@@ -28,13 +25,9 @@ std::vector<PaletteGroup> buildGroups()
     return groups;
 }
 
-/// The palette that `look.palette` names. A negative index, which only code can set, counts as 0, as it
-/// does in a file.
 const Palette& builtInPalette(const Look& look)
 {
-    const std::span<const Palette> palettes = builtInPalettes();
-    const auto index = static_cast<std::size_t>(std::max<std::int64_t>(look.palette, 0));
-    return palettes[index % palettes.size()];
+    return builtInPalettes()[static_cast<std::size_t>(builtInIndex(look))];
 }
 
 bool hasOwnStops(const Look& look)
@@ -48,6 +41,13 @@ const std::vector<PaletteGroup>& paletteGroups()
 {
     static const std::vector<PaletteGroup> groups = buildGroups();
     return groups;
+}
+
+int builtInIndex(const Look& look)
+{
+    // A negative index, which only code can set, counts as 0, as it does in a file.
+    const auto count = static_cast<std::int64_t>(builtInPalettes().size());
+    return static_cast<int>(std::max<std::int64_t>(look.palette, 0) % count);
 }
 
 std::string_view paletteName(const Look& look)

@@ -16,6 +16,9 @@ namespace tessel {
 /// The most stops that are drawn.
 inline constexpr std::size_t maxStops = 5;
 
+/// How many palettes at the head of the table belong to no family.
+inline constexpr int corePaletteCount = 12;
+
 /// A named, built-in list of 2 to 5 stops, dark to light for the most part.
 struct Palette
 {
@@ -44,6 +47,9 @@ struct Stops
 
 /// The families after the core palettes, in table order: Metal, Silk, ... Ribbon.
 [[nodiscard]] const std::vector<PaletteGroup>& paletteGroups();
+
+/// The place in the table of the palette that a look names.
+[[nodiscard]] int builtInIndex(const Look& look);
 
 /// "Custom" for a look with its own stops, else the name of its palette; an empty list is no stops.
 [[nodiscard]] std::string_view paletteName(const Look& look);

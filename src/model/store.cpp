@@ -4,7 +4,9 @@
 #include "model/store.h"
 
 #include "model/json_reader.h"
+#include "model/palette.h"
 
+#include <algorithm>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -26,6 +28,28 @@ std::vector<Look> withoutNewest(std::vector<Look> looks)
 {
     looks.pop_back();
     return looks;
+}
+
+/// Whether these can be the colours of a palette.
+bool isPalette(const std::vector<Color>& stops)
+{
+    return stops.size() >= 2 && stops.size() <= maxStops &&
+           std::ranges::all_of(stops, [](Color stop) { return stop <= 0xFFFFFF; });
+}
+
+/// Whether a look is drawn in exactly these colours.
+bool wears(const Look& look, const std::vector<Color>& stops)
+{
+    const Stops drawn = resolveStops(look);
+    return std::equal(stops.begin(), stops.end(), drawn.slot.begin(), drawn.slot.begin() + drawn.count);
+}
+
+/// A look in these colours; if it has them already, as those of its palette too, it stays as it is.
+Look wearing(Look look, const std::vector<Color>& stops)
+{
+    if (!wears(look, stops))
+        look.custom = stops;
+    return look;
 }
 
 } // namespace
@@ -74,7 +98,7 @@ bool Store::isOnDesktop() const
 
 void Store::setLook(Look next)
 {
-    change(m_look, std::move(next));
+    changeEdited(std::move(next));
     finish();
 }
 
@@ -138,24 +162,6 @@ void Store::setLatestPictures(const QStringList& files)
     finish();
 }
 
-void Store::setDraftStops(std::optional<std::vector<Color>> stops)
-{
-    update(m_draftStops, std::move(stops), &Store::draftStopsChanged);
-    finish();
-}
-
-void Store::setDraftStopsIndex(std::optional<int> index)
-{
-    update(m_draftStopsIndex, index, &Store::draftStopsIndexChanged);
-    finish();
-}
-
-void Store::setStopsBeforeEdit(std::optional<std::vector<Color>> stops)
-{
-    update(m_stopsBeforeEdit, std::move(stops), &Store::stopsBeforeEditChanged);
-    finish();
-}
-
 void Store::changeLook(Look next)
 {
     if (encoded(next))
@@ -169,6 +175,18 @@ void Store::undo()
         return;
     Look last = m_history.back();
     update(m_history, withoutNewest(m_history), &Store::historyChanged);
+    update(m_undone, withNewest(m_undone, look()), &Store::undoneChanged);
+    fadeTo(std::move(last));
+    finish();
+}
+
+void Store::redo()
+{
+    if (m_undone.empty())
+        return;
+    Look last = m_undone.back();
+    update(m_undone, withoutNewest(m_undone), &Store::undoneChanged);
+    update(m_history, withNewest(m_history, look()), &Store::historyChanged);
     fadeTo(std::move(last));
     finish();
 }
@@ -207,6 +225,7 @@ void Store::previousWallpaper()
         return;
     const Look last = desktopHistory().back();
     change(m_desktopHistory, withoutNewest(desktopHistory()));
+    update(m_undone, {}, &Store::undoneChanged);
     fadeTo(last);
     putOnDesktop(last, RecordHistory::no, appliedMotion());
     finish(ContinueFromEditor::no);
@@ -231,18 +250,72 @@ void Store::shuffle()
     finish(ContinueFromEditor::no);
 }
 
+void Store::shuffleDraft()
+{
+    const bool hasPhoto = look().imagePath || !desktop();
+    fadeToNew(randomLook(m_environment.random, hasPhoto ? look().imagePath : desktop()->imagePath));
+    finish();
+}
+
+void Store::beginEditing(std::optional<int> index, std::vector<Color> stops)
+{
+    if (!isPalette(stops))
+        return;
+    const Look before = m_stopsBeforeEdit ? lookBeforeEdit() : look();
+    change(m_look, wearing(before, stops));
+    update(m_draftStops, std::optional(std::move(stops)), &Store::draftStopsChanged);
+    update(m_draftStopsIndex, index, &Store::draftStopsIndexChanged);
+    update(m_stopsBeforeEdit, std::optional(before.custom.value_or(std::vector<Color>())),
+           &Store::stopsBeforeEditChanged);
+    finish();
+}
+
+void Store::setDraftStops(std::vector<Color> stops)
+{
+    if (!m_stopsBeforeEdit || !isPalette(stops))
+        return;
+    change(m_look, wearing(look(), stops));
+    update(m_draftStops, std::optional(std::move(stops)), &Store::draftStopsChanged);
+    finish();
+}
+
+void Store::savePalette()
+{
+    if (!m_stopsBeforeEdit)
+        return;
+    std::vector<std::vector<Color>> palettes = customPalettes();
+    const auto index = static_cast<std::size_t>(m_draftStopsIndex.value_or(-1));
+    if (index < palettes.size())
+        palettes[index] = *m_draftStops;
+    else
+        palettes.push_back(*m_draftStops);
+    Look saved = look();
+    saved.custom = m_draftStops;
+    if (const Look before = lookBeforeEdit(); before != saved)
+        record(before);
+    change(m_customPalettes, std::move(palettes));
+    change(m_look, std::move(saved));
+    forgetEdit();
+    finish();
+}
+
 void Store::endEditing()
 {
     if (!m_stopsBeforeEdit)
         return;
-    // An empty list and none mean the same colours: then the look stays exactly as it is.
-    Look restored = look();
-    if (restored.custom.value_or(std::vector<Color>()) != *m_stopsBeforeEdit)
-        restored.custom = m_stopsBeforeEdit->empty() ? std::nullopt : m_stopsBeforeEdit;
-    change(m_look, std::move(restored));
-    update(m_draftStops, {}, &Store::draftStopsChanged);
-    update(m_draftStopsIndex, {}, &Store::draftStopsIndexChanged);
-    update(m_stopsBeforeEdit, {}, &Store::stopsBeforeEditChanged);
+    change(m_look, lookBeforeEdit());
+    forgetEdit();
+    finish();
+}
+
+void Store::deletePalette(int index)
+{
+    std::vector<std::vector<Color>> palettes = customPalettes();
+    if (index < 0 || static_cast<std::size_t>(index) >= palettes.size())
+        return;
+    palettes.erase(palettes.begin() + index);
+    change(m_customPalettes, std::move(palettes));
+    forgetEdit();
     finish();
 }
 
@@ -301,11 +374,19 @@ void Store::change(Setting<Value>& setting, Value value)
     update(setting.value, std::move(value), setting.signal);
 }
 
+/// Changes the edited look and ends the edit of a palette whose colours it does not have any more.
+void Store::changeEdited(Look next)
+{
+    change(m_look, std::move(next));
+    if (m_draftStops && !wears(look(), *m_draftStops))
+        forgetEdit();
+}
+
 void Store::fadeTo(Look next)
 {
     if (next != look())
         m_changes.push_back(&Store::lookReplaced);
-    change(m_look, std::move(next));
+    changeEdited(std::move(next));
 }
 
 /// Fades to a look that differs and records the one it replaces.
@@ -313,8 +394,32 @@ void Store::fadeToNew(Look next)
 {
     if (next == look())
         return;
-    update(m_history, withNewest(m_history, look()), &Store::historyChanged);
+    record(look());
     fadeTo(std::move(next));
+}
+
+/// Keeps a look that gives way to a new one.
+void Store::record(const Look& replaced)
+{
+    update(m_history, withNewest(m_history, replaced), &Store::historyChanged);
+    update(m_undone, {}, &Store::undoneChanged);
+}
+
+/// The look as it is but for its colours, which are those of before the edit.
+Look Store::lookBeforeEdit() const
+{
+    // An empty list and none mean the same colours: then the look stays exactly as it is.
+    Look restored = look();
+    if (restored.custom.value_or(std::vector<Color>()) != *m_stopsBeforeEdit)
+        restored.custom = m_stopsBeforeEdit->empty() ? std::nullopt : m_stopsBeforeEdit;
+    return restored;
+}
+
+void Store::forgetEdit()
+{
+    update(m_draftStops, {}, &Store::draftStopsChanged);
+    update(m_draftStopsIndex, {}, &Store::draftStopsIndexChanged);
+    update(m_stopsBeforeEdit, {}, &Store::stopsBeforeEditChanged);
 }
 
 void Store::putOnDesktop(Look next, RecordHistory record, bool motion)

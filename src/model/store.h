@@ -81,6 +81,8 @@ public:
     [[nodiscard]] const Look& look() const { return m_look.value; }
     /// The looks edited before, newest last; not saved.
     [[nodiscard]] const std::vector<Look>& history() const { return m_history; }
+    /// The looks that undo() has replaced since the last new one, newest last; not saved.
+    [[nodiscard]] const std::vector<Look>& undone() const { return m_undone; }
 
     /// The look on the desktop; there is none until one has been applied.
     [[nodiscard]] const std::optional<Look>& desktop() const { return m_desktop.value; }
@@ -104,7 +106,8 @@ public:
     /// The colours of the palette being edited and its place among the custom palettes, none for a new one.
     [[nodiscard]] const std::optional<std::vector<Color>>& draftStops() const { return m_draftStops; }
     [[nodiscard]] std::optional<int> draftStopsIndex() const { return m_draftStopsIndex; }
-    /// The look's own stops when editing began, empty if it had none; absent while no palette is edited.
+    /// The look's own stops when editing began, empty if it had none; absent while no palette is edited, as
+    /// the other two.
     [[nodiscard]] const std::optional<std::vector<Color>>& stopsBeforeEdit() const
     {
         return m_stopsBeforeEdit;
@@ -133,6 +136,9 @@ public:
 
     /// Changes the edited look in place, as a slider does. It is saved once it has been left alone for
     /// `lookDelay`.
+    ///
+    /// While a palette is edited, the look wears its draft. Whatever gives the look other colours, here or
+    /// below, ends the edit, and the look keeps those.
     void setLook(Look next);
     /// These are saved at once.
     void setMotion(bool motion);
@@ -146,10 +152,6 @@ public:
     void setLastServed(const QDateTime& served);
     void setDesktopPhase(double phase);
     void setLatestPictures(const QStringList& files);
-    /// These are not saved.
-    void setDraftStops(std::optional<std::vector<Color>> stops);
-    void setDraftStopsIndex(std::optional<int> index);
-    void setStopsBeforeEdit(std::optional<std::vector<Color>> stops);
 
     /// Cross-fades the edited look to another one; the old one goes to the history. A look that is equal
     /// already changes nothing.
@@ -157,6 +159,9 @@ public:
 
     /// Cross-fades the edited look to the newest one of the history, which leaves it.
     void undo();
+
+    /// Takes the last undo() back. The next new look ends that; what a slider does since goes to the history.
+    void redo();
 
     /// Puts a look on the desktop. Applied again, it is still shown anew but not recorded.
     /// \param motion whether it is animated; the user's choice when absent
@@ -179,8 +184,28 @@ public:
     /// stays still or animated as it is.
     void shuffle();
 
+    /// Makes a random look that keeps the photo, in the editor only.
+    void shuffleDraft();
+
+    /// Begins to edit a palette: the look wears its colours, which are saved nowhere yet. A palette that is
+    /// being edited is abandoned first.
+    /// \param index its place among the custom palettes; none for a new one
+    /// \param stops two to `maxStops` colours without a top byte; with others nothing happens
+    void beginEditing(std::optional<int> index, std::vector<Color> stops);
+
+    /// Changes the palette being edited, if there is one, and the look with it.
+    /// \param stops as above
+    void setDraftStops(std::vector<Color> stops);
+
+    /// Keeps the palette being edited, in its place or as the last one. The look has its colours, and goes to
+    /// the history as it was before.
+    void savePalette();
+
     /// Abandons the palette being edited, if there is one: the look has its colours of before again.
     void endEditing();
+
+    /// Deletes a custom palette, and ends an edit without touching the look.
+    void deletePalette(int index);
 
     /// Waits until everything is saved, as before the program ends, and half a second at most for another
     /// program that is writing the settings.
@@ -193,6 +218,7 @@ Q_SIGNALS:
     /// Before lookChanged().
     void lookReplaced();
     void historyChanged();
+    void undoneChanged();
     void desktopChanged();
     void desktopHistoryChanged();
     void motionChanged();
@@ -233,8 +259,12 @@ private:
     template<typename Value>
     void change(Setting<Value>& setting, Value value);
 
+    void changeEdited(Look next);
     void fadeTo(Look next);
     void fadeToNew(Look next);
+    void record(const Look& replaced);
+    [[nodiscard]] Look lookBeforeEdit() const;
+    void forgetEdit();
     void putOnDesktop(Look next, RecordHistory record, bool motion);
 
     StoreEnvironment m_environment;
@@ -264,6 +294,7 @@ private:
     Setting<QStringList> m_latestPictures{m_settings, "latestPictures", {}, SaveWhen::withNext};
 
     std::vector<Look> m_history;
+    std::vector<Look> m_undone;
     std::optional<std::vector<Color>> m_draftStops;
     std::optional<int> m_draftStopsIndex;
     std::optional<std::vector<Color>> m_stopsBeforeEdit;

@@ -42,7 +42,7 @@ int longestPhotoSide(int longestScreen)
     return std::max(longestScreen > 0 ? longestScreen : 3024, 2048);
 }
 
-QImage readPhoto(const std::string& path, int longestSide)
+QImage readPicture(const std::string& path, int longestSide)
 {
     const QString name = QString::fromStdString(path);
     requireFile(name);
@@ -57,8 +57,12 @@ QImage readPhoto(const std::string& path, int longestSide)
     if (image.isNull())
         throw PhotoError(reader.errorString().toStdString());
     // Formats that do not tell their size beforehand have been read whole.
-    return image.scaled(fitted(image.size(), longestSide), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_Grayscale8);
+    return image.scaled(fitted(image.size(), longestSide), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage readPhoto(const std::string& path, int longestSide)
+{
+    return readPicture(path, longestSide).convertToFormat(QImage::Format_Grayscale8);
 }
 
 } // namespace tessel

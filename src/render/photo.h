@@ -21,10 +21,13 @@ public:
 /// (given as 0), and never less than 2048.
 [[nodiscard]] int longestPhotoSide(int longestScreen = 0);
 
-/// The luminance of a photo in any format Qt reads, 8-bit grey, upright by its EXIF orientation and scaled
-/// down while it is read so that no side exceeds `longestSide`.
+/// A picture in any format Qt reads, upright by its EXIF orientation and scaled down while it is read so that
+/// no side exceeds `longestSide`.
 /// \param path UTF-8
 /// \throws PhotoError
+[[nodiscard]] QImage readPicture(const std::string& path, int longestSide);
+
+/// The luminance of a photo, 8-bit grey, otherwise the same.
 [[nodiscard]] QImage readPhoto(const std::string& path, int longestSide);
 
 } // namespace tessel

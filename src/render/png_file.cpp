@@ -179,9 +179,12 @@ private:
 
 } // namespace
 
-void writePng(const Picture& picture, const std::optional<std::string>& lookJson, const fs::path& path)
+void writePng(const Picture& picture, const std::optional<std::string>& lookJson, const fs::path& path,
+              const std::function<bool()>& isWanted)
 {
-    writeFile(path, encodePng(picture, lookJson));
+    const auto encoded = encodePng(picture, lookJson);
+    if (isWanted())
+        writeFile(path, encoded);
 }
 
 std::optional<std::string> readLookText(const fs::path& path)

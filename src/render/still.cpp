@@ -85,6 +85,11 @@ bool StillDrawing::advance(FrameEncoder& encoder, StillTiming* timing)
     return m_done < m_frame.height;
 }
 
+double StillDrawing::drawn() const
+{
+    return std::min(static_cast<double>(m_done) / std::max(m_frame.height, 1), 1.0);
+}
+
 std::optional<Picture> StillDrawing::take()
 {
     return m_done >= m_frame.height ? std::exchange(m_picture, std::nullopt) : std::nullopt;

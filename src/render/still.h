@@ -39,6 +39,9 @@ public:
     /// The size of the slices to come.
     void setSliceRows(int rows);
 
+    /// How much of it is drawn, 0 to 1.
+    [[nodiscard]] double drawn() const;
+
     /// The picture, once and when all of it is drawn.
     [[nodiscard]] std::optional<Picture> take();
 

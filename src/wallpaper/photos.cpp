@@ -126,6 +126,8 @@ std::optional<std::set<QString>> photosInUse(const Store& store)
         add(*store.desktop());
     for (const Look& look : store.history())
         add(look);
+    for (const Look& look : store.undone())
+        add(look);
     for (const Look& look : store.desktopHistory())
         add(look);
     for (const Preset& preset : store.presets())

@@ -12,6 +12,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <filesystem>
 #include <system_error>
@@ -30,6 +31,9 @@ int nextSliceRows(int rows, double milliseconds)
     return static_cast<int>(std::clamp(fitting, rows / 4.0, rows * 2.0));
 }
 
+/// The part of a saving's progress that the drawing makes up; the rest is the encoding and writing.
+constexpr double drawingShare = 0.7;
+
 /// \throws FileError
 void requireFolder(const QString& folder)
 {
@@ -41,10 +45,12 @@ void requireFolder(const QString& folder)
 }
 
 /// \throws FileError
-void write(const Picture& picture, const std::string& json, const QString& file)
+void writePicture(
+    const Picture& picture, const std::string& json, const QString& file,
+    const std::function<bool()>& isWanted = [] { return true; })
 {
     try {
-        writePng(picture, json, file.toStdString());
+        writePng(picture, json, file.toStdString(), isWanted);
     } catch (const std::bad_alloc&) {
         throw FileError(FileError::Code::unknown,
                         "There is not enough memory to write " + file.toStdString());
@@ -70,13 +76,25 @@ struct StillMaker::Request
     std::size_t written = 0;
 };
 
+/// A picture of any size for a file of the user's.
+struct StillMaker::Saving
+{
+    const int number;
+    const QString file;
+    const std::string json; ///< of its look
+    const std::function<void(std::optional<QString> failure)> done;
+    const std::function<void(double)> progress;
+    std::atomic<bool> isGivenUp = false; ///< the writing thread looks at it too
+};
+
 /// A picture that is being drawn or waits for it.
 struct StillMaker::Drawing
 {
     const StillRecipe recipe;
     const QSize size;
-    const std::shared_ptr<Request> request;           ///< nullptr for a picture that nothing supersedes
     const std::function<void(Outcome<Picture>)> done; ///< without picture and failure where it is too large
+    const std::shared_ptr<Request> request;           ///< nullptr for a saving
+    const std::shared_ptr<Saving> saving;             ///< nullptr for a request
     std::optional<StillDrawing> slices{};             ///< there once it has begun
     int sliceRows = firstSliceRows;
     bool isDrawn = false;
@@ -110,24 +128,24 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
         const int index = static_cast<int>(request->pictures.size());
         const QString file = QDir(m_folder).filePath(stillFileName(stamp, index));
         request->pictures.push_back({screen, file});
-        draw(recipe, screen.pixels().size(), request,
-             [this, request, file, name = screen.name,
-              json = encodeLook(recipe.look)](Outcome<Picture> drawn) {
-                 if (!drawn.value) {
-                     finish(request, tr("There is no picture for %1: %2")
-                                         .arg(name, drawn.failure.isEmpty()
-                                                        ? tr("it is larger than what can be drawn here.")
-                                                        : drawn.failure));
-                     return;
-                 }
-                 const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
-                 m_writer.run(
-                     [picture, json, file, folder = m_folder] {
-                         requireFolder(folder);
-                         write(*picture, json, file);
-                     },
-                     [this, request](const auto& outcome) { finish(request, outcome.failure); });
-             });
+        const auto drawn = [this, request, file, name = screen.name,
+                            json = encodeLook(recipe.look)](Outcome<Picture> outcome) {
+            if (!outcome.value) {
+                finish(request, tr("There is no picture for %1: %2")
+                                    .arg(name, outcome.failure.isEmpty()
+                                                   ? tr("it is larger than what can be drawn here.")
+                                                   : outcome.failure));
+                return;
+            }
+            const auto picture = std::make_shared<const Picture>(std::move(*outcome.value));
+            m_writer.run(
+                [picture, json, file, folder = m_folder] {
+                    requireFolder(folder);
+                    writePicture(*picture, json, file);
+                },
+                [this, request](const auto& written) { finish(request, written.failure); });
+        };
+        draw(std::make_unique<Drawing>(recipe, screen.pixels().size(), drawn, request));
     }
 }
 
@@ -137,31 +155,60 @@ void StillMaker::cancel()
     std::erase_if(m_drawings, [](const auto& drawing) { return drawing->request != nullptr; });
 }
 
-void StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
-                      std::function<void(std::optional<QString> failure)> done)
+int StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
+                     std::function<void(std::optional<QString> failure)> done,
+                     std::function<void(double)> progress)
 {
-    draw(recipe, size, nullptr,
-         [this, size, file, done = std::move(done), json = encodeLook(recipe.look)](Outcome<Picture> drawn) {
-             if (!drawn.value) {
-                 done(drawn.failure.isEmpty()
-                          ? tr("The %1x%2 image could not be rendered. Try a smaller size.")
-                                .arg(size.width())
-                                .arg(size.height())
-                          : drawn.failure);
-                 return;
-             }
-             const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
-             m_writer.run([picture, json, file] { write(*picture, json, file); },
-                          [done](const auto& outcome) {
-                              done(outcome.value ? std::nullopt : std::optional(outcome.failure));
-                          });
-         });
+    const auto saving = std::make_shared<Saving>(++m_lastSaving, file, encodeLook(recipe.look),
+                                                 std::move(done), std::move(progress));
+    m_savings.push_back(saving);
+    const auto drawn = [this, saving, size](Outcome<Picture> outcome) {
+        if (outcome.value)
+            write(saving, std::move(*outcome.value));
+        else if (!outcome.failure.isEmpty())
+            finish(saving, outcome.failure);
+        else
+            finish(saving, tr("The %1x%2 image could not be rendered. Try a smaller size.")
+                               .arg(size.width())
+                               .arg(size.height()));
+    };
+    draw(std::make_unique<Drawing>(recipe, size, drawn, nullptr, saving));
+    return saving->number;
 }
 
-void StillMaker::draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
-                      std::function<void(Outcome<Picture>)> done)
+void StillMaker::giveUp(int saving)
 {
-    m_drawings.push_back(std::make_unique<Drawing>(recipe, size, request, std::move(done)));
+    const auto found = std::ranges::find(m_savings, saving, &Saving::number);
+    if (found == m_savings.end())
+        return;
+    (*found)->isGivenUp = true;
+    std::erase_if(m_drawings, [&](const auto& drawing) { return drawing->saving == *found; });
+    m_savings.erase(found);
+}
+
+void StillMaker::write(const std::shared_ptr<Saving>& saving, Picture picture)
+{
+    const auto shared = std::make_shared<const Picture>(std::move(picture));
+    m_writer.run(
+        [saving, shared] {
+            const auto isWanted = [&] { return !saving->isGivenUp; };
+            if (isWanted())
+                writePicture(*shared, saving->json, saving->file, isWanted);
+        },
+        [this, saving](const auto& outcome) {
+            finish(saving, outcome.value ? std::nullopt : std::optional(outcome.failure));
+        });
+}
+
+void StillMaker::finish(const std::shared_ptr<Saving>& saving, const std::optional<QString>& failure)
+{
+    if (std::erase(m_savings, saving) > 0)
+        saving->done(failure);
+}
+
+void StillMaker::draw(std::unique_ptr<Drawing> drawing)
+{
+    m_drawings.push_back(std::move(drawing));
     m_slices.start(0);
 }
 
@@ -175,8 +222,10 @@ void StillMaker::advance()
     try {
         m_graphics.makeCurrent();
         drawSlice(*m_drawings.front());
-        if (!m_drawings.front()->isDrawn)
+        if (!m_drawings.front()->isDrawn) {
+            tellProgress(*m_drawings.front());
             return;
+        }
         outcome.value = m_drawings.front()->slices->take();
     } catch (const std::exception& error) {
         outcome.failure = QString::fromUtf8(error.what());
@@ -194,6 +243,13 @@ void StillMaker::drawSlice(Drawing& drawing)
     drawing.isDrawn = !drawing.slices->advance(m_graphics.encoder());
     drawing.sliceRows = nextSliceRows(drawing.sliceRows, watch.lap());
     drawing.slices->setSliceRows(drawing.sliceRows);
+}
+
+void StillMaker::tellProgress(const Drawing& drawing)
+{
+    // Whoever hears of it may give it up.
+    if (const std::shared_ptr<Saving> saving = drawing.saving)
+        saving->progress(drawingShare * drawing.slices->drawn());
 }
 
 /// \param failure empty on success

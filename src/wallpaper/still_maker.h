@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tessel {
 
@@ -34,7 +35,8 @@ class StillMaker : public QObject
 
 public:
     /// \param graphics must outlive this
-    StillMaker(Graphics& graphics, QString folder);
+    /// \param folder where the stills of screens go
+    explicit StillMaker(Graphics& graphics, QString folder = {});
 
     /// Finishes what is drawn already.
     ~StillMaker() override;
@@ -49,10 +51,18 @@ public:
     /// Whether a request is under way.
     [[nodiscard]] bool isBusy() const { return m_latest != nullptr; }
 
-    /// Draws a picture of any size and writes it.
-    /// \param done called on this thread, with the reason if it did not work
-    void save(const StillRecipe& recipe, QSize size, const QString& file,
-              std::function<void(std::optional<QString> failure)> done);
+    /// Draws a picture of any size and writes it, after those that were asked for before.
+    /// \param done called on this thread, with the reason if it did not work; not at all if it is given up
+    /// \param progress called on this thread from time to time, with 0 to 1
+    /// \return what to call it for giveUp(); never 0
+    int save(
+        const StillRecipe& recipe, QSize size, const QString& file,
+        std::function<void(std::optional<QString> failure)> done,
+        std::function<void(double)> progress = [](double) {});
+
+    /// Gives up a picture that is being saved. A file that it was to replace stays as it was, unless the new
+    /// one is just being put in its place.
+    void giveUp(int saving);
 
     /// The writing thread, for other work on the same files.
     [[nodiscard]] Worker& writer() { return m_writer; }
@@ -66,18 +76,23 @@ Q_SIGNALS:
 private:
     struct Drawing;
     struct Request;
+    struct Saving;
 
-    void draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
-              std::function<void(Outcome<Picture>)> done);
+    void draw(std::unique_ptr<Drawing> drawing);
     void advance();
     void drawSlice(Drawing& drawing);
+    static void tellProgress(const Drawing& drawing);
     void finish(const std::shared_ptr<Request>& request, const QString& failure);
+    void write(const std::shared_ptr<Saving>& saving, Picture picture);
+    void finish(const std::shared_ptr<Saving>& saving, const std::optional<QString>& failure);
 
     Graphics& m_graphics;
     const QString m_folder;
     std::deque<std::unique_ptr<Drawing>> m_drawings;
     QTimer m_slices; ///< runs while there is something to draw
     std::shared_ptr<Request> m_latest;
+    std::vector<std::shared_ptr<Saving>> m_savings; ///< all that are under way
+    int m_lastSaving = 0;
     Worker m_writer;
 };
 

@@ -23,11 +23,6 @@
 namespace tessel {
 namespace {
 
-using test::chroma;
-using test::distance;
-using test::mix;
-using test::Oklab;
-using test::toOklab;
 using testing::ElementsAre;
 using testing::Ge;
 using testing::Pair;

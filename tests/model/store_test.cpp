@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "model/look_json.h"
+#include "model/palette.h"
 #include "model/store.h"
 
 #include <QCoreApplication>
@@ -56,6 +57,7 @@ public:
         note(store, &Store::lookChanged, "look");
         note(store, &Store::lookReplaced, "replaced");
         note(store, &Store::historyChanged, "history");
+        note(store, &Store::undoneChanged, "undone");
         note(store, &Store::desktopChanged, "desktop");
         note(store, &Store::desktopHistoryChanged, "desktopHistory");
         note(store, &Store::motionChanged, "motion");
@@ -352,13 +354,40 @@ TEST_F(StoreTest, UndoWalksBackWithoutRecording)
     SignalLog log(*store);
     now = 102.0;
     store->undo();
-    EXPECT_THAT(log.take(), ElementsAre("history", "replaced", "look", "changed"));
+    EXPECT_THAT(log.take(), ElementsAre("history", "undone", "replaced", "look", "changed"));
     EXPECT_EQ(store->look(), lookWithSeed(1));
     store->undo();
     EXPECT_EQ(store->look(), Look());
     log.take();
     store->undo();
     EXPECT_THAT(log.take(), IsEmpty());
+}
+
+TEST_F(StoreTest, RedoWalksForwardUntilThereIsANewLook)
+{
+    const auto store = makeStore();
+    store->redo();
+    for (int seed = 1; seed <= 3; ++seed)
+        store->changeLook(lookWithSeed(seed));
+    store->undo();
+    store->undo();
+    SignalLog log(*store);
+    store->redo();
+    EXPECT_THAT(log.take(), ElementsAre("undone", "history", "replaced", "look", "changed"));
+    EXPECT_EQ(store->look(), lookWithSeed(2));
+
+    // What a slider has changed meanwhile can be gone back to.
+    store->setLook(lookWithSeed(20));
+    store->redo();
+    EXPECT_EQ(store->look(), lookWithSeed(3));
+    EXPECT_THAT(store->history(), ElementsAre(Look(), lookWithSeed(1), lookWithSeed(20)));
+
+    store->undo();
+    EXPECT_FALSE(store->undone().empty());
+    store->changeLook(lookWithSeed(4));
+    EXPECT_THAT(store->undone(), IsEmpty());
+    store->redo();
+    EXPECT_EQ(store->look(), lookWithSeed(4));
 }
 
 TEST_F(StoreTest, AnEqualLookIsStoredSilently)
@@ -617,7 +646,7 @@ TEST_F(StoreTest, ShufflesEditorAndDesktop)
     EXPECT_TRUE(store->appliedMotion());
 }
 
-TEST_F(StoreTest, EndingTheEditingAbandonsThePalette)
+TEST_F(StoreTest, TheLookWearsThePaletteThatIsEdited)
 {
     const auto store = makeStore();
     store->setCustomPalettes({{1, 2}});
@@ -626,15 +655,23 @@ TEST_F(StoreTest, EndingTheEditingAbandonsThePalette)
     store->setLook(own);
     SignalLog log(*store);
     store->endEditing();
+    store->savePalette();
+    store->setDraftStops({3, 4, 5});
+    store->beginEditing(0, {1});
+    store->beginEditing(0, {1, 2, 3, 4, 5, 6});
     EXPECT_THAT(log.take(), IsEmpty());
 
-    store->setStopsBeforeEdit(own.custom);
-    store->setDraftStopsIndex(0);
-    store->setDraftStops({{3, 4, 5}});
-    Look previewed = own;
-    previewed.custom = {{3, 4, 5}};
-    previewed.scale = 2.0F; // another tab's change, which stays
-    store->setLook(previewed);
+    store->beginEditing(0, {1, 2});
+    EXPECT_THAT(log.take(), ElementsAre("draftStops", "draftStopsIndex", "stopsBeforeEdit", "changed"));
+    store->setDraftStops({3, 4, 5});
+    EXPECT_THAT(log.take(), ElementsAre("look", "draftStops", "changed"));
+    EXPECT_EQ(store->look().custom, (std::vector<Color>{3, 4, 5}));
+
+    Look scaled = store->look();
+    scaled.scale = 2.0F; // another tab's change, which stays
+    store->setLook(scaled);
+    scaled.pattern = Pattern::silk;
+    store->changeLook(scaled);
     log.take();
     store->endEditing();
     EXPECT_THAT(log.take(),
@@ -643,12 +680,71 @@ TEST_F(StoreTest, EndingTheEditingAbandonsThePalette)
     EXPECT_EQ(store->look().scale, 2.0F);
     EXPECT_FALSE(store->draftStops() || store->draftStopsIndex() || store->stopsBeforeEdit());
     EXPECT_THAT(store->customPalettes(), ElementsAre(std::vector<Color>{1, 2}));
-    EXPECT_THAT(store->history(), IsEmpty());
+}
 
-    // A look that had a built-in palette has it again.
-    store->setStopsBeforeEdit(std::vector<Color>());
+TEST_F(StoreTest, ALookWithItsPalettesColoursKeepsThePalette)
+{
+    const auto store = makeStore();
+    const Palette& ember = builtInPalettes()[0];
+    store->applyToDesktop(store->look(), RecordHistory::no, std::nullopt, ContinueFromEditor::no);
+    store->beginEditing(std::nullopt, {ember.hex.begin(), ember.hex.end()});
+    EXPECT_TRUE(store->isOnDesktop());
+    store->setDraftStops({3, 4});
+    EXPECT_FALSE(store->isOnDesktop());
+    // One edit gives way to the next.
+    store->beginEditing(std::nullopt, {5, 6});
     store->endEditing();
-    EXPECT_EQ(store->look().custom, std::nullopt);
+    EXPECT_EQ(store->look(), Look());
+}
+
+TEST_F(StoreTest, SavesPalettesInPlaceOrAtTheEnd)
+{
+    const auto store = makeStore();
+    store->setCustomPalettes({{1, 2}, {3, 4}});
+    store->beginEditing(1, {3, 4});
+    store->setDraftStops({5, 6});
+    store->savePalette();
+    store->beginEditing(std::nullopt, {5, 6});
+    store->savePalette();
+    EXPECT_THAT(store->history(), ElementsAre(Look())) << "nothing has changed the second time";
+    store->beginEditing(9, {7, 8});
+    store->savePalette();
+    using Stops = std::vector<Color>;
+    EXPECT_THAT(store->customPalettes(), ElementsAre(Stops{1, 2}, Stops{5, 6}, Stops{5, 6}, Stops{7, 8}));
+    EXPECT_EQ(store->look().custom, (Stops{7, 8}));
+    EXPECT_FALSE(store->stopsBeforeEdit());
+    store->undo();
+    EXPECT_EQ(store->look().custom, (Stops{5, 6}));
+
+    store->deletePalette(4);
+    store->beginEditing(0, {1, 9});
+    store->deletePalette(1);
+    EXPECT_THAT(store->customPalettes(), ElementsAre(Stops{1, 2}, Stops{5, 6}, Stops{7, 8}));
+    EXPECT_FALSE(store->stopsBeforeEdit());
+    EXPECT_EQ(store->look().custom, (Stops{1, 9})) << "only giving up brings the colours of before back";
+}
+
+TEST_F(StoreTest, ALookThatComesInBetweenEndsTheEdit)
+{
+    const auto store = makeStore();
+    Look other = lookWithSeed(3);
+    other.custom = {{7, 8}};
+    const std::vector<std::function<void()>> replacements{
+        [&] { store->shuffle(); },     [&] { store->shuffle(); }, [&] { store->changeLook(other); },
+        [&] { store->undo(); },        [&] { store->redo(); },    [&] { store->previousWallpaper(); },
+        [&] { store->setLook(other); }};
+    Color color = 1;
+    for (const auto& replace : replacements) {
+        store->beginEditing(std::nullopt, {0, color++});
+        const Look draft = store->look();
+        replace();
+        const Look replaced = store->look();
+        EXPECT_NE(replaced.custom, draft.custom);
+        EXPECT_FALSE(store->draftStops() || store->draftStopsIndex() || store->stopsBeforeEdit());
+        store->endEditing();
+        EXPECT_EQ(store->look(), replaced);
+    }
+    EXPECT_THAT(store->customPalettes(), IsEmpty());
 }
 
 TEST_F(StoreTest, SurvivesADiskThatCannotBeWritten)

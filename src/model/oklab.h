@@ -5,9 +5,10 @@
 
 #include "model/look.h"
 
+#include <algorithm>
 #include <cmath>
 
-namespace tessel::test {
+namespace tessel {
 
 /// A colour in OKLab (Björn Ottosson, 2020): lightness 0 (black) to 1 (white), a green to red, b blue to
 /// yellow.
@@ -39,6 +40,26 @@ inline Oklab toOklab(Color color)
             .b = 0.0259040371 * l + 0.7827717662 * m - 0.8086757660 * s};
 }
 
+/// A channel of linear light as sRGB, 0 to 255; what a screen cannot show is brought to the nearest it can.
+inline Color channelOf(double light)
+{
+    const double inside = std::clamp(light, 0.0, 1.0);
+    const double value = inside <= 0.0031308 ? inside * 12.92 : 1.055 * std::pow(inside, 1 / 2.4) - 0.055;
+    return static_cast<Color>(std::lround(value * 255));
+}
+
+/// The packed 0xRRGGBB of an OKLab colour.
+inline Color toColor(const Oklab& color)
+{
+    const auto cube = [](double value) { return value * value * value; };
+    const double l = cube(color.lightness + 0.3963377774 * color.a + 0.2158037573 * color.b);
+    const double m = cube(color.lightness - 0.1055613458 * color.a - 0.0638541728 * color.b);
+    const double s = cube(color.lightness - 0.0894841775 * color.a - 1.2914855480 * color.b);
+    return channelOf(4.0767416621 * l - 3.3077115913 * m + 0.2309699292 * s) << 16U |
+           channelOf(-1.2684380046 * l + 2.6097574011 * m - 0.3413193965 * s) << 8U |
+           channelOf(-0.0041960863 * l - 0.7034186147 * m + 1.7076147010 * s);
+}
+
 /// Colourfulness: 0 for grey, about 0.3 for the purest colours of a screen.
 inline double chroma(const Oklab& color)
 {
@@ -59,4 +80,4 @@ inline Oklab mix(const Oklab& from, const Oklab& to, double place)
             .b = std::lerp(from.b, to.b, place)};
 }
 
-} // namespace tessel::test
+} // namespace tessel

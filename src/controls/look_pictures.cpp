@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "controls/look_pictures.h"
+
+#include "model/look_json.h"
+#include "platform/process.h"
+#include "render/drawing_error.h"
+#include "render/geometry.h"
+#include "render/graphics.h"
+#include "render/headless_context.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QQuickTextureFactory>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstring>
+#include <deque>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+
+namespace tessel {
+
+namespace {
+
+/// How long the context is kept with nothing to draw.
+constexpr std::chrono::seconds patience{4};
+
+/// What is drawn where QML asks for no size.
+constexpr QSize usualSize{140, 80};
+
+/// More than any tile, so that no address can ask for all memory.
+constexpr int longestSide = 2048;
+
+class Response;
+
+/// A picture that QML waits for.
+struct Order
+{
+    QString id;
+    QSize size;
+    std::mutex mutex;
+    Response* response = nullptr; ///< gone once QML has lost interest
+    bool isCancelled = false;
+};
+
+class Response final : public QQuickImageResponse
+{
+public:
+    explicit Response(std::shared_ptr<Order> order) : m_order(std::move(order)) {}
+    ~Response() override
+    {
+        const std::lock_guard lock(m_order->mutex);
+        m_order->response = nullptr;
+    }
+
+    [[nodiscard]] QQuickTextureFactory* textureFactory() const override
+    {
+        return QQuickTextureFactory::textureFactoryForImage(m_image);
+    }
+    [[nodiscard]] QString errorString() const override { return m_failure; }
+
+    void cancel() override
+    {
+        const std::lock_guard lock(m_order->mutex);
+        m_order->isCancelled = true;
+    }
+
+    /// Called in the thread that this lives in.
+    void finish(QImage image, QString failure)
+    {
+        m_image = std::move(image);
+        m_failure = std::move(failure);
+        Q_EMIT finished();
+    }
+
+private:
+    const std::shared_ptr<Order> m_order;
+    QImage m_image;
+    QString m_failure;
+};
+
+bool isCancelled(Order& order)
+{
+    const std::lock_guard lock(order.mutex);
+    return order.isCancelled || order.response == nullptr;
+}
+
+void answer(Order& order, QImage image, QString failure)
+{
+    const std::lock_guard lock(order.mutex);
+    if (order.response == nullptr)
+        return;
+    // The call goes with the response, should that be deleted before.
+    QMetaObject::invokeMethod(
+        order.response,
+        [response = order.response, image = std::move(image), failure = std::move(failure)] {
+            response->finish(image, failure);
+        },
+        Qt::QueuedConnection);
+}
+
+/// \throws JsonError
+Look lookOf(const QString& id)
+{
+    const QByteArray json = QByteArray::fromBase64(id.toLatin1(), QByteArray::Base64UrlEncoding);
+    return decodeLook({json.constData(), static_cast<std::size_t>(json.size())});
+}
+
+QSize sizeOf(const QSize& requested)
+{
+    const QSize wanted = requested.isEmpty() ? usualSize : requested;
+    return wanted.boundedTo({longestSide, longestSide});
+}
+
+QImage imageOf(const Picture& picture)
+{
+    QImage image(picture.width, picture.height, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height; ++y)
+        std::memcpy(image.scanLine(y), picture.row(y).data(), picture.row(y).size_bytes());
+    return image;
+}
+
+} // namespace
+
+/// Draws what is asked for, on a thread of its own.
+class LookPictures::Painter
+{
+public:
+    Painter() : m_thread([this] { work(); }) {}
+    ~Painter()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isEnding = true;
+        }
+        m_awake.notify_all();
+        m_thread.join();
+    }
+    Painter(const Painter&) = delete;
+    Painter& operator=(const Painter&) = delete;
+
+    void add(std::shared_ptr<Order> order)
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_orders.push_back(std::move(order));
+        }
+        m_awake.notify_all();
+    }
+
+    void release()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isReleasing = true;
+        }
+        m_awake.notify_all();
+    }
+
+private:
+    void work()
+    {
+        lowerThreadPriority();
+        std::unique_lock lock(m_mutex);
+        while (!m_isEnding) {
+            if (!m_orders.empty()) {
+                const std::shared_ptr<Order> order = std::move(m_orders.front());
+                m_orders.pop_front();
+                lock.unlock();
+                carryOut(*order);
+                lock.lock();
+            } else if (std::exchange(m_isReleasing, false)) {
+                lock.unlock();
+                forget();
+                lock.lock();
+            } else if (m_graphics == nullptr) {
+                m_awake.wait(lock);
+            } else if (m_awake.wait_for(lock, patience) == std::cv_status::timeout) {
+                m_isReleasing = m_orders.empty();
+            }
+        }
+        lock.unlock();
+        m_graphics.reset();
+    }
+
+    void carryOut(Order& order)
+    {
+        if (isCancelled(order)) {
+            // It is waited for nevertheless.
+            answer(order, {}, {});
+            return;
+        }
+        try {
+            answer(order, draw(lookOf(order.id), order.size), {});
+        } catch (const std::runtime_error& error) {
+            answer(order, {}, QString::fromUtf8(error.what()));
+        }
+    }
+
+    QImage draw(const Look& look, QSize size)
+    {
+        if (m_graphics == nullptr)
+            m_graphics = std::make_unique<Graphics>([] { return std::make_unique<HeadlessContext>(); });
+        const auto picture = m_graphics->draw({.previous = look,
+                                               .current = look,
+                                               .width = size.width(),
+                                               .height = size.height(),
+                                               .reference = thumbReference});
+        if (!picture)
+            throw DrawingError("A picture of this size cannot be drawn");
+        return imageOf(*picture);
+    }
+
+    void forget()
+    {
+        if (m_graphics == nullptr)
+            return;
+        m_graphics.reset();
+        releaseUnusedMemory();
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_awake;
+    std::deque<std::shared_ptr<Order>> m_orders;
+    bool m_isReleasing = false;
+    bool m_isEnding = false;
+    std::unique_ptr<Graphics> m_graphics; ///< of the thread alone
+    std::thread m_thread;
+};
+
+LookPictures::LookPictures() : m_painter(std::make_unique<Painter>()) {}
+
+LookPictures::~LookPictures() = default;
+
+QQuickImageResponse* LookPictures::requestImageResponse(const QString& id, const QSize& requestedSize)
+{
+    const auto order = std::make_shared<Order>();
+    order->id = id;
+    order->size = sizeOf(requestedSize);
+    auto* response = new Response(order);
+    order->response = response;
+    m_painter->add(order);
+    return response;
+}
+
+void LookPictures::release()
+{
+    m_painter->release();
+}
+
+QString pictureOfLook(const Look& look)
+{
+    const QByteArray json = QByteArray::fromStdString(encodeLook(look));
+    return QStringLiteral("image://looks/") +
+           QString::fromLatin1(json.toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals));
+}
+
+float pixelForCells(float cellPoints, float widthPoints)
+{
+    return cellPoints * thumbReference / widthPoints;
+}
+
+} // namespace tessel

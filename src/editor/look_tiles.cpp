@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "editor/look_tiles.h"
+
+#include "controls/look_pictures.h"
+
+#include <string_view>
+
+namespace tessel {
+
+namespace {
+
+/// The grey-brown in which tiles wait.
+const std::vector<Color> clay{0x15110E, 0x4C4036, 0x9C8B7B, 0xEADFD2};
+
+constexpr float cellPoints = 2;
+constexpr float patternTileWidth = 66;
+constexpr float ditherTileWidth = 140;
+
+QString text(std::string_view title)
+{
+    return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+}
+
+Look inClay(float tileWidth)
+{
+    Look look;
+    look.custom = clay;
+    look.levels = static_cast<float>(clay.size());
+    look.pixel = pixelForCells(cellPoints, tileWidth);
+    look.grain = 0;
+    return look;
+}
+
+/// A tile's look in the colours of another.
+Look inColorsOf(const Look& look, Look tile)
+{
+    tile.palette = look.palette;
+    tile.custom = look.custom;
+    tile.levels = look.levels;
+    tile.invert = look.invert;
+    tile.imagePath = look.imagePath;
+    return tile;
+}
+
+} // namespace
+
+std::vector<Tile> patternTiles()
+{
+    std::vector<Tile> tiles;
+    for (const Pattern pattern : allPatterns()) {
+        Look look = inClay(patternTileWidth);
+        look.pattern = pattern;
+        tiles.push_back({text(title(pattern)), look});
+    }
+    return tiles;
+}
+
+std::vector<Tile> ditherTiles()
+{
+    std::vector<Tile> tiles;
+    for (const Dither dither : allDithers()) {
+        Look look = inClay(ditherTileWidth);
+        look.pattern = Pattern::swell;
+        look.dither = dither;
+        tiles.push_back({text(title(dither)), look});
+    }
+    return tiles;
+}
+
+TileChoice patternChoice()
+{
+    return {.rowOf = [](const Look& look) { return static_cast<int>(look.pattern); },
+            .choose =
+                [](Look look, int row) {
+                    look.pattern = allPatterns().at(static_cast<std::size_t>(row));
+                    return look;
+                },
+            .live =
+                [](const Look& atRest, const Look& look) {
+                    Look live = inColorsOf(look, atRest);
+                    live.dither = look.dither;
+                    return live;
+                }};
+}
+
+TileChoice ditherChoice()
+{
+    return {.rowOf = [](const Look& look) { return static_cast<int>(look.dither); },
+            .choose =
+                [](Look look, int row) {
+                    look.dither = allDithers().at(static_cast<std::size_t>(row));
+                    return look;
+                },
+            .live = [](const Look& atRest, const Look& look) { return inColorsOf(look, atRest); }};
+}
+
+} // namespace tessel
