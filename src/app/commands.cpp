@@ -82,18 +82,6 @@ std::unique_ptr<QFileDialog> makeImageDialog()
     return dialog;
 }
 
-/// Shows a file dialog and tells the file that was chosen. If one of that id is open already, that one is
-/// what the user sees.
-void present(Dialogs& dialogs, const QString& id, std::unique_ptr<QFileDialog> dialog,
-             const std::function<void(const QString& file)>& chosen)
-{
-    const auto ended = [shown = dialog.get(), chosen] {
-        if (shown->result() == QDialog::Accepted && !shown->selectedFiles().isEmpty())
-            chosen(shown->selectedFiles().constFirst());
-    };
-    static_cast<void>(dialogs.present(id, std::move(dialog), ended));
-}
-
 } // namespace
 
 void setLaunchAtLogin(LoginItem& login, Dialogs& dialogs, bool on, const std::function<void(bool)>& done)
@@ -151,15 +139,26 @@ void openWebPage(const QString& address, Dialogs& dialogs)
     });
 }
 
-EditorServices editorServices(Dialogs& dialogs)
+EditorServices editorServices(Dialogs& dialogs, const std::function<void(bool isOpen)>& opened)
 {
+    // If one of that id is open already, that one is what the user sees.
+    const auto present = [&dialogs, opened](const QString& id, std::unique_ptr<QFileDialog> dialog,
+                                            const std::function<void(const QString& file)>& chosen) {
+        const auto ended = [shown = dialog.get(), chosen, opened] {
+            opened(false);
+            if (shown->result() == QDialog::Accepted && !shown->selectedFiles().isEmpty())
+                chosen(shown->selectedFiles().constFirst());
+        };
+        if (dialogs.present(id, std::move(dialog), ended))
+            opened(true);
+    };
     return {.chooseImage =
-                [&dialogs](const auto& chosen) {
-                    present(dialogs, QStringLiteral("choose-image"), makeImageDialog(), chosen);
+                [present](const auto& chosen) {
+                    present(QStringLiteral("choose-image"), makeImageDialog(), chosen);
                 },
             .choosePngFile =
-                [&dialogs](const QString& name, const auto& chosen) {
-                    present(dialogs, QStringLiteral("save-png"), makeSaveDialog(name), chosen);
+                [present](const QString& name, const auto& chosen) {
+                    present(QStringLiteral("save-png"), makeSaveDialog(name), chosen);
                 },
             .photoFolder = defaultPhotoFolder()};
 }

@@ -28,6 +28,8 @@ void checkForUpdates(Dialogs& dialogs);
 void openWebPage(const QString& address, Dialogs& dialogs);
 
 /// The file dialogs that the editor needs.
-[[nodiscard]] EditorServices editorServices(Dialogs& dialogs);
+/// \param opened called as one opens, and as it closes before anything else is
+[[nodiscard]] EditorServices editorServices(Dialogs& dialogs,
+                                            const std::function<void(bool isOpen)>& opened);
 
 } // namespace tessel

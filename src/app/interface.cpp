@@ -12,6 +12,7 @@
 #include <QQuickWindow>
 
 void qml_register_types_TesselBroth_Edge();
+void qml_register_types_TesselBroth_Editor();
 
 namespace tessel {
 
@@ -19,6 +20,11 @@ Interface::Interface(const InterfaceParts& parts)
     : m_parts(parts)
     , m_edge(parts.store, parts.windows, [this](EdgeState&) { return makePanel(); })
     , m_quickActions(parts.store, m_edge)
+    , m_editor({.store = parts.store,
+                .screens = parts.windows.screens(),
+                .clocks = parts.scene.clocks,
+                .graphics = parts.scene.graphics,
+                .services = editorServices(parts.dialogs, [this](bool isOpen) { m_edge.setHeld(isOpen); })})
     , m_thumb(Source::thumb, parts.scene, parts.windows.screens())
     , m_preview(Source::editor, parts.scene, parts.windows.screens())
     , m_presetsMenu([this] {
@@ -29,6 +35,7 @@ Interface::Interface(const InterfaceParts& parts)
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     installControls(m_engine);
     qml_register_types_TesselBroth_Edge();
+    qml_register_types_TesselBroth_Editor();
     connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);
     connect(&m_presetsMenu.menu(), &QMenu::aboutToHide, this, [this] { m_edge.setHeld(false); });
     const Session& session = parts.scene.session;
@@ -48,7 +55,7 @@ std::unique_ptr<EdgePanel> Interface::makePanel()
                             {QStringLiteral("actions"), QVariant::fromValue(&m_quickActions)},
                             {QStringLiteral("thumb"), QVariant::fromValue(&m_thumb)},
                             {QStringLiteral("preview"), QVariant::fromValue(&m_preview)},
-                            {QStringLiteral("editor"), QVariant::fromValue<QObject*>(nullptr)}});
+                            {QStringLiteral("editor"), QVariant::fromValue(&m_editor)}});
 }
 
 void Interface::popUpPresets()

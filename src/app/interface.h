@@ -8,6 +8,7 @@
 #include "controls/live_picture.h"
 #include "edge/edge_controller.h"
 #include "edge/quick_actions.h"
+#include "editor/editor_model.h"
 #include "scene/scene.h"
 
 #include <QQmlEngine>
@@ -42,6 +43,7 @@ private:
     QQmlEngine m_engine;
     EdgeController m_edge;
     QuickActions m_quickActions;
+    EditorModel m_editor;
     LivePicture m_thumb;
     LivePicture m_preview;
     MenuView m_presetsMenu;

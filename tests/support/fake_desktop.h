@@ -12,6 +12,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -139,6 +140,42 @@ public:
     void become(const SessionState& state) { setState(state); }
 };
 
+/// What was asked of a panel.
+struct PanelRecord
+{
+    QRect frame;
+    QRegion shape;
+    QRegion inputRegion;
+    KeyboardFocus focus = KeyboardFocus::never;
+    bool isBlended = true;
+};
+
+class MemoryPanel : public PanelWindow
+{
+public:
+    MemoryPanel(QWindow& window, const std::shared_ptr<PanelRecord>& record)
+        : m_window(window)
+        , m_record(record)
+    {
+    }
+
+    void show() override { m_window.show(); }
+    void hide() override { m_window.hide(); }
+    void setFrame(const QRect& frame) override
+    {
+        m_record->frame = frame;
+        m_window.setGeometry(frame);
+    }
+    [[nodiscard]] bool isBlended() const override { return m_record->isBlended; }
+    void setShape(const QRegion& shape) override { m_record->shape = shape; }
+    void setInputRegion(const QRegion& region) override { m_record->inputRegion = region; }
+    void setKeyboardFocus(KeyboardFocus focus) override { m_record->focus = focus; }
+
+private:
+    QWindow& m_window;
+    const std::shared_ptr<PanelRecord> m_record;
+};
+
 /// Windows in memory, and a context without any.
 class FakeWindowSystem : public WindowSystem
 {
@@ -157,15 +194,22 @@ public:
         return std::make_unique<MemoryWindow>(record);
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override { picturesBehind = pictures; }
-    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/) override
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override
     {
-        return nullptr;
+        return panel != nullptr ? std::make_unique<MemoryPanel>(window, panel) : nullptr;
     }
-    [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed() override { return nullptr; }
+    [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& /*window*/) override
+    {
+        auto feed = std::make_unique<PointerFeed>();
+        pointer = feed.get();
+        return feed;
+    }
     [[nodiscard]] Focus* focus() override { return nullptr; }
 
     std::vector<std::shared_ptr<WindowRecord>> windows;
     std::vector<DesktopPicture> picturesBehind;
+    std::shared_ptr<PanelRecord> panel; ///< null: no windows float here
+    QPointer<PointerFeed> pointer;      ///< of the panel that there is
 
 private:
     FakeScreens m_screens;
