@@ -13,16 +13,13 @@ namespace tessel {
 struct EditorServices
 {
     /// Lets the user choose a picture file; `chosen` is not called if none is.
-    std::function<void(std::function<void(const QString& file)> chosen)> chooseImage;
+    std::function<void(std::function<void(const QString& file)> chosen)> chooseImage{};
 
     /// Lets the user choose where to save a PNG file; `chosen` is not called if nowhere.
     /// \param name proposed
-    std::function<void(const QString& name, std::function<void(const QString& file)> chosen)> choosePngFile;
+    std::function<void(const QString& name, std::function<void(const QString& file)> chosen)> choosePngFile{};
 
-    QString photoFolder; ///< where copies of photos are kept
+    QString photoFolder{}; ///< where copies of photos are kept
 };
-
-/// Tells the user of something that did not work: a title, and why.
-using Tell = std::function<void(const QString& title, const QString& text)>;
 
 } // namespace tessel

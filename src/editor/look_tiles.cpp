@@ -14,21 +14,50 @@ namespace {
 /// The grey-brown in which tiles wait.
 const std::vector<Color> clay{0x15110E, 0x4C4036, 0x9C8B7B, 0xEADFD2};
 
-constexpr float cellPoints = 2;
+// In points.
 constexpr float patternTileWidth = 66;
 constexpr float ditherTileWidth = 140;
+
+/// The side of a cell, in points, that shows a dither best on a tile of its own.
+float ditherCell(Dither dither)
+{
+    switch (dither) {
+    case Dither::bayer4:
+        // With cells of one size nobody could tell it from the finer matrix.
+        return 3;
+    case Dither::ascii:
+        return 4;
+    default:
+        return 2;
+    }
+}
+
+/// The same on the tile of a pattern, which has much to show in little room.
+float patternCell(Dither dither)
+{
+    switch (dither) {
+    case Dither::halftone:
+    case Dither::lines:
+    case Dither::diamond:
+    case Dither::benday:
+        return 2;
+    case Dither::ascii:
+        return 3;
+    default:
+        return 1;
+    }
+}
 
 QString text(std::string_view title)
 {
     return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
 }
 
-Look inClay(float tileWidth)
+Look inClay()
 {
     Look look;
     look.custom = clay;
     look.levels = static_cast<float>(clay.size());
-    look.pixel = pixelForCells(cellPoints, tileWidth);
     look.grain = 0;
     return look;
 }
@@ -50,8 +79,9 @@ std::vector<Tile> patternTiles()
 {
     std::vector<Tile> tiles;
     for (const Pattern pattern : allPatterns()) {
-        Look look = inClay(patternTileWidth);
+        Look look = inClay();
         look.pattern = pattern;
+        look.pixel = pixelForCells(patternCell(look.dither), patternTileWidth);
         tiles.push_back({text(title(pattern)), look});
     }
     return tiles;
@@ -61,9 +91,10 @@ std::vector<Tile> ditherTiles()
 {
     std::vector<Tile> tiles;
     for (const Dither dither : allDithers()) {
-        Look look = inClay(ditherTileWidth);
+        Look look = inClay();
         look.pattern = Pattern::swell;
         look.dither = dither;
+        look.pixel = pixelForCells(ditherCell(dither), ditherTileWidth);
         tiles.push_back({text(title(dither)), look});
     }
     return tiles;
@@ -81,6 +112,7 @@ TileChoice patternChoice()
                 [](const Look& atRest, const Look& look) {
                     Look live = inColorsOf(look, atRest);
                     live.dither = look.dither;
+                    live.pixel = pixelForCells(patternCell(look.dither), patternTileWidth);
                     return live;
                 }};
 }

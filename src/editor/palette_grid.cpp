@@ -152,6 +152,7 @@ void PaletteGrid::readPalettes()
     const std::vector<Row> mine = rowsOfMine(m_store.customPalettes().size());
     const auto count = static_cast<int>(mine.size());
     const int kept = std::min(count, m_mineRows);
+    const int moved = count - m_mineRows;
     // Below the header.
     const auto place = [this](int row) { return m_rows.begin() + 1 + row; };
     std::copy_n(mine.begin(), kept, place(0));
@@ -165,6 +166,10 @@ void PaletteGrid::readPalettes()
         m_rows.erase(place(kept), place(m_mineRows));
         m_mineRows = count;
         endRemoveRows();
+    }
+    if (moved != 0 && m_selected.row > kept) {
+        m_selected.row += moved;
+        Q_EMIT selectedRowChanged();
     }
     Q_EMIT dataChanged(index(1), index(kept), {SwatchesRole});
     readLook();

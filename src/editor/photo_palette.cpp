@@ -11,7 +11,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace tessel {
 
@@ -27,6 +29,9 @@ constexpr int leastAlpha = 128;
 /// with.
 constexpr double sameColor = 0.09;
 constexpr double grain = 0.02;
+
+/// How far from a colour those are that it may stand for as well, when others are left out.
+constexpr double ownColors = 0.15;
 
 /// Part of the picture that a colour must fill.
 constexpr double leastShare = 0.004;
@@ -116,15 +121,18 @@ std::vector<Share> seeds(const std::vector<Share>& shares)
     return chosen;
 }
 
-/// Gathers all colours around the nearest of the groups, and moves these to their middles, until they stay.
-std::vector<Share> grouped(const std::vector<Share>& shares, std::vector<Share> groups)
+/// Gathers the colours around the nearest of the groups, and moves these to their middles, until they stay.
+/// \param reach how far from a group its colours may be
+std::vector<Share> grouped(const std::vector<Share>& shares, std::vector<Share> groups,
+                           double reach = std::numeric_limits<double>::infinity())
 {
     for (int round = 0; round < rounds; ++round) {
         std::vector<Mean> means(groups.size());
         for (const Share& share : shares) {
             const auto nearest = std::ranges::min_element(
                 groups, {}, [&](const Share& group) { return distance(share.color, group.color); });
-            means[static_cast<std::size_t>(nearest - groups.begin())].add(share.color, share.weight);
+            if (distance(share.color, nearest->color) <= reach)
+                means[static_cast<std::size_t>(nearest - groups.begin())].add(share.color, share.weight);
         }
         groups.clear();
         for (const Mean& mean : means)
@@ -193,6 +201,7 @@ std::vector<Color> paletteOf(const QImage& picture)
     std::vector<Share> groups = grouped(shares, seeds(shares));
     joinAlike(groups);
     leaveOut(groups);
+    groups = grouped(shares, std::move(groups), ownColors);
     if (groups.size() == 1)
         groups = withShade(groups.front());
     std::ranges::sort(groups, {}, [](const Share& group) { return group.color.lightness; });
