@@ -11,7 +11,8 @@ Item {
     property string label
     /** Shown while the pointer rests on it; for buttons without text. */
     property string tip
-    property bool hovered: area.containsMouse && enabled
+    readonly property bool containsPointer: area.containsMouse
+    property bool hovered: containsPointer && enabled
     property bool pressed: (area.pressed && area.containsMouse) || keyed
     property bool focused: activeFocus
     property bool keyed: false
