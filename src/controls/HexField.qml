@@ -14,11 +14,13 @@ Field {
     /** A colour was written. */
     signal entered(string text)
 
-    readonly property bool isWhole: /^\s*#?\s*([0-9a-f]\s*){6}$/i.test(text)
-
     /** Whether a text means a colour; whoever knows better replaces it. */
     function accepts(text: string): bool {
-        return isWhole
+        return isWhole(text)
+    }
+
+    function isWhole(text: string): bool {
+        return /^\s*#?\s*([0-9a-f]\s*){6}$/i.test(text)
     }
 
     function finish() {
@@ -47,7 +49,7 @@ Field {
     }
     onEdited: {
         wrong = !/^\s*#?\s*([0-9a-f]\s*){0,6}$/i.test(text)
-        if (isWhole)
+        if (isWhole(text))
             entered(text)
     }
     onFocusedChanged: focused ? focusAll() : finish()

@@ -23,6 +23,7 @@ Rectangle {
         Accessible.name: tip
         activeFocusOnTab: false // the swatch's own keys do the same
         height: 24
+        takesFocus: false
         width: 24
 
         Rectangle {

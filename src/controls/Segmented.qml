@@ -73,7 +73,7 @@ Item {
                 Accessible.checkable: true
                 Accessible.checked: isChosen
                 Accessible.role: Accessible.RadioButton
-                activeFocusOnTab: isChosen
+                activeFocusOnTab: isChosen || activeFocus // what has the focus cannot leave the chain
                 height: row.height
                 label: modelData
                 width: row.segmentWidth

@@ -102,11 +102,11 @@ FocusScope {
 
             anchors {
                 left: parent.left
-                leftMargin: 17
+                leftMargin: 16
                 right: parent.right
-                rightMargin: 17
+                rightMargin: 16
                 top: parent.top
-                topMargin: 17
+                topMargin: 16
             }
 
             Label {

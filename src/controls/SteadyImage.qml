@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import TesselBroth.Controls
 
 /** A picture that stays until the next one has been drawn. */
 Item {

@@ -53,7 +53,7 @@ Item {
                 Accessible.role: Accessible.PageTab
                 Accessible.selectable: true
                 Accessible.selected: isChosen
-                activeFocusOnTab: isChosen
+                activeFocusOnTab: isChosen || activeFocus // what has the focus cannot leave the chain
                 height: row.height
                 label: modelData
                 width: row.tabWidth
