@@ -11,10 +11,13 @@ Item {
     property string label
     /** Shown while the pointer rests on it; for buttons without text. */
     property string tip
-    property bool hovered: area.containsMouse && enabled
+    readonly property bool containsPointer: area.containsMouse
+    property bool hovered: containsPointer && enabled
     property bool pressed: (area.pressed && area.containsMouse) || keyed
     property bool focused: activeFocus
     property bool keyed: false
+    /** Pressing it with the pointer moves the focus to it. */
+    property bool takesFocus: true
 
     signal clicked
     /** The other button, or the menu key; at a point in the item. */
@@ -72,7 +75,7 @@ Item {
         onContainsMouseChanged: containsMouse ? Tips.enter(root, root.tip) : Tips.leave(root)
         onPressed: mouse => {
             Tips.press(root)
-            if (mouse.button === Qt.LeftButton && root.activeFocusOnTab)
+            if (mouse.button === Qt.LeftButton && root.takesFocus)
                 root.forceActiveFocus(Qt.MouseFocusReason)
         }
     }

@@ -22,6 +22,6 @@ Image {
     }
 
     smooth: false
-    source: columns > 0 && rows > 0
+    source: columns > 0 && rows > 0 && colors.length > 0
         ? `image://shapes/${blocks ? "blocks" : "even"}/${codes()}/${columns}x${rows}/${Screen.devicePixelRatio}` : ""
 }

@@ -3,7 +3,7 @@
 import QtQuick
 import TesselBroth.Controls
 
-/** The soft shadow of the item that it fills, for a desktop that mixes windows. */
+/** The soft shadow of the item that it fills. */
 BorderImage {
     id: root
 
@@ -29,5 +29,4 @@ BorderImage {
         top: reach
     }
     source: `image://shapes/shadow/${Theme.code(Qt.rgba(0, 0, 0, opaque))}/${blur}x${radius}/1`
-    visible: Surroundings.composited
 }

@@ -13,13 +13,13 @@ Item {
     property alias blur: shadow.blur
     property alias drop: shadow.drop
     property alias shade: shadow.opaque
-    property bool shadowed: true
+    property bool shadowed: Surroundings.composited
 
     Shadow {
         id: shadow
 
         radius: shape.radius * 2
-        visible: root.shadowed && Surroundings.composited
+        visible: root.shadowed
     }
     Stepped {
         id: shape

@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import TesselBroth.Controls
 
@@ -73,17 +71,13 @@ Pressable {
         anchors.centerIn: parent
         spacing: 6
 
-        Loader {
-            active: root.symbol !== ""
+        Symbol {
             anchors.verticalCenter: parent.verticalCenter
-            visible: active
-
-            sourceComponent: Symbol {
-                box: root.symbolBox
-                color: root.ink
-                name: root.symbol
-                stroke: root.symbolStroke
-            }
+            box: root.symbolBox
+            color: root.ink
+            name: root.symbol
+            stroke: root.symbolStroke
+            visible: name !== ""
         }
         Label {
             id: words

@@ -7,7 +7,8 @@ import TesselBroth.Controls
 Image {
     id: root
 
-    required property string name
+    /** A file's below :/symbols, or none. */
+    property string name
     property color color: Theme.stock
     property real box: 16
     /** Width of the lines, in twenty-fourths of the box. */
@@ -16,7 +17,7 @@ Image {
     readonly property int pixels: Math.round(box * Screen.devicePixelRatio)
 
     height: pixels / Screen.devicePixelRatio
-    source: `image://symbols/${name}/${stroke}/${Theme.code(color)}`
+    source: name === "" ? "" : `image://symbols/${name}/${stroke}/${Theme.code(color)}`
     sourceSize.height: pixels
     sourceSize.width: pixels
     width: height

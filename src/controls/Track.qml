@@ -21,6 +21,11 @@ Item {
     property real maximumValue: 1
     property real stepSize: 0
 
+    /** How far the pointer goes from one limit to the other. */
+    property real span: width
+    /** How far above and below it can be grabbed, too. */
+    property real reach: 0
+
     property bool hovered: area.containsMouse && enabled
     property bool dragged: area.dragging
     property bool focused: activeFocus
@@ -28,7 +33,7 @@ Item {
     property string typed
 
     signal dragStarted
-    /** How far the pointer is from where the drag began, in widths of this item; right is more. */
+    /** How far the pointer is from where the drag began, in spans; right is more. */
     signal draggedBy(real widths)
     signal dragEnded
     /** A step up (1) or down (-1). */
@@ -100,9 +105,14 @@ Item {
         property real start: 0
         property bool dragging: false
 
-        anchors.fill: parent
         hoverEnabled: true
         preventStealing: true
+
+        anchors {
+            bottomMargin: -root.reach
+            fill: parent
+            topMargin: -root.reach
+        }
 
         function end() {
             if (dragging)
@@ -124,7 +134,7 @@ Item {
                 root.dragStarted()
             }
             if (dragging)
-                root.draggedBy(moved / root.width)
+                root.draggedBy(moved / root.span)
         }
         onPressed: mouse => {
             start = mouse.x

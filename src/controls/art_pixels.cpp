@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "controls/art_pixels.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "controls/stepped.h"
 
 #include "controls/art_pixels.h"
@@ -70,6 +71,12 @@ void fillShape(Rectangles& rectangles, QRect pixels, int radius, qreal scale, co
         rectangles.fill(rect.translated(pixels.topLeft()), colour);
 }
 
+void fillRegion(Rectangles& rectangles, const QRegion& region, const QColor& colour)
+{
+    for (const QRect& rect : region)
+        rectangles.fill(rect, colour);
+}
+
 } // namespace
 
 Stepped::Stepped(QQuickItem* parent) : QQuickItem(parent)
@@ -89,12 +96,17 @@ QSGNode* Stepped::updatePaintNode(QSGNode* old, UpdatePaintNodeData* /*data*/)
     Rectangles rectangles(window(), node, first - begin, scale);
 
     const QRect whole(0, 0, last.x() - first.x(), last.y() - first.y());
-    if (m_hairline.alpha() == 0) {
-        fillShape(rectangles, whole, m_radius, scale, m_color);
+    const int line = std::max(1, static_cast<int>(std::lround(scale)));
+    const QRect inside = whole.adjusted(line, line, -line, -line);
+    if (m_part == Corners) {
+        fillRegion(rectangles, QRegion(whole) - art::steppedShape(whole.size(), m_radius, scale), m_color);
+    } else if (m_part == Hairline) {
+        const QRegion hole = art::steppedShape(inside.size(), m_radius, scale).translated(inside.topLeft());
+        fillRegion(rectangles, art::steppedShape(whole.size(), m_radius, scale) - hole, m_hairline);
     } else {
-        const int line = std::max(1, static_cast<int>(std::lround(scale)));
-        fillShape(rectangles, whole, m_radius, scale, m_hairline);
-        fillShape(rectangles, whole.adjusted(line, line, -line, -line), m_radius, scale, m_color);
+        if (m_hairline.alpha() > 0)
+            fillShape(rectangles, whole, m_radius, scale, m_hairline);
+        fillShape(rectangles, m_hairline.alpha() > 0 ? inside : whole, m_radius, scale, m_color);
     }
     rectangles.removeRest();
     return node;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QColor>
@@ -8,18 +9,27 @@
 
 namespace tessel {
 
-/// A filled rectangle whose corners are stepped in art pixels, with a hairline just inside if one is wanted.
-/// It is made of plain rectangles, so that it lies on whole device pixels at every scale and costs no
-/// picture.
+/// A rectangle whose corners are stepped in art pixels: filled, with a hairline just inside if one is wanted,
+/// or only its hairline, or only what its corners leave out, to cover a picture's. It is made of plain
+/// rectangles, so that it lies on whole device pixels at every scale and costs no picture.
 class Stepped : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
+    Q_PROPERTY(Part part MEMBER m_part NOTIFY changed)
     Q_PROPERTY(int radius MEMBER m_radius NOTIFY changed)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
     Q_PROPERTY(QColor hairline MEMBER m_hairline NOTIFY changed)
 
 public:
+    enum Part
+    {
+        Whole,
+        Hairline,
+        Corners
+    };
+    Q_ENUM(Part)
+
     explicit Stepped(QQuickItem* parent = nullptr);
 
 Q_SIGNALS:
@@ -31,6 +41,7 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
+    Part m_part = Whole;
     int m_radius = 0; // in cells
     QColor m_color;
     QColor m_hairline = Qt::transparent;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "controls/symbol_images.h"
 
 #include <QColor>

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QElapsedTimer>

@@ -3,9 +3,12 @@
 
 // Shows a QML page that is made of the interface's controls and saves a picture of it.
 // Usage: gallery PAGE.qml OUT.png [SCALE]
+// TESSEL_QML in the environment names a folder of QML modules that are taken instead of the built-in ones, so
+// that changes can be seen without building.
 #include "controls/controls.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlEngine>
 #include <QQuickView>
 #include <QTextStream>
@@ -34,10 +37,14 @@ int main(int argc, char** argv)
 
     QQuickView view;
     tessel::installControls(*view.engine());
+    if (qEnvironmentVariableIsSet("TESSEL_QML"))
+        view.engine()->addImportPath(qEnvironmentVariable("TESSEL_QML"));
     view.setSource(QUrl::fromLocalFile(QString::fromLocal8Bit(argv[1])));
     if (view.status() != QQuickView::Ready)
         return 1;
     view.show();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F35, Qt::NoModifier); // rings are shown once a key was used
+    QGuiApplication::sendEvent(&view, &key);
     bool saved = false;
     QTimer::singleShot(kSettled, &view, [&] {
         saved = view.grabWindow().save(QString::fromLocal8Bit(argv[2]));
