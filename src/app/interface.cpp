@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/status_menu.h"
 #include "controls/controls.h"
+#include "controls/look_pictures.h"
 #include "controls/surroundings.h"
 #include "edge/edge_panel.h"
 
@@ -34,6 +35,7 @@ Interface::Interface(const InterfaceParts& parts)
     // A sixth of the processor time and a third of the memory of OpenGL without a GPU, and no context needed.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     installControls(m_engine);
+    m_engine.addImageProvider(QStringLiteral("looks"), new LookPictures);
     qml_register_types_TesselBroth_Edge();
     qml_register_types_TesselBroth_Editor();
     connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);

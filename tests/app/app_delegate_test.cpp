@@ -4,6 +4,8 @@
 #include "app/app_delegate.h"
 #include "app/fake_login_item.h"
 #include "app/open_dialogs.h"
+#include "edge/edge_panel.h"
+#include "support/fake_desktop.h"
 #include "support/test_store.h"
 
 #include <QDir>
@@ -48,10 +50,6 @@ private:
     TestStore& m_store;
 };
 
-class FakeSession : public Session
-{
-};
-
 /// Shows messages, or says that nobody does.
 class FakeNotifications : public Notifications
 {
@@ -88,7 +86,8 @@ protected:
                                                             .dialogs = m_dialogs,
                                                             .quitSignals = m_quitSignals,
                                                             .trayHost = m_trayHost,
-                                                            .panelShade = m_shade});
+                                                            .panelShade = m_shade,
+                                                            .edge = m_edge});
         m_delegate->start();
         return *m_delegate;
     }
@@ -105,6 +104,8 @@ protected:
     QuitSignals m_quitSignals;
     TrayHost m_trayHost;
     FakeShade m_shade;
+    FakeWindowSystem m_windows;
+    EdgeController m_edge{*m_store, m_windows, [](EdgeState&) { return nullptr; }};
     std::unique_ptr<AppDelegate> m_delegate;
 };
 

@@ -179,7 +179,8 @@ protected:
         press(button);
     }
 
-    EditorServices m_services = editorServices(m_dialogs);
+    std::vector<bool> m_openings;
+    EditorServices m_services = editorServices(m_dialogs, [this](bool isOpen) { m_openings.push_back(isOpen); });
     QStringList m_chosen;
     std::function<void(const QString&)> m_note = [this](const QString& file) { m_chosen << file; };
 };
@@ -210,6 +211,7 @@ TEST_F(FileDialogsTest, TellNothingWhenCancelled)
     openDialog().reject();
     EXPECT_TRUE(m_chosen.isEmpty());
     EXPECT_TRUE(openDialogs().isEmpty());
+    EXPECT_EQ(m_openings, (std::vector{true, false, true, false})) << "the second one did not open";
 }
 
 } // namespace

@@ -55,7 +55,7 @@ class StatusMenu : public testing::Test
 protected:
     std::vector<MenuRow> rows(LoginItem::Status login = LoginItem::Status::off)
     {
-        return statusMenuRows(*m_store, login, m_commands);
+        return statusMenuRows(*m_store, login, m_mode, m_commands);
     }
 
     std::vector<MenuRow> children(const char* title) { return find(rows(), title).children; }
@@ -66,15 +66,27 @@ protected:
     }
 
     TestStore m_store;
+    std::optional<Mode> m_mode = Mode::handle;
     std::vector<std::string> m_asked;
     StatusCommands m_commands{
         [this](Action action) { m_asked.push_back(actionName(action).toStdString()); },
+        [this] { m_asked.emplace_back("editor"); },
         [this] { m_asked.emplace_back("save"); },
         [this](bool on) { m_asked.emplace_back(on ? "login on" : "login off"); },
         [this] { m_asked.emplace_back("updates"); },
         [this](const QString& address) { m_asked.push_back(address.toStdString()); },
     };
 };
+
+TEST_F(StatusMenu, OpensAndClosesTheEditorWhereThereCanBeOne)
+{
+    EXPECT_EQ(rows().front().title, QStringLiteral("Open Editor"));
+    m_mode = Mode::open;
+    find(rows(), "Close Editor").run();
+    EXPECT_THAT(m_asked, ElementsAre("editor"));
+    m_mode.reset();
+    EXPECT_EQ(rows().front().title, QStringLiteral("New Wallpaper"));
+}
 
 TEST_F(StatusMenu, ChoosesStillOrAnimatedAlsoForTheFirstWallpaper)
 {

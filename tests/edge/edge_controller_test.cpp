@@ -168,8 +168,7 @@ TEST_F(EdgeControllerTest, TheEditorsEndAbandonsAPaletteThatIsBeingEdited)
 {
     EdgeController& edge = open();
     edge.setMode(Mode::open);
-    m_store->setStopsBeforeEdit(std::vector<Color>{});
-    m_store->setDraftStops(std::vector<Color>{1, 2});
+    m_store->beginEditing(std::nullopt, {1, 2});
     edge.setMode(Mode::handle);
     EXPECT_FALSE(m_store->stopsBeforeEdit());
 }

@@ -442,7 +442,9 @@ TEST_F(FullServerTest, TheProgramGoesOnWithoutWindows)
     X11WindowSystem system;
     EXPECT_EQ(system.focus(), nullptr);
     EXPECT_EQ(system.makeWallpaperWindow(screen, Rasterizer::software), nullptr);
-    EXPECT_EQ(system.makePointerFeed(), nullptr);
+    QWindow panel;
+    EXPECT_EQ(system.makePanelWindow(panel), nullptr);
+    EXPECT_EQ(system.makePointerFeed(panel), nullptr);
     EXPECT_THAT(system.screens().list(), testing::SizeIs(1)) << "pictures can still be made for it";
     runEvents(100ms);
 }

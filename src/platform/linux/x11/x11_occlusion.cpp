@@ -363,6 +363,7 @@ void X11Occlusion::followCompositor(xcb_window_t owner)
     // kin, or with the root, whose events are chosen already.
     if (owner != XCB_WINDOW_NONE && owner != m_connection.root() && !m_windows.contains(owner))
         xcb_change_window_attributes(m_connection.get(), owner, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(m_connection.get());
     if (wasBlending != isBlending())
         Q_EMIT blendingChanged();
 }
