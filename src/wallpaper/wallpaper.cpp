@@ -55,13 +55,6 @@ void Wallpaper::stop()
     m_live.hide();
 }
 
-void Wallpaper::savePng(const Look& look, QSize size, const QString& file,
-                        std::function<void(std::optional<QString> failure)> done)
-{
-    m_maker.save({look, m_environment.clocks.phase(Source::desktop), m_environment.store.edge()}, size, file,
-                 std::move(done));
-}
-
 void Wallpaper::keepPhase()
 {
     m_environment.store.setDesktopPhase(m_environment.clocks.phase(Source::desktop));

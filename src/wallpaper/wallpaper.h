@@ -31,11 +31,6 @@ public:
     /// A still that is not made yet is waited for, within the delay for leaving.
     void stop() override;
 
-    /// Draws a look at a size in pixels and writes it as a PNG file, without holding up anything else.
-    /// \param done called on this thread, with the reason for people if it did not work
-    void savePng(const Look& look, QSize size, const QString& file,
-                 std::function<void(std::optional<QString> failure)> done);
-
 private:
     void keepPhase();
     void playLive();

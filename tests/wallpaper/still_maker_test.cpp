@@ -12,6 +12,8 @@
 #include <QSet>
 #include <gmock/gmock.h>
 
+#include <future>
+
 namespace tessel {
 namespace {
 
@@ -107,6 +109,30 @@ TEST_F(StillMakerTest, SavesPicturesOfAnySize)
               "The 1000000x100 image could not be rendered. Try a smaller size.");
     EXPECT_THAT(answers[2].value_or(QString()).toStdString(), HasSubstr("none"));
     EXPECT_EQ(QImage(file).size(), QSize(640, 360)) << "the old file stays";
+}
+
+TEST_F(StillMakerTest, WhatIsGivenUpIsNotWritten)
+{
+    std::promise<void> gate;
+    maker.writer().run([open = gate.get_future().share()] { open.wait(); });
+    int answers = 0;
+    const auto note = [&](const std::optional<QString>& /*failure*/) { ++answers; };
+    double progress = 0;
+    const QString drawn = home.filePath(QStringLiteral("drawn.png"));
+    const QString begun = home.filePath(QStringLiteral("begun.png"));
+    const int first = maker.save({}, {64, 64}, drawn, note);
+    const int second = maker.save({}, {2048, 2048}, begun, note, [&](double now) { progress = now; });
+    // The first one is drawn then, and waits for the thread that writes.
+    ASSERT_TRUE(waitUntil([&] { return progress > 0; }));
+    EXPECT_LT(progress, 1);
+    maker.giveUp(first);
+    maker.giveUp(second);
+    maker.giveUp(second);
+    gate.set_value();
+    maker.save({}, {64, 64}, home.filePath(QStringLiteral("last.png")), note);
+    ASSERT_TRUE(waitUntil([&] { return answers > 0; }));
+    EXPECT_EQ(answers, 1);
+    EXPECT_FALSE(QFile::exists(drawn) || QFile::exists(begun));
 }
 
 TEST_F(StillMakerTest, LeavesTheEventLoopItsTurns)
