@@ -3,7 +3,10 @@
 
 #include "base/worker.h"
 
+#include <QSemaphore>
+
 #include <cstdio>
+#include <memory>
 
 namespace tessel {
 
@@ -31,11 +34,12 @@ void Worker::post(std::function<void()> job)
     QMetaObject::invokeMethod(&m_place, std::move(job));
 }
 
-void Worker::wait()
+bool Worker::wait(QDeadlineTimer deadline)
 {
-    if (m_thread.isRunning())
-        QMetaObject::invokeMethod(
-            &m_place, [] {}, Qt::BlockingQueuedConnection);
+    // The job may outlive this call.
+    const auto done = std::make_shared<QSemaphore>();
+    post([done] { done->release(); });
+    return done->tryAcquire(1, static_cast<int>(deadline.remainingTime()));
 }
 
 void Worker::adopt(QObject* object)
