@@ -114,10 +114,13 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
              [this, request, file, name = screen.name,
               json = encodeLook(recipe.look)](Outcome<Picture> drawn) {
                  if (!drawn.value) {
-                     finish(request, tr("There is no picture for %1: %2")
-                                         .arg(name, drawn.failure.isEmpty()
-                                                        ? tr("it is larger than what can be drawn here.")
-                                                        : drawn.failure));
+                     if (request != m_latest)
+                         return;
+                     cancel();
+                     Q_EMIT failed(tr("There is no picture for %1: %2")
+                                       .arg(name, drawn.failure.isEmpty()
+                                                      ? tr("it is larger than what can be drawn here.")
+                                                      : drawn.failure));
                      return;
                  }
                  const auto picture = std::make_shared<const Picture>(std::move(*drawn.value));
@@ -126,7 +129,7 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                          requireFolder(folder);
                          write(*picture, json, file);
                      },
-                     [this, request](const auto& outcome) { finish(request, outcome.failure); });
+                     [this, request](const auto& outcome) { noteWritten(request, outcome.failure); });
              });
     }
 }
@@ -161,7 +164,7 @@ void StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file
 void StillMaker::draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<Request>& request,
                       std::function<void(Outcome<Picture>)> done)
 {
-    m_drawings.push_back(std::make_unique<Drawing>(recipe, size, request, std::move(done)));
+    m_drawings.push_back(std::make_unique<Drawing>(Drawing{recipe, size, request, std::move(done)}));
     m_slices.start(0);
 }
 
@@ -197,13 +200,13 @@ void StillMaker::drawSlice(Drawing& drawing)
 }
 
 /// \param failure empty on success
-void StillMaker::finish(const std::shared_ptr<Request>& request, const QString& failure)
+void StillMaker::noteWritten(const std::shared_ptr<Request>& request, const QString& failure)
 {
     if (request != m_latest)
         return;
     if (!failure.isEmpty()) {
         cancel();
-        Q_EMIT failed(failure);
+        Q_EMIT notWritten(failure);
         return;
     }
     if (++request->written < request->pictures.size())

@@ -60,8 +60,10 @@ public:
 Q_SIGNALS:
     /// All files of the latest request are written.
     void written(const std::vector<tessel::DesktopPicture>& pictures);
-    /// The latest request could not be carried out.
+    /// The latest request could not be carried out: its pictures cannot be drawn, or not be written, which
+    /// may be otherwise later.
     void failed(const QString& message);
+    void notWritten(const QString& message);
 
 private:
     struct Drawing;
@@ -71,7 +73,7 @@ private:
               std::function<void(Outcome<Picture>)> done);
     void advance();
     void drawSlice(Drawing& drawing);
-    void finish(const std::shared_ptr<Request>& request, const QString& failure);
+    void noteWritten(const std::shared_ptr<Request>& request, const QString& failure);
 
     Graphics& m_graphics;
     const QString m_folder;
