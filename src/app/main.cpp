@@ -5,12 +5,14 @@
 #include "app/app_delegate.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
+#include "platform/process.h"
 #include "platform/window_system.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -18,6 +20,9 @@ namespace tessel {
 namespace {
 
 constexpr int usageError = 2;
+
+/// Whoever quits, or logs out, waits no longer: not for a disk, nor for a photo or a shader in the making.
+constexpr std::chrono::seconds longestEnd{3};
 
 void setNames()
 {
@@ -126,6 +131,7 @@ int runApplication(QApplication& application)
                           .quitSignals = *quitSignals,
                           .trayHost = *trayHost,
                           .panelShade = *panelShade});
+    QObject::connect(&delegate, &AppDelegate::leaving, [] { endWithin(longestEnd); });
     delegate.start();
     return QApplication::exec();
 }
