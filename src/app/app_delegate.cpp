@@ -184,6 +184,7 @@ void AppDelegate::leave()
 {
     if (std::exchange(m_hasLeft, true))
         return;
+    Q_EMIT leaving();
     m_parts.dialogs.closeAll();
     static_cast<void>(m_parts.store.saveNow());
     m_tray.reset();

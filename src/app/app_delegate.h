@@ -53,6 +53,10 @@ public:
     /// Saves everything, takes the windows down and ends the event loop.
     void quit();
 
+Q_SIGNALS:
+    /// The program begins to end: everything is saved and taken down now.
+    void leaving();
+
 private:
     void connectStore();
     void connectSystem();

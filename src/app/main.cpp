@@ -6,12 +6,14 @@
 #include "app/interface.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
+#include "platform/process.h"
 #include "platform/window_system.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -19,6 +21,9 @@ namespace tessel {
 namespace {
 
 constexpr int usageError = 2;
+
+/// Whoever quits, or logs out, waits no longer: not for a disk, nor for a photo or a shader in the making.
+constexpr std::chrono::seconds longestEnd{3};
 
 void setNames()
 {
@@ -131,6 +136,7 @@ int runApplication(QApplication& application)
                           .trayHost = *trayHost,
                           .panelShade = *panelShade,
                           .edge = interface.edge()});
+    QObject::connect(&delegate, &AppDelegate::leaving, [] { endWithin(longestEnd); });
     delegate.start();
     return QApplication::exec();
 }

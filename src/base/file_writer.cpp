@@ -103,7 +103,7 @@ void FileWriter::write(std::span<const std::byte> bytes)
     }
 }
 
-void FileWriter::commit()
+void FileWriter::commit(Sync sync)
 {
     if (m_temporary.empty()) {
         if (!m_file.close())
@@ -111,7 +111,8 @@ void FileWriter::commit()
         return;
     }
     // Some disks say only now that they are full. The lock stays until the file is in its place.
-    if (::fsync(m_file.get()) != 0 || ::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+    if ((sync == Sync::now && ::fsync(m_file.get()) != 0) ||
+        ::rename(m_temporary.c_str(), m_target.c_str()) != 0)
         fail(errno);
     m_temporary.clear();
     m_file.close();

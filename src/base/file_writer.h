@@ -20,6 +20,14 @@ enum class Permissions : std::uint8_t
     asBefore
 };
 
+/// Whether a file is on the disk when it is in its place, or the system may bring it there later. Until then
+/// a crash of the machine may leave neither the old nor the new file.
+enum class Sync : std::uint8_t
+{
+    now,
+    later
+};
+
 /// Writes one file so that it appears whole or not at all: until it is complete on the disk, an older file of
 /// that name stays what it was, also after an error, and where nothing commits. A link is followed
 /// to the file it means; a device or pipe is written into.
@@ -41,7 +49,7 @@ public:
 
     /// Puts the file in its place; the last call.
     /// \throws FileError
-    void commit();
+    void commit(Sync sync = Sync::now);
 
 private:
     [[noreturn]] void fail(int error) const;

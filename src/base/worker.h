@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QString>
 #include <QThread>
@@ -50,7 +51,8 @@ public:
     void run(Job job);
 
     /// Waits until all jobs handed in so far are done. Their `done` come later, from the event loop.
-    void wait();
+    /// \return whether they are, by the deadline
+    bool wait(QDeadlineTimer deadline = QDeadlineTimer::Forever);
 
     /// Lets an object without a parent live on the thread, which deletes it when it ends.
     void adopt(QObject* object);

@@ -7,10 +7,10 @@
 #include "model/look_json.h"
 #include "render/png_file.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <stdexcept>
 
 namespace tessel::cli {
@@ -19,12 +19,16 @@ namespace {
 
 constexpr std::string_view pngSignature = "\x89PNG\r\n\x1a\n";
 
-std::string readAll(std::istream& stream)
+/// As many bytes as there are, but no more than `count`.
+std::string take(std::istream& stream, std::size_t count)
 {
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    std::string bytes(count, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(count));
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    return bytes;
 }
 
-std::string readFile(const std::string& name)
+std::ifstream open(const std::string& name)
 {
     const std::filesystem::path path(name);
     std::error_code ignored;
@@ -36,7 +40,7 @@ std::string readFile(const std::string& name)
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw std::runtime_error(name + ": cannot be opened for reading");
-    return readAll(file);
+    return file;
 }
 
 bool isJsonText(const std::string& argument)
@@ -61,11 +65,28 @@ Look decodeFromPng(const std::string& origin, const std::optional<std::string>& 
     return decode(origin, *text);
 }
 
-/// Whatever was read, JSON or a PNG.
-Look decodeEither(const std::string& origin, const std::string& content)
+/// Bytes that have been read already, and then those that come.
+ByteSource continued(std::string begun, std::istream& stream)
 {
-    return content.starts_with(pngSignature) ? decodeFromPng(origin, lookTextIn(content, origin))
-                                             : decode(origin, content);
+    return [begun = std::move(begun), &stream](std::span<std::uint8_t> bytes) mutable {
+        const std::size_t count = begun.copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
+        begun.erase(0, count);
+        const std::string more = take(stream, bytes.size() - count);
+        std::ranges::copy(more, bytes.begin() + static_cast<std::ptrdiff_t>(count));
+        return count + more.size();
+    };
+}
+
+/// Whatever comes, JSON or a PNG. Of a stream that never ends no more is read than a look can be long.
+Look decodeEither(const std::string& origin, std::istream& stream)
+{
+    std::string text = take(stream, pngSignature.size());
+    if (text == pngSignature)
+        return decodeFromPng(origin, readLookText(continued(std::move(text), stream), origin));
+    text += take(stream, maxLookText);
+    if (text.size() > maxLookText)
+        throw std::runtime_error(origin + ": is too long to be a look");
+    return decode(origin, text);
 }
 
 } // namespace
@@ -77,8 +98,9 @@ Look readLook(const std::string& argument)
     if (isJsonText(argument))
         return decode("LOOK", argument);
     if (argument == "-")
-        return decodeEither("standard input", readAll(std::cin));
-    return decodeEither(argument, readFile(argument));
+        return decodeEither("standard input", std::cin);
+    std::ifstream file = open(argument);
+    return decodeEither(argument, file);
 }
 
 Look readPngLook(const std::string& fileName)

@@ -53,7 +53,8 @@ void render(const RenderOptions& options)
     const double encode = watch.lap();
     progress.finish();
     headless.warnOfPhoto(look);
-    headless.warnOfPhoto(previous);
+    if (previous.imagePath != look.imagePath)
+        headless.warnOfPhoto(previous);
     if (options.timing)
         printTiming(context, timing, encode);
 }

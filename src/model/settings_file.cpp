@@ -411,6 +411,35 @@ StoredSettings readValues(const QString& path)
     return stored;
 }
 
+/// Replaces the file by one with new values; the lock is the caller's concern.
+std::optional<WritingFailure> change(const QString& path, const SettingValues& changes,
+                                     const std::set<std::string>& unreadable, QByteArray* known, Sync sync)
+{
+    const Contents now = contentsOf(path);
+    if (now.problem)
+        return WritingFailure{*now.problem};
+    const bool isWhole = holdsSettings(now.text);
+    const QByteArray base = isWhole ? now.text : lastKnown(path, now.text, known);
+    const bool losesText = base != now.text && !now.text.isEmpty();
+    if (losesText || losesUnreadable(now.text, changes, unreadable)) {
+        if (const std::optional<QString> problem = keepCopy(path, now.text))
+            return WritingFailure{*problem};
+    }
+    const QByteArray next = withSettings(base, changes);
+    try {
+        FileWriter file(QFile::encodeName(path).toStdString(), Permissions::asBefore);
+        file.write(std::as_bytes(std::span(next)));
+        if (isWhole)
+            keepAsPrevious(path);
+        file.commit(sync);
+    } catch (const FileError& failure) {
+        return WritingFailure{QString::fromUtf8(failure.what())};
+    }
+    if (known != nullptr)
+        *known = next;
+    return std::nullopt;
+}
+
 } // namespace
 
 QString defaultSettingsFile()
@@ -487,29 +516,13 @@ std::optional<WritingFailure> writeSettings(const QString& path, const SettingVa
                 "the folder \"%1\" cannot be written to (%2); permission and free space are expected")
                 .arg(folder, QString::fromStdString(std::generic_category().message(error)))};
     }
-    const Contents now = contentsOf(path);
-    if (now.problem)
-        return WritingFailure{*now.problem};
-    const bool isWhole = holdsSettings(now.text);
-    const QByteArray base = isWhole ? now.text : lastKnown(path, now.text, known);
-    const bool losesText = base != now.text && !now.text.isEmpty();
-    if (losesText || losesUnreadable(now.text, changes, unreadable)) {
-        if (const std::optional<QString> problem = keepCopy(path, now.text))
-            return WritingFailure{*problem};
-    }
-    const QByteArray next = withSettings(base, changes);
-    try {
-        FileWriter file(QFile::encodeName(path).toStdString(), Permissions::asBefore);
-        file.write(std::as_bytes(std::span(next)));
-        if (isWhole)
-            keepAsPrevious(path);
-        file.commit();
-    } catch (const FileError& failure) {
-        return WritingFailure{QString::fromUtf8(failure.what())};
-    }
-    if (known != nullptr)
-        *known = next;
-    return std::nullopt;
+    return change(path, changes, unreadable, known, Sync::now);
+}
+
+std::optional<WritingFailure> writeSettingsAtEnd(const QString& path, const SettingValues& changes,
+                                                 const std::set<std::string>& unreadable)
+{
+    return change(path, changes, unreadable, nullptr, Sync::later);
 }
 
 } // namespace tessel

@@ -61,4 +61,10 @@ struct WritingFailure
                                                           std::chrono::milliseconds patience = {},
                                                           QByteArray* known = nullptr);
 
+/// The same at once, for a program that ends while the disk does not answer: whoever else is writing the file
+/// is not waited for, nor is the disk.
+[[nodiscard]] std::optional<WritingFailure> writeSettingsAtEnd(const QString& path,
+                                                               const SettingValues& changes,
+                                                               const std::set<std::string>& unreadable);
+
 } // namespace tessel

@@ -15,6 +15,8 @@ namespace {
 constexpr std::chrono::milliseconds lockRetryInterval{100};
 /// saveNow() is called twice when the program ends.
 constexpr std::chrono::milliseconds endPatience{500};
+/// With a disk, before the program ends.
+constexpr std::chrono::milliseconds diskPatience{1500};
 
 } // namespace
 
@@ -66,10 +68,13 @@ void SettingsSaver::commit()
 
 bool SettingsSaver::saveNow()
 {
+    const QDeadlineTimer deadline(diskPatience);
     addChanging();
-    waitForWrite();
+    if (!waitForWrite(deadline))
+        return writeAtEnd();
     write(endPatience);
-    waitForWrite();
+    if (!waitForWrite(deadline))
+        return writeAtEnd();
     return m_unsaved.empty();
 }
 
@@ -146,13 +151,25 @@ void SettingsSaver::retry(const WritingFailure& failure)
         Q_EMIT failed(failure.message);
 }
 
-void SettingsSaver::waitForWrite()
+/// \return whether no write is under way any more
+bool SettingsSaver::waitForWrite(const QDeadlineTimer& deadline)
 {
     while (m_isWriting) {
-        m_worker.wait();
+        if (!m_worker.wait(deadline))
+            return false;
         // Its outcome is on the way to us, and one more write may begin with it.
         QCoreApplication::sendPostedEvents(&m_worker, QEvent::MetaCall);
     }
+    return true;
+}
+
+/// Writes what is on its way and what waits for it. Should the program go on, all of it is written again.
+bool SettingsSaver::writeAtEnd()
+{
+    SettingValues all = m_unsaved;
+    all.insert(m_beingWritten.begin(), m_beingWritten.end());
+    m_isNextDue = !m_unsaved.empty();
+    return !writeSettingsAtEnd(m_file, all, m_unreadable);
 }
 
 } // namespace tessel

@@ -58,8 +58,8 @@ public:
     void commit();
 
     /// Waits until all that was set is written. Another program that is writing the settings is given half a
-    /// second to end.
-    /// \return whether everything is on disk
+    /// second to end, the disk a second and a half: then everything is written without waiting for it.
+    /// \return whether everything is written
     bool saveNow();
 
 Q_SIGNALS:
@@ -75,7 +75,8 @@ private:
     void written(const Outcome<std::optional<WritingFailure>>& outcome);
     void noteSuccess();
     void retry(const WritingFailure& failure);
-    void waitForWrite();
+    bool waitForWrite(const QDeadlineTimer& deadline);
+    bool writeAtEnd();
 
     const QString m_file;
     QByteArray m_text; ///< what it holds; for the thread that writes

@@ -3,6 +3,8 @@
 
 #include "render/photo.h"
 
+#include "base/picture_limit.h"
+
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -11,9 +13,6 @@
 namespace tessel {
 
 namespace {
-
-/// The most memory, in MiB, that decoding one photo may take: a bomb of a few kilobytes asks for far more.
-constexpr int decodeLimit = 512;
 
 void requireFile(const QString& name)
 {
@@ -46,7 +45,7 @@ QImage readPicture(const std::string& path, int longestSide)
 {
     const QString name = QString::fromStdString(path);
     requireFile(name);
-    QImageReader::setAllocationLimit(decodeLimit);
+    limitPictures();
     QImageReader reader(name);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);

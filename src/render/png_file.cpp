@@ -11,10 +11,8 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <functional>
 #include <memory>
 #include <new>
-#include <span>
 #include <string_view>
 #include <unistd.h>
 #include <utility>
@@ -39,9 +37,6 @@ struct FreeDecompressor
         libdeflate_free_decompressor(decompressor);
     }
 };
-
-/// Fills its argument as far as there are more bytes, and says how many there were.
-using ByteSource = std::function<std::size_t(std::span<std::uint8_t>)>;
 
 [[noreturn]] void failReading(int error, const fs::path& path)
 {
@@ -192,20 +187,12 @@ std::optional<std::string> readLookText(const fs::path& path)
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())
         failReading(errno, path);
-    return LookReader(path, [&](std::span<std::uint8_t> bytes) { return readUpTo(file, bytes, path); })
-        .read();
+    return readLookText([&](std::span<std::uint8_t> bytes) { return readUpTo(file, bytes, path); }, path);
 }
 
-std::optional<std::string> lookTextIn(std::string_view png, const fs::path& name)
+std::optional<std::string> readLookText(ByteSource source, const fs::path& name)
 {
-    return LookReader(name,
-                      [png](std::span<std::uint8_t> bytes) mutable {
-                          const std::size_t count =
-                              png.copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
-                          png.remove_prefix(count);
-                          return count;
-                      })
-        .read();
+    return LookReader(name, std::move(source)).read();
 }
 
 } // namespace tessel

@@ -7,11 +7,13 @@
 #include "render/picture.h"
 #include "render/png_encoder.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
-#include <string_view>
 
 namespace tessel {
 
@@ -29,8 +31,11 @@ void writePng(
 /// more than maxLookText bytes
 [[nodiscard]] std::optional<std::string> readLookText(const std::filesystem::path& path);
 
-/// The same for a PNG file that has been read already.
+/// Fills its argument as far as there are more bytes, and says how many there were.
+using ByteSource = std::function<std::size_t(std::span<std::uint8_t>)>;
+
+/// The same for a PNG file that comes from somewhere else. It is never held as a whole.
 /// \param name what errors call it
-[[nodiscard]] std::optional<std::string> lookTextIn(std::string_view png, const std::filesystem::path& name);
+[[nodiscard]] std::optional<std::string> readLookText(ByteSource source, const std::filesystem::path& name);
 
 } // namespace tessel

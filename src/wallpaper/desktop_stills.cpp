@@ -3,7 +3,6 @@
 
 #include "wallpaper/desktop_stills.h"
 
-#include <QDeadlineTimer>
 #include <QEventLoop>
 
 namespace tessel {
@@ -22,9 +21,13 @@ DesktopStills::DesktopStills(const WallpaperEnvironment& environment, Scene& sce
         else
             make();
     });
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(m_environment.delays.retry);
+    connect(&m_retry, &QTimer::timeout, this, &DesktopStills::make);
     connect(&m_scene, &Scene::changed, this, &DesktopStills::sceneChanged);
     connect(&m_scene, &Scene::failed, this, &DesktopStills::sceneFailed);
     connect(&m_maker, &StillMaker::failed, this, &DesktopStills::failed);
+    connect(&m_maker, &StillMaker::notWritten, this, &DesktopStills::retryLater);
     connect(&m_maker, &StillMaker::written, this, &DesktopStills::handOver);
     connect(&m_environment.pictures, &DesktopPictures::finished, this, &DesktopStills::answer);
     connect(&m_environment.windows.screens(), &Screens::changed, this, &DesktopStills::followScreens);
@@ -34,7 +37,7 @@ DesktopStills::DesktopStills(const WallpaperEnvironment& environment, Scene& sce
 /// is known can icons be left free.
 void DesktopStills::schedule()
 {
-    m_maker.cancel();
+    cancel();
     const bool waits = m_environment.store.appliedMotion() && m_latest.cover(screens());
     m_delay.start(waits ? m_environment.delays.animated : m_environment.delays.still);
 }
@@ -42,6 +45,8 @@ void DesktopStills::schedule()
 void DesktopStills::cancel()
 {
     m_delay.stop();
+    m_retry.stop();
+    m_isFailureTold = false;
     m_maker.cancel();
 }
 
@@ -51,10 +56,11 @@ void DesktopStills::finish()
         m_delay.stop();
         make();
     }
-    const QDeadlineTimer limit(m_environment.delays.leaving);
-    QTimer::singleShot(m_environment.delays.leaving, this, [] {});
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(m_environment.delays.leaving);
     QEventLoop loop;
-    while ((m_maker.isBusy() || m_calls > 0) && !limit.hasExpired())
+    while ((m_maker.isBusy() || m_calls > 0) && limit.isActive())
         loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 
@@ -92,6 +98,14 @@ void DesktopStills::sceneFailed(const QString& problem)
     Q_EMIT failed(problem);
 }
 
+/// A disk may have room again, and is told of once.
+void DesktopStills::retryLater(const QString& problem)
+{
+    m_retry.start();
+    if (!std::exchange(m_isFailureTold, true))
+        Q_EMIT failed(problem);
+}
+
 void DesktopStills::make()
 {
     const std::vector<Screen> now = screens();
@@ -103,6 +117,7 @@ void DesktopStills::make()
 
 void DesktopStills::handOver(const std::vector<DesktopPicture>& pictures)
 {
+    m_isFailureTold = false;
     m_latest.set(pictures);
     ++m_calls;
     m_environment.pictures.set(pictures);

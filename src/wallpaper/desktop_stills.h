@@ -24,7 +24,7 @@ class DesktopStills : public QObject
     Q_OBJECT
 
 public:
-    /// The scene, which shows the same look live, and the maker must outlive this.
+    /// All must outlive this. The scene shows the same look live.
     DesktopStills(const WallpaperEnvironment& environment, Scene& scene, StillMaker& maker);
 
     /// Has a picture made for every screen some time from now. What was under way is given up.
@@ -63,20 +63,23 @@ private:
     void followScreens();
     void sceneChanged();
     void sceneFailed(const QString& problem);
+    void retryLater(const QString& problem);
     void make();
     void handOver(const std::vector<DesktopPicture>& pictures);
     void takeFound(bool found);
     void answer(const QStringList& failures);
     void tellMissingPhoto();
 
-    const WallpaperEnvironment m_environment;
+    const WallpaperEnvironment& m_environment;
     Scene& m_scene;
     StillMaker& m_maker;
     LatestStills m_latest;
     std::optional<Look> m_failedLook; ///< that could not be drawn
     QTimer m_delay;                   ///< until the pictures are made
-    bool m_waitsForScreen = false;    ///< they were to be made while there was no screen
-    int m_calls = 0;                  ///< of the desktop, that it has not answered
+    QTimer m_retry;                   ///< runs while they cannot be written
+    bool m_isFailureTold = false;
+    bool m_waitsForScreen = false; ///< they were to be made while there was no screen
+    int m_calls = 0;               ///< of the desktop, that it has not answered
 };
 
 } // namespace tessel

@@ -22,7 +22,7 @@ class LiveWindows : public QObject
     Q_OBJECT
 
 public:
-    /// \param scene must outlive this
+    /// Both must outlive this.
     LiveWindows(const WallpaperEnvironment& environment, Scene& scene);
 
     /// Has the scene show what the store has now, for a window on each screen.
@@ -51,7 +51,7 @@ private:
     void restart();
     void refreshPauses();
 
-    const WallpaperEnvironment m_environment;
+    const WallpaperEnvironment& m_environment;
     Scene& m_scene;
     std::vector<Screen> m_screens; ///< those without a window included
     std::vector<LiveWindow> m_windows;

@@ -105,7 +105,7 @@ QString copyPhoto(const QString& file, const QString& folder)
         throw failure(translated(QT_TRANSLATE_NOOP("Photos", "\"%1\" cannot be read: %2"))
                           .arg(file, original.errorString()));
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + ordinarySuffix(file);
-    const QString path = QDir(folder).filePath(name);
+    QString path = QDir(folder).filePath(name);
     FileWriter copy(path.toStdString());
     copyBytes(original, copy);
     copy.commit();

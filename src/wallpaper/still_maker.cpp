@@ -131,10 +131,13 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
         const auto drawn = [this, request, file, name = screen.name,
                             json = encodeLook(recipe.look)](Outcome<Picture> outcome) {
             if (!outcome.value) {
-                finish(request, tr("There is no picture for %1: %2")
-                                    .arg(name, outcome.failure.isEmpty()
-                                                   ? tr("it is larger than what can be drawn here.")
-                                                   : outcome.failure));
+                if (request != m_latest)
+                    return;
+                cancel();
+                Q_EMIT failed(tr("There is no picture for %1: %2")
+                                  .arg(name, outcome.failure.isEmpty()
+                                                 ? tr("it is larger than what can be drawn here.")
+                                                 : outcome.failure));
                 return;
             }
             const auto picture = std::make_shared<const Picture>(std::move(*outcome.value));
@@ -143,7 +146,7 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                     requireFolder(folder);
                     writePicture(*picture, json, file);
                 },
-                [this, request](const auto& written) { finish(request, written.failure); });
+                [this, request](const auto& written) { noteWritten(request, written.failure); });
         };
         draw(std::make_unique<Drawing>(recipe, screen.pixels().size(), drawn, request));
     }
@@ -253,13 +256,13 @@ void StillMaker::tellProgress(const Drawing& drawing)
 }
 
 /// \param failure empty on success
-void StillMaker::finish(const std::shared_ptr<Request>& request, const QString& failure)
+void StillMaker::noteWritten(const std::shared_ptr<Request>& request, const QString& failure)
 {
     if (request != m_latest)
         return;
     if (!failure.isEmpty()) {
         cancel();
-        Q_EMIT failed(failure);
+        Q_EMIT notWritten(failure);
         return;
     }
     if (++request->written < request->pictures.size())

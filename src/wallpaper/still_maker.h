@@ -70,8 +70,10 @@ public:
 Q_SIGNALS:
     /// All files of the latest request are written.
     void written(const std::vector<tessel::DesktopPicture>& pictures);
-    /// The latest request could not be carried out.
+    /// The latest request could not be carried out: its pictures cannot be drawn, or not be written, which
+    /// may be otherwise later.
     void failed(const QString& message);
+    void notWritten(const QString& message);
 
 private:
     struct Drawing;
@@ -82,7 +84,7 @@ private:
     void advance();
     void drawSlice(Drawing& drawing);
     static void tellProgress(const Drawing& drawing);
-    void finish(const std::shared_ptr<Request>& request, const QString& failure);
+    void noteWritten(const std::shared_ptr<Request>& request, const QString& failure);
     void write(const std::shared_ptr<Saving>& saving, Picture picture);
     void finish(const std::shared_ptr<Saving>& saving, const std::optional<QString>& failure);
 

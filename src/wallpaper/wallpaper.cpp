@@ -9,9 +9,9 @@ Wallpaper::Wallpaper(const WallpaperEnvironment& environment)
     : m_environment(environment)
     , m_scene(Source::desktop, {environment.store, environment.session, environment.graphics,
                                 environment.clocks, environment.preparer})
-    , m_live(environment, m_scene)
+    , m_live(m_environment, m_scene)
     , m_maker(environment.graphics, environment.folder)
-    , m_stills(environment, m_scene, m_maker)
+    , m_stills(m_environment, m_scene, m_maker)
 {
     m_environment.clocks.setPhase(Source::desktop, m_environment.store.desktopPhase());
     connect(&m_scene, &Scene::changed, this, &Wallpaper::playLive);

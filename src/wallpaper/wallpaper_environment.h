@@ -24,7 +24,8 @@ struct StillDelays
     std::chrono::milliseconds still{1800};
     /// From a picture's being set until the desktop shows it: some fade to it for more than a second.
     std::chrono::milliseconds appearing{2000};
-    std::chrono::milliseconds leaving{3000}; ///< the longest that a still holds up the program's end
+    std::chrono::milliseconds leaving{2000}; ///< the longest that a still holds up the program's end
+    std::chrono::milliseconds retry{30000};  ///< between attempts to write one while the disk refuses
 };
 
 /// What the applier works with; everything named by reference must outlive it.

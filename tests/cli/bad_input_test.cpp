@@ -43,6 +43,7 @@ TEST_F(BadInput, LooksAreRefusedWithTheKeyAndWhatWouldBeRight)
     EXPECT_THAT(lookComplaint(R"({"seed":NaN})"), HasSubstr("standard input"));
     EXPECT_THAT(lookComplaint(""), HasSubstr("standard input"));
     EXPECT_THAT(lookComplaint(nested), HasSubstr("standard input"));
+    EXPECT_THAT(complaint(1, {"inspect", "/dev/zero", "--size", "9x9"}), HasSubstr("too long to be a look"));
 }
 
 TEST_F(BadInput, FilesThatHoldNoLookAreNamed)
@@ -96,6 +97,7 @@ TEST_F(BadInput, PhotosThatCannotBeShownAreNamedAndTheLookIsDrawnWithout)
         const Outcome outcome = run({"render", look, "--size", "64x64", "--out", "photo.png"});
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_THAT(outcome.error, HasSubstr("the photo " + photo + " cannot be shown"));
+        EXPECT_EQ(outcome.error.find("the photo"), outcome.error.rfind("the photo")) << "once";
     }
 }
 

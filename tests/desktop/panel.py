@@ -14,6 +14,7 @@ INTERFACES = """
     <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
   </interface>
   <interface name="org.freedesktop.Notifications">
+    <method name="GetCapabilities"><arg direction="out" type="as"/></method>
     <method name="Notify">
       <arg direction="in" type="s"/><arg direction="in" type="u"/><arg direction="in" type="s"/>
       <arg direction="in" type="s"/><arg direction="in" type="s"/><arg direction="in" type="as"/>
@@ -79,7 +80,9 @@ class Panel:
 
     def _answer(self, _bus: object, sender: str, _path: str, _interface: str, method: str,
                 arguments: GLib.Variant, invocation: Gio.DBusMethodInvocation) -> None:
-        if method == "Notify":
+        if method == "GetCapabilities":
+            invocation.return_value(GLib.Variant("(as)", (["body"],)))
+        elif method == "Notify":
             _, _, _, title, text, *_ = arguments.unpack()
             self.messages.append((title, text))
             invocation.return_value(GLib.Variant("(u)", (len(self.messages),)))

@@ -5,6 +5,7 @@
 
 #include "model/look_json.h"
 #include "model/store.h"
+#include "platform/process.h"
 #include "render/png_file.h"
 #include "wallpaper/photos.h"
 #include "wallpaper/wallpaper_folder.h"
@@ -37,11 +38,12 @@ void show(const Store& store)
         std::printf("problem: %s\n", qUtf8Printable(problem.message));
 }
 
-/// Puts a look on the desktop, which changes several settings at once.
+/// Puts a look on the desktop, which changes several settings at once, and ends as the program does.
 int applyLook(const QString& file, int seed)
 {
     Store store({.settingsFile = file});
     store.applyToDesktop(lookWithSeed(seed), RecordHistory::yes, seed % 2 == 0, ContinueFromEditor::no);
+    endWithin(std::chrono::seconds(3));
     return store.saveNow() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

@@ -222,8 +222,9 @@ class FaultTest(unittest.TestCase):
             most[call] = max(most[call], count)
         return most
 
-    def inject(self, scene: Scene, call: str, fault: str, when: str) -> subprocess.CompletedProcess:
-        return scene.run(*scene.command(), wrapper=("strace", "-f", "-o", "/dev/null", "-e", f"trace={call}",
+    def inject(self, scene: Scene, call: str, fault: str, when: str,
+               log: Path = Path("/dev/null")) -> subprocess.CompletedProcess:
+        return scene.run(*scene.command(), wrapper=("strace", "-f", "-o", str(log), "-e", f"trace={call}",
                                                     "-e", f"inject={call}:{fault}:when={when}"))
 
     def check_after(self, scene: Scene, possible: list[object]) -> None:
@@ -273,6 +274,17 @@ class FaultTest(unittest.TestCase):
                         self.check_after(scene, possible[1:] if done.returncode == 0 else possible)
         print(f"{kind.__name__}: {faults} faults", end=" ", flush=True)
         self.assertGreater(faults, 3)
+
+    def test_a_disk_that_does_not_answer_costs_nothing(self) -> None:
+        """The program is gone before it does."""
+        before, after = self.states(Settings)
+        scene = self.scene(Settings)
+        self.assertEqual(scene.state(), before)
+        log = scene.folder.parent / "log"
+        done = self.inject(scene, "fsync", "delay_enter=20s", "1", log)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertRegex(log.read_text(), r"fsync resumed>\) += \?", "it was waited for")
+        self.check_after(scene, [after])
 
     def test_settings_killed(self) -> None:
         self.kill_everywhere(Settings)

@@ -37,5 +37,32 @@ TEST(NotificationsTest, TellsThatNobodyShowsMessages)
     EXPECT_TRUE(isFailureTold(withoutAnswer));
 }
 
+TEST(NotificationsTest, WritesMarkupOnlyForThoseWhoReadIt)
+{
+    const WithApplication<QCoreApplication> application;
+    PrivateBus bus;
+    QStringList capabilities{QStringLiteral("body")};
+    QStringList texts;
+    const FakeService service(bus.connect(), "org.freedesktop.Notifications", "/",
+                              [&](const QString& method, const QVariantList& arguments) -> QVariantList {
+                                  if (method == QLatin1String("GetCapabilities"))
+                                      return {capabilities};
+                                  texts << arguments.value(4).toString();
+                                  return {1U};
+                              });
+    BusNotifications notifications(bus.connect());
+    const auto show = [&] {
+        notifications.show(QStringLiteral("Saved"), QStringLiteral("\"a & b\" <i>"),
+                           [] { ADD_FAILURE() << "not shown"; });
+    };
+    show();
+    ASSERT_TRUE(waitUntil([&] { return texts.size() == 1; }));
+    capabilities << QStringLiteral("body-markup");
+    show();
+    ASSERT_TRUE(waitUntil([&] { return texts.size() == 2; }));
+    EXPECT_EQ(texts[0], QStringLiteral("\"a & b\" <i>"));
+    EXPECT_EQ(texts[1], QStringLiteral("&quot;a &amp; b&quot; &lt;i&gt;"));
+}
+
 } // namespace
 } // namespace tessel

@@ -27,8 +27,9 @@ protected:
     {
         QObject::connect(&maker, &StillMaker::written, &maker,
                          [this](const auto& pictures) { written.push_back(pictures); });
-        QObject::connect(&maker, &StillMaker::failed, &maker,
-                         [this](const QString& message) { failures.push_back(message); });
+        for (const auto signal : {&StillMaker::failed, &StillMaker::notWritten})
+            QObject::connect(&maker, signal, &maker,
+                             [this](const QString& message) { failures.push_back(message); });
     }
 
     QTemporaryDir home;

@@ -33,17 +33,20 @@ protected:
         store.reset();
         store = std::make_unique<Store>(StoreEnvironment{
             .settingsFile = home.filePath(QStringLiteral("a.conf")), .random = seededSource(7)});
-        wallpaper = std::make_unique<Wallpaper>(WallpaperEnvironment{
-            .store = *store,
-            .windows = system,
-            .session = session,
-            .pictures = pictures,
-            .graphics = graphics,
-            .clocks = clocks,
-            .preparer = preparer,
-            .folder = home.filePath(QStringLiteral("Wallpapers")),
-            .delays = {
-                .animated = animatedDelay, .still = 150ms, .appearing = 10ms, .leaving = leavingDelay}});
+        wallpaper = std::make_unique<Wallpaper>(
+            WallpaperEnvironment{.store = *store,
+                                 .windows = system,
+                                 .session = session,
+                                 .pictures = pictures,
+                                 .graphics = graphics,
+                                 .clocks = clocks,
+                                 .preparer = preparer,
+                                 .folder = home.filePath(QStringLiteral("Wallpapers")),
+                                 .delays = {.animated = animatedDelay,
+                                            .still = 150ms,
+                                            .appearing = 10ms,
+                                            .leaving = leavingDelay,
+                                            .retry = 50ms}});
         QObject::connect(store.get(), &Store::applied, wallpaper.get(), &Wallpaper::apply);
         QObject::connect(wallpaper.get(), &Wallpaper::stillFailed, wallpaper.get(),
                          [this](const QString& message) { failures.append(message); });
@@ -297,13 +300,19 @@ TEST_F(WallpaperTest, AMissingPhotoIsTold)
 
 TEST_F(WallpaperTest, AFullDiskCostsNothing)
 {
-    ASSERT_TRUE(QFile(home.filePath(QStringLiteral("Wallpapers"))).open(QIODevice::WriteOnly));
+    const QString obstacle = home.filePath(QStringLiteral("Wallpapers"));
+    ASSERT_TRUE(QFile(obstacle).open(QIODevice::WriteOnly));
     wallpaper->start();
     apply(8, false);
     ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
     EXPECT_EQ(pictures.sets, 0);
     EXPECT_EQ(visibleWindows(), 1) << "the look is shown all the same";
     EXPECT_TRUE(store->latestPictures().isEmpty());
+
+    ASSERT_TRUE(QFile::remove(obstacle));
+    EXPECT_TRUE(waitUntil([&] { return pictures.sets == 1 && visibleWindows() == 0; })) << "tried again";
+    EXPECT_THAT(shownSeeds(), ElementsAre(8));
+    EXPECT_EQ(failures.size(), 1) << "told once";
 }
 
 TEST_F(WallpaperTest, StartsWithThePicturesOfBefore)

@@ -6,8 +6,10 @@
 #include "platform/notifications.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 
 #include <chrono>
+#include <functional>
 #include <utility>
 
 namespace tessel {
@@ -29,6 +31,10 @@ public:
     void show(const QString& title, const QString& text, std::function<void()> failed) override;
 
 private:
+    void send(const QString& title, const QString& text, const std::function<void()>& failed);
+    void ask(const QDBusMessage& call, std::function<void()> failed,
+             std::function<void(const QDBusMessage& answer)> answered);
+
     QDBusConnection m_bus;
     std::chrono::milliseconds m_patience;
 };

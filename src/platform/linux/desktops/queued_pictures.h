@@ -52,7 +52,7 @@ private Q_SLOTS:
     void settingsChanged();
     void dconfChanged(const QString& prefix, const QStringList& keys);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): those above are slots
     struct Request
     {
         std::vector<DesktopPicture> pictures;

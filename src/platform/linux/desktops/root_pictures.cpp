@@ -3,6 +3,7 @@
 
 #include "platform/linux/desktops/root_pictures.h"
 
+#include "base/picture_limit.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_upload.h"
 
@@ -42,6 +43,7 @@ QRect placeOf(const Shown& one)
 /// \param problem why it cannot be read
 QImage readPicture(const DesktopPicture& picture, QString& problem)
 {
+    limitPictures();
     QImageReader reader(picture.file);
     const QImage image = reader.read();
     if (image.isNull())

@@ -4,6 +4,7 @@
 #include "platform/linux/desktops/spanned_picture.h"
 
 #include "base/file_writer.h"
+#include "base/picture_limit.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -79,6 +80,7 @@ QString compose(const std::vector<DesktopPicture>& pictures, QImage& whole)
             .arg(bounds.width())
             .arg(bounds.height());
     whole.fill(Qt::black);
+    limitPictures();
     QPainter painter(&whole);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (std::size_t i = 0; i < pictures.size(); ++i) {

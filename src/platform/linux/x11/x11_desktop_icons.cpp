@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/x11_desktop_icons.h"
 
+#include "base/picture_limit.h"
 #include "platform/linux/x11/icon_mask.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/process.h"
@@ -210,6 +211,7 @@ private:
 
     bool readPicture()
     {
+        limitPictures();
         if (m_picture.isNull() && QImageReader(m_file).size() == m_place.size())
             m_picture = QImage(m_file);
         return !m_picture.isNull();

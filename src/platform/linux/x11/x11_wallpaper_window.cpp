@@ -121,7 +121,7 @@ public:
 
     ~X11Window() override { setWatchingPower(false); }
 
-    QSize pixelSize() const override { return m_place.size(); }
+    [[nodiscard]] QSize pixelSize() const override { return m_place.size(); }
 
     Canvas canvas() override
     {
