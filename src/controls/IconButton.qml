@@ -11,6 +11,7 @@ Pressable {
     property real box: 16
     property real stroke: 1.75
     property color color: Theme.stock
+    property alias mirror: drawing.mirror
     /** What it opens is open. */
     property bool open: false
 
@@ -32,6 +33,8 @@ Pressable {
         }
     }
     Symbol {
+        id: drawing
+
         anchors.centerIn: parent
         box: root.box
         color: {

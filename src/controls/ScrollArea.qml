@@ -5,12 +5,16 @@ import TesselBroth.Controls
 
 /**
  * What scrolls, with a fade where it is cut off and a bar at its trailing edge. The view itself, a Flickable of any
- * kind, is made inside by whoever uses it, and named.
+ * kind, is made inside by whoever uses it, and named. The wheel scrolls it from anywhere in here.
  */
 Item {
     id: root
 
     required property Flickable view
+    /** Where the bar begins. */
+    property real barTop: 4
+    /** Where the view ends; what is below stands still. */
+    property real cut: height
     property color ground: Theme.shell
     /** What a tile needs around it to be seen with its ring and clear of a fade. */
     property real clearance: 20
@@ -19,7 +23,7 @@ Item {
     readonly property real end: Math.max(start, view.originY + view.contentHeight + view.bottomMargin - view.height)
     readonly property bool scrolls: end > start + 0.5
     /** Of a fade. */
-    readonly property string cells: `${Math.ceil(width / 2)}x8/${Screen.devicePixelRatio}`
+    readonly property string cells: `${Math.ceil((width - 10) / 2)}x8/${Screen.devicePixelRatio}`
 
     function scrollTo(y: real, smoothly: bool) {
         const goal = Math.max(start, Math.min(end, y))
@@ -46,6 +50,25 @@ Item {
             scrollTo(below, false)
     }
 
+    /** The same for an item in it, if that scrolls. */
+    function showItem(item: Item) {
+        let above = item
+        while (above && above !== view.contentItem && above !== root)
+            above = above.parent
+        if (above && (above !== root || cut === height))
+            show(item.mapToItem(root, 0, 0).y - view.y + view.contentY, item.height)
+    }
+
+    Connections {
+        enabled: Surroundings.usesKeys && root.visible
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            const item = root.Window.activeFocusItem
+            if (item)
+                root.showItem(item)
+        }
+    }
     NumberAnimation {
         id: glide
 
@@ -79,29 +102,31 @@ Item {
     Image {
         height: 16
         smooth: false
-        source: root.width < 1 ? "" : `image://shapes/top/${Theme.code(root.ground)}/${root.cells}`
+        source: root.width < 12 ? "" : `image://shapes/top/${Theme.code(root.ground)}/${root.cells}`
         visible: root.view.contentY > root.start + 0.5
-        width: parent.width
+        width: parent.width - 10 // clear of the hairline and the bar
+        x: LayoutMirroring.enabled ? 8 : 2
         z: 20
     }
     Image {
-        anchors.bottom: parent.bottom
         height: 16
         smooth: false
-        source: root.width < 1 ? "" : `image://shapes/bottom/${Theme.code(root.ground)}/${root.cells}`
+        source: root.width < 12 ? "" : `image://shapes/bottom/${Theme.code(root.ground)}/${root.cells}`
         visible: root.view.contentY < root.end - 0.5
-        width: parent.width
+        width: parent.width - 10 // clear of the hairline and the bar
+        x: LayoutMirroring.enabled ? 8 : 2
+        y: root.cut - 16
         z: 20
     }
     MouseArea {
         id: bar
 
-        readonly property real track: root.height - 8
+        readonly property real track: root.cut - root.barTop - 4
         readonly property real length: Math.max(24, track * root.view.height / (root.end - root.start + root.view.height))
         property real grabbed: 0
 
         anchors.right: parent.right
-        height: parent.height
+        height: root.cut
         hoverEnabled: true
         preventStealing: true
         visible: root.scrolls
@@ -110,7 +135,7 @@ Item {
 
         onPositionChanged: mouse => {
             if (pressed)
-                root.scrollTo(root.start + (mouse.y - grabbed - 4) / (track - length) * (root.end - root.start), false)
+                root.scrollTo(root.start + (mouse.y - grabbed - root.barTop) / (track - length) * (root.end - root.start), false)
         }
         onPressed: mouse => {
             const onThumb = mouse.y >= thumb.y && mouse.y < thumb.y + thumb.height
@@ -128,7 +153,7 @@ Item {
             color: wide ? Theme.edge : Theme.bar
             height: bar.length
             width: wide ? 6 : 4
-            y: 4 + (bar.track - bar.length) * (root.view.contentY - root.start) / Math.max(1, root.end - root.start)
+            y: root.barTop + (bar.track - bar.length) * (root.view.contentY - root.start) / Math.max(1, root.end - root.start)
         }
     }
 }

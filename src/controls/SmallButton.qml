@@ -90,6 +90,18 @@ Pressable {
                 pixelSize: root.textSize
                 weight: Font.DemiBold
             }
+
+            onTextChanged: if (root.visible) change.restart()
+
+            NumberAnimation on opacity {
+                id: change
+
+                duration: Theme.labelTime
+                easing.type: Easing.OutQuad
+                from: 0
+                running: false
+                to: 1
+            }
         }
     }
     FocusRing {

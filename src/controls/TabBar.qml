@@ -5,11 +5,11 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import TesselBroth.Controls
 
-/** Titles of pages of which one is shown. One stop of the keyboard; arrows choose. */
+/** Pages of which one is shown, by their titles in order. One stop of the keyboard; arrows choose. */
 Item {
     id: root
 
-    required property list<string> titles
+    required property var titles
     property int current: 0
 
     signal chosen(int index)

@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <string_view>
 
 namespace tessel::art {
 namespace {
@@ -133,6 +134,50 @@ QImage ditheredVignette(const std::vector<QColor>& colours, QSize cells, qreal s
         const double y = (row + 0.5) / cells.height() * 2 - 1;
         return mixed(values, std::hypot(x, y) / std::sqrt(2.0) * static_cast<double>(values.size() - 1),
                      column, row);
+    });
+}
+
+QImage productMark(qreal scale)
+{
+    static constexpr std::array<std::string_view, 18> kRows = {
+        "....s....s....s...", //
+        ".....s....s....s..", //
+        ".....s....s....s..", //
+        "....s....s....s...", //
+        "...s....s....s....", //
+        "...s....s....s....", //
+        "..................", //
+        ".gggggggggggggggg.", //
+        "gbbbbbbbbbbbbbbbbg", //
+        "gbbfbbbffbbbfbbbbg", //
+        "gggggggggggggggggg", //
+        ".gwgggggggggggggs.", //
+        ".ggwggggggggggggs.", //
+        "..ggggggggggggss..", //
+        "...gggggggggsss...", //
+        ".....gggggsss.....", //
+        "......ssssss......", //
+        ".....gggggsss.....", //
+    };
+    const auto inkOf = [](char mark) -> QRgb {
+        switch (mark) {
+        case 's': // steam, and the bowl's shadow
+            return 0xFFB9AB9C;
+        case 'g': // glaze
+            return 0xFFF6EDE2;
+        case 'w':
+            return 0xFFFFFFFF;
+        case 'b': // broth
+            return 0xFF7A2E0E;
+        case 'f': // fat
+            return 0xFFFFB454;
+        default:
+            return 0;
+        }
+    };
+    constexpr int kSide = static_cast<int>(kRows.size());
+    return drawCells(QSize(kSide, kSide), scale / kCell, [&](int column, int row) {
+        return inkOf(kRows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
     });
 }
 

@@ -55,4 +55,7 @@ QImage ditheredFade(const QColor& colour, Fade fade, QSize cells, qreal scale);
 /// Two colours mixed by their distance from the middle: the first there, the second in the corners.
 QImage ditheredVignette(const std::vector<QColor>& colours, QSize cells, qreal scale);
 
+/// The product's mark, a bowl with steam: 18 x 18 art pixels of one point each.
+QImage productMark(qreal scale);
+
 } // namespace tessel::art

@@ -3,6 +3,7 @@
 
 #include "controls/controls.h"
 
+#include "controls/look_pictures.h"
 #include "controls/shape_images.h"
 #include "controls/symbol_images.h"
 
@@ -15,6 +16,7 @@ namespace tessel {
 void installControls(QQmlEngine& engine)
 {
     qml_register_types_TesselBroth_Controls();
+    engine.addImageProvider(QStringLiteral("looks"), new LookPictures);
     engine.addImageProvider(QStringLiteral("shapes"), new ShapeImages);
     engine.addImageProvider(QStringLiteral("symbols"), new SymbolImages);
 }

@@ -50,8 +50,16 @@ QImage drawShadow(const QColor& colour, int blur, int radius)
     return image;
 }
 
-QImage drawShape(const QString& kind, const std::vector<QColor>& colours, QSize cells, qreal scale)
+QImage drawShape(const QStringList& parts)
 {
+    const QString& kind = parts[0];
+    const std::vector<QColor> colours = coloursIn(parts[1]);
+    const QStringList sides = parts[2].split(u'x');
+    const QSize cells(sides.value(0).toInt(), sides.value(1).toInt());
+    const double scale = parts[3].toDouble();
+    constexpr int kMost = 512;
+    if (colours.empty() || cells.isEmpty() || cells.width() > kMost || cells.height() > kMost)
+        return {};
     if (kind == QLatin1String("even"))
         return art::ditheredRamp(colours, art::Ramp::Even, cells, scale);
     if (kind == QLatin1String("blocks"))
@@ -74,17 +82,14 @@ ShapeImages::ShapeImages() : QQuickImageProvider(QQuickImageProvider::Image) {}
 QImage ShapeImages::requestImage(const QString& id, QSize* size, const QSize& /*requestedSize*/)
 {
     const QStringList parts = id.split(u'/');
-    if (parts.size() != 4)
+    const double scale = parts.back().toDouble();
+    if (!(scale > 0) || scale > 8)
         return {};
-    const std::vector<QColor> colours = coloursIn(parts[1]);
-    const QStringList sides = parts[2].split(u'x');
-    const QSize cells(sides.value(0).toInt(), sides.value(1).toInt());
-    const double scale = parts[3].toDouble();
-    constexpr int kMost = 4096;
-    if (colours.empty() || cells.isEmpty() || cells.width() > kMost || cells.height() > kMost ||
-        !(scale > 0) || scale > 8)
-        return {};
-    const QImage image = drawShape(parts[0], colours, cells, scale);
+    QImage image;
+    if (parts.size() == 4)
+        image = drawShape(parts);
+    else if (parts.front() == QLatin1String("mark"))
+        image = art::productMark(scale);
     *size = image.size();
     return image;
 }

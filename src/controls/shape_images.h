@@ -16,6 +16,7 @@ namespace tessel {
 ///     shadow/COLOUR/BLURxRADIUS/1          the shadow of a rectangle, to be stretched: its borders are as
 ///     wide as the
 ///                                          two numbers (points) together
+///     mark/SCALE                           the product's mark, 18 points a side
 /// COLOURS are RRGGBB or AARRGGBB with dashes between; SCALE is device pixels to a point.
 class ShapeImages : public QQuickImageProvider
 {

@@ -71,6 +71,14 @@ void PaletteGrid::setShowsMore(bool shows)
     readLook();
 }
 
+int PaletteGrid::columnsIn(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        return 0;
+    const Row& found = m_rows[static_cast<std::size_t>(row)];
+    return found.kind == More ? 1 : static_cast<int>(found.swatches.size());
+}
+
 int PaletteGrid::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());

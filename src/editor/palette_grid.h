@@ -62,6 +62,9 @@ public:
 
     void setShowsMore(bool shows);
 
+    /// How many things a row has to choose from, 0 for a header.
+    Q_INVOKABLE [[nodiscard]] int columnsIn(int row) const;
+
     /// "Mine 1" for the first of the user's own palettes.
     [[nodiscard]] static QString nameOfMine(int index);
 

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import TesselBroth.Controls
+import TesselBroth.Editor
+
+/** The look, live; or where a photo is asked for. It can be dragged out, and pictures and looks dropped on it. */
+Pressable {
+    id: root
+
+    required property EditorModel model
+    required property LivePicture picture
+
+    readonly property bool asksPhoto: model.look.needsPhoto
+    readonly property bool ringed: focused && Surroundings.usesKeys
+    readonly property string dragUrl: model.exporter.dragUrl
+
+    Accessible.checkable: !asksPhoto
+    Accessible.checked: picture.frozen
+    Accessible.description: asksPhoto ? "" : picture.frozen ? qsTr("Held still") : qsTr("Space holds it still")
+    Drag.active: drag.active && dragUrl !== ""
+    Drag.dragType: Drag.Automatic
+    Drag.mimeData: ({ "text/uri-list": dragUrl })
+    Drag.supportedActions: Qt.CopyAction
+    activeFocusOnTab: true
+    label: asksPhoto ? qsTr("Choose a photo") : qsTr("Preview: %1").arg(model.look.title)
+    takesFocus: asksPhoto
+
+    onClicked: {
+        if (asksPhoto)
+            model.look.choosePhoto()
+    }
+    Keys.onSpacePressed: event => {
+        event.accepted = !asksPhoto
+        if (event.accepted)
+            picture.frozen = !picture.frozen
+    }
+
+    LiveView {
+        anchors.fill: parent
+        picture: root.picture
+        visible: !root.asksPhoto
+    }
+    Repeater {
+        model: root.asksPhoto ? 1 : 0
+
+        Image {
+            id: placeholder
+
+            anchors.fill: parent
+            smooth: false
+            source: `image://shapes/vignette/2B231D-1F1915-14100D-0A0806/78x${Math.ceil(height / 4)}/${2 * Screen.devicePixelRatio}`
+
+            Dashes {
+                anchors.fill: parent
+                anchors.margins: 16
+                color: root.hovered || drop.containsDrag ? Theme.amber : Theme.edge
+            }
+            Symbol {
+                anchors.centerIn: parent
+                box: 36
+                color: Theme.amber
+                name: "photo-plus"
+                stroke: 1.25
+            }
+        }
+    }
+    // Over any picture: what is bright gets a dark ring, what is dark a bright one.
+    Rectangle {
+        anchors.fill: parent
+        border.color: Theme.soot
+        border.width: 4
+        color: "transparent"
+        visible: steam.visible
+    }
+    Rectangle {
+        id: steam
+
+        anchors.fill: parent
+        border.color: root.ringed ? Theme.steam : Theme.amber
+        border.width: 2
+        color: "transparent"
+        visible: root.ringed || drop.containsDrag
+    }
+    Rectangle {
+        color: Theme.shell
+        height: 20
+        visible: root.picture.frozen && !root.asksPhoto
+        width: 20
+        x: LayoutMirroring.enabled ? parent.width - 28 : 8
+        y: parent.height - 28
+
+        Symbol {
+            anchors.centerIn: parent
+            box: 14
+            color: Theme.amber
+            name: "live-photo-off"
+        }
+    }
+    DragHandler {
+        id: drag
+
+        enabled: !root.asksPhoto
+        target: null
+    }
+    PointHandler {
+        onActiveChanged: if (active && !root.asksPhoto) root.model.exporter.prepareDrag()
+    }
+    DropArea {
+        id: drop
+
+        anchors.fill: parent
+
+        onDropped: drop => {
+            root.model.look.takeDrop(drop.urls, drop.text)
+            drop.accept(Qt.CopyAction)
+        }
+        onEntered: drag => drag.accepted = !root.Drag.active && root.model.look.acceptsDrop(drag.urls, drag.text)
+    }
+}
