@@ -16,12 +16,15 @@
 #include "render/stopwatch.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQuickTextureFactory>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <ctime>
 #include <memory>
 
 using namespace tessel;
@@ -112,17 +115,22 @@ void measurePictures(const char* name, const std::vector<Tile>& tiles, QSize siz
 void measurePhoto(const QString& folder, const char* format)
 {
     QImage photo(9000, 6667, QImage::Format_RGB32);
+    QRandomGenerator random(1);
     for (int y = 0; y < photo.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(photo.scanLine(y));
         for (int x = 0; x < photo.width(); ++x)
-            row[x] = qRgb(x * 255 / photo.width(), (x * 7 ^ y * 3) & 0xFF, y * 255 / photo.height());
+            row[x] = qRgb(x * 255 / photo.width() ^ random.bounded(32), (x + y) * 255 / (9000 + 6667),
+                          y * 255 / photo.height() ^ random.bounded(32));
     }
     const QString file = folder + QStringLiteral("/photo.") + QLatin1String(format);
     photo.save(file, format, 90);
     photo = QImage();
     Stopwatch watch;
+    const std::clock_t start = std::clock();
     const std::size_t count = paletteOfFile(file).size();
-    std::printf("%zu colours of a photo of 60 megapixels, %s: %.0f ms\n", count, format, watch.lap());
+    const double processor = 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    std::printf("%zu colours of a photo of 60 megapixels, %s of %.0f MB: %.0f ms, %.0f ms of a processor\n",
+                count, format, static_cast<double>(QFileInfo(file).size()) / 1e6, watch.lap(), processor);
 }
 
 } // namespace
