@@ -114,10 +114,11 @@ class Application:
     # What it keeps
 
     def write_settings(self, **settings: object) -> None:
-        """Makes the settings file before the start; what is no text is written as JSON in quotes."""
+        """Makes the settings file before the start; what is no text is written as JSON in quotes. Unless they
+        say otherwise there is no handle, which would stand in the picture."""
         quoted = {key: value if isinstance(value, str) else json.dumps(json.dumps(value))
-                  for key, value in settings.items()}
-        self.settings_file.parent.mkdir(parents=True)
+                  for key, value in {"handleHidden": "true", **settings}.items()}
+        self.settings_file.parent.mkdir(parents=True, exist_ok=True)
         self.settings_file.write_text("".join(["[General]\n", *(f"{key}={quoted[key]}\n" for key in quoted)]))
 
     def settings(self) -> dict[str, str]:
@@ -203,6 +204,7 @@ class ApplicationTest(unittest.TestCase):
         self.desktop.empty_home()
         self.desktop.panel.messages.clear()
         self.application = Application(self.desktop)
+        self.application.write_settings()
         self.addCleanup(self.end_application)
 
     def end_application(self) -> None:

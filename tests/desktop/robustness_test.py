@@ -145,7 +145,8 @@ class DamageTest(ApplicationTest):
 
     def test_no_folder_for_settings(self) -> None:
         folder = self.application.settings_file.parent
-        folder.parent.mkdir()
+        self.application.settings_file.unlink()
+        folder.rmdir()
         folder.write_text("in the way")
         self.application.start()
         self.new_look_is_seen("New Wallpaper")
