@@ -75,17 +75,20 @@ Pressable {
             radius: 2
             visible: root.kind !== PaletteSwatch.Add
         }
-        Rectangle {
-            anchors.fill: parent
-            color: Theme.lift
-            visible: root.kind === PaletteSwatch.Add
+        Repeater {
+            model: root.kind === PaletteSwatch.Add ? 1 : 0
 
-            Symbol {
-                anchors.centerIn: parent
-                box: 14
-                color: root.hovered ? Theme.steam : Theme.stock
-                name: parent.visible ? "plus" : ""
-                stroke: 2
+            Rectangle {
+                anchors.fill: parent
+                color: Theme.lift
+
+                Symbol {
+                    anchors.centerIn: parent
+                    box: 14
+                    color: root.hovered ? Theme.steam : Theme.stock
+                    name: "plus"
+                    stroke: 2
+                }
             }
         }
         Repeater {
@@ -96,10 +99,10 @@ Pressable {
             model: root.kind === PaletteSwatch.Mine ? 1 : 0
 
             PaletteActions {
-                anchors.right: parent.right
                 height: 24
                 visible: root.offers
                 width: 48
+                x: root.LayoutMirroring.enabled ? 0 : root.width - width
 
                 onDeleteAsked: root.deleteAsked()
                 onEditAsked: root.editAsked()

@@ -36,18 +36,9 @@ Pressable {
         hovered: root.hovered
         selected: root.selected
 
-        Rectangle {
-            color: Theme.soot
+        TilePicture {
             height: 80
-            visible: !picture.ready
-            width: parent.width
-        }
-        SteadyImage {
-            id: picture
-
-            address: root.picture
-            height: 80
-            width: parent.width
+            source: root.picture
         }
         Rectangle {
             color: Theme.pan

@@ -1,25 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import TesselBroth.Controls
 
 /** A picture that stays until the next one has been drawn. */
 Item {
     id: root
 
-    /** Address of the picture, empty for none. */
-    property string address
+    required property string address
     property bool upper: false
-    readonly property bool ready: (upper ? second : first).status === Image.Ready
 
     function load() {
         const shown = upper ? second : first
         const next = upper ? first : second
-        if (address === "" || shown.address === address)
-            next.address = ""
-        if (address === "")
-            shown.address = ""
-        else if (shown.address !== address)
-            next.address = address
+        next.address = shown.address === address ? "" : address
     }
 
     function turnTo(image: Picture) {
@@ -33,15 +27,10 @@ Item {
     Component.onCompleted: load()
     onAddressChanged: load()
 
-    component Picture: Image {
+    component Picture: TilePicture {
         property string address
 
-        anchors.fill: parent
-        asynchronous: true
-        smooth: false
         source: address
-        sourceSize.height: Math.round(height * Screen.devicePixelRatio)
-        sourceSize.width: Math.round(width * Screen.devicePixelRatio)
     }
 
     Picture {

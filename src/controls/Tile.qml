@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import TesselBroth.Controls
 
@@ -37,23 +39,17 @@ Pressable {
         selected: root.selected
         width: root.width
 
-        Rectangle {
-            anchors.fill: parent
-            color: Theme.soot
-            visible: !clay.ready && !live.ready
+        TilePicture {
+            source: root.picture
         }
-        SteadyImage {
-            id: clay
+        Repeater {
+            model: root.lively ? 1 : 0
 
-            address: root.picture
-            anchors.fill: parent
-            visible: !live.ready
-        }
-        SteadyImage {
-            id: live
-
-            address: root.lively ? root.livePicture : ""
-            anchors.fill: parent
+            SteadyImage {
+                address: root.livePicture
+                height: root.pictureHeight
+                width: root.width
+            }
         }
     }
     Label {

@@ -20,20 +20,6 @@ Item {
 
     default property alias picture: holder.data
 
-    Stepped {
-        anchors.fill: parent
-        anchors.margins: -4
-        color: root.ringed ? Theme.steam : root.selected ? Theme.amber : Theme.edge
-        radius: 2
-        visible: root.shown
-    }
-    Stepped {
-        anchors.fill: parent
-        anchors.margins: -2
-        color: root.gap
-        radius: 2
-        visible: root.shown
-    }
     Item {
         id: holder
 
@@ -42,7 +28,12 @@ Item {
     Stepped {
         anchors.fill: parent
         color: root.shown ? root.gap : root.ground
-        part: Stepped.Corners
+        part: Stepped.Frame
         radius: 2
+        ring: {
+            if (!root.shown)
+                return "transparent"
+            return root.ringed ? Theme.steam : root.selected ? Theme.amber : Theme.edge
+        }
     }
 }

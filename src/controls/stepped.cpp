@@ -98,8 +98,18 @@ QSGNode* Stepped::updatePaintNode(QSGNode* old, UpdatePaintNodeData* /*data*/)
     const QRect whole(0, 0, last.x() - first.x(), last.y() - first.y());
     const int line = std::max(1, static_cast<int>(std::lround(scale)));
     const QRect inside = whole.adjusted(line, line, -line, -line);
-    if (m_part == Corners) {
-        fillRegion(rectangles, QRegion(whole) - art::steppedShape(whole.size(), m_radius, scale), m_color);
+    if (m_part == Frame) {
+        const auto shape = [&](int points) {
+            const int margin = static_cast<int>(std::lround(points * scale));
+            return art::steppedShape(whole.size() + QSize(2 * margin, 2 * margin), m_radius, scale)
+                .translated(-margin, -margin);
+        };
+        if (m_ring.alpha() > 0) {
+            fillRegion(rectangles, shape(4) - shape(2), m_ring);
+            fillRegion(rectangles, shape(2) - shape(0), m_color);
+        } else {
+            fillRegion(rectangles, QRegion(whole) - shape(0), m_color);
+        }
     } else if (m_part == Hairline) {
         const QRegion hole = art::steppedShape(inside.size(), m_radius, scale).translated(inside.topLeft());
         fillRegion(rectangles, art::steppedShape(whole.size(), m_radius, scale) - hole, m_hairline);

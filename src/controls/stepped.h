@@ -10,8 +10,8 @@
 namespace tessel {
 
 /// A rectangle whose corners are stepped in art pixels: filled, with a hairline just inside if one is wanted,
-/// or only its hairline, or only what its corners leave out, to cover a picture's. It is made of plain
-/// rectangles, so that it lies on whole device pixels at every scale and costs no picture.
+/// or only its hairline, or a frame around a picture. It is made of plain rectangles, so that it lies on
+/// whole device pixels at every scale and costs no picture.
 class Stepped : public QQuickItem
 {
     Q_OBJECT
@@ -20,13 +20,15 @@ class Stepped : public QQuickItem
     Q_PROPERTY(int radius MEMBER m_radius NOTIFY changed)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
     Q_PROPERTY(QColor hairline MEMBER m_hairline NOTIFY changed)
+    /// Of a frame: a ring 2 points outside, 2 wide, with `color` between it and the picture.
+    Q_PROPERTY(QColor ring MEMBER m_ring NOTIFY changed)
 
 public:
     enum Part
     {
         Whole,
         Hairline,
-        Corners
+        Frame ///< the item is the picture: its corners are covered in `color`
     };
     Q_ENUM(Part)
 
@@ -45,6 +47,7 @@ private:
     int m_radius = 0; // in cells
     QColor m_color;
     QColor m_hairline = Qt::transparent;
+    QColor m_ring = Qt::transparent;
 };
 
 } // namespace tessel

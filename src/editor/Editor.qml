@@ -82,32 +82,40 @@ FocusScope {
         onChosen: index => root.model.tab = index
     }
     Repeater {
+        id: tabs
+
         // In the order of the model's tabs.
         model: ["ShapeTab.qml", "ColorTab.qml", "DitherTab.qml", "PresetsTab.qml"]
 
-        Loader {
-            id: tab
-
+        TabLoader {
             required property int index
             required property string modelData
-            readonly property bool isShown: root.model.tab === index
 
-            function load() {
+            file: modelData
+            height: root.contentHeight
+            isShown: root.model.tab === index
+            properties: {
                 const properties = { model: root.model, isShort: Qt.binding(() => root.isShort) }
                 if (index === EditorModel.Color || index === EditorModel.Presets) {
                     properties.questions = questions
                     properties.overlay = overlay
                 }
-                setSource(modelData, properties)
+                return properties
             }
-
-            height: root.contentHeight
-            visible: isShown
             width: root.width
             y: root.contentTop
+        }
+    }
+    Timer {
+        interval: 500
+        repeat: true
+        running: true
 
-            Component.onCompleted: if (isShown) load()
-            onIsShownChanged: if (isShown && status === Loader.Null) load()
+        onTriggered: {
+            for (let i = 0; i < tabs.count; ++i)
+                if ((tabs.itemAt(i) as TabLoader).loadAhead())
+                    return
+            stop()
         }
     }
     ApplyArea {

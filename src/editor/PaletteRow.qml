@@ -29,7 +29,7 @@ Item {
     signal menuAsked(Item swatch, int index, real x, real y)
 
     function focusColumn(column: int) {
-        const item = kind === PaletteGrid.More ? more : columns.itemAt(column)
+        const item = kind === PaletteGrid.More ? more.itemAt(0) : columns.itemAt(column)
         if (item)
             item.forceActiveFocus(Qt.OtherFocusReason)
     }
@@ -49,77 +49,58 @@ Item {
         }
     }
 
-    Label {
-        anchors.left: parent.left
-        anchors.leftMargin: 12
-        color: Theme.steam
-        font.weight: Font.DemiBold
-        height: 26
-        text: root.header
-        visible: root.kind === PaletteGrid.Yours || root.kind === PaletteGrid.Family
-        y: root.kind === PaletteGrid.Yours ? 2 : 0
-    }
-    IconButton {
-        activeFocusOnTab: false // the tile for a new palette does the same
-        anchors.right: parent.right
-        anchors.rightMargin: 12
-        box: 15
-        stroke: 2
-        symbol: "plus"
-        tip: qsTr("New palette")
-        visible: root.kind === PaletteGrid.Yours
-        y: 2
+    // Only what a row is made of is made: rows come into sight while the list scrolls.
+    Repeater {
+        model: root.kind === PaletteGrid.Yours || root.kind === PaletteGrid.Family ? 1 : 0
 
-        onClicked: root.addAsked()
+        Label {
+            anchors.left: root.left
+            anchors.leftMargin: 12
+            color: Theme.steam
+            font.weight: Font.DemiBold
+            height: 26
+            text: root.header
+            y: root.kind === PaletteGrid.Yours ? 2 : 0
+        }
     }
-    Pressable {
+    Repeater {
+        model: root.kind === PaletteGrid.Yours ? 1 : 0
+
+        IconButton {
+            activeFocusOnTab: false // the tile for a new palette does the same
+            anchors.right: root.right
+            anchors.rightMargin: 12
+            box: 15
+            stroke: 2
+            symbol: "plus"
+            tip: qsTr("New palette")
+            y: 2
+
+            onClicked: root.addAsked()
+        }
+    }
+    Repeater {
         id: more
 
-        readonly property color ink: hovered || focused && Surroundings.usesKeys ? Theme.steam : Theme.stock
+        model: root.kind === PaletteGrid.More ? 1 : 0
 
-        Accessible.checkable: true
-        Accessible.checked: root.showsMore
-        activeFocusOnTab: root.currentColumn >= 0 || activeFocus
-        anchors.left: parent.left
-        anchors.leftMargin: 12
-        height: 28
-        label: root.header
-        visible: root.kind === PaletteGrid.More
-        width: 288
-        y: 4
+        MoreButton {
+            activeFocusOnTab: root.currentColumn >= 0 || activeFocus
+            anchors.left: root.left
+            anchors.leftMargin: 12
+            label: root.header
+            open: root.showsMore
+            width: 288
+            y: 4
 
-        onClicked: root.moreAsked()
-
-        Symbol {
-            id: chevron
-
-            anchors.left: parent.left
-            anchors.verticalCenter: parent.verticalCenter
-            box: 14
-            color: more.ink
-            mirror: root.LayoutMirroring.enabled
-            name: "chevron-right"
-            rotation: root.showsMore ? (root.LayoutMirroring.enabled ? -90 : 90) : 0
-            stroke: 2
-        }
-        Label {
-            anchors.left: chevron.right
-            anchors.leftMargin: 4
-            anchors.verticalCenter: parent.verticalCenter
-            color: more.ink
-            font.weight: Font.DemiBold
-            text: root.header
-        }
-        FocusRing {
-            gap: 0
-            shown: more.focused
+            onClicked: root.moreAsked()
         }
     }
     Repeater {
         id: columns
 
         // As many for every row: the list gives rows that went out of sight to those that come.
-        model: 3
+        model: root.isSwatches ? 3 : 0
 
         PaletteSwatch {
             id: swatch
@@ -128,7 +109,7 @@ Item {
             readonly property var palette: root.swatches[index] ?? null
 
             activeFocusOnTab: visible && root.currentColumn === index || activeFocus
-            anchors.left: parent.left
+            anchors.left: root.left
             anchors.leftMargin: 12 + 100 * index
             kind: palette ? palette.kind : PaletteSwatch.BuiltIn
             selected: root.selectedColumn === index

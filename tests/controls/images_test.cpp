@@ -81,7 +81,7 @@ TEST(Images, ShapesAreNotBlurred)
         Item {
             Stepped { x: 9; y: 7; width: 61; height: 43; radius: 6; color: "red"; hairline: "white" }
             Stepped { x: 81; y: 7; width: 61; height: 43; radius: 6; part: Stepped.Hairline; hairline: "white" }
-            Stepped { x: 151; y: 7; width: 61; height: 43; radius: 6; part: Stepped.Corners; color: "red" }
+            Stepped { x: 151; y: 7; width: 61; height: 43; radius: 6; part: Stepped.Frame; color: "red" }
         })");
     const QImage picture = page.window().grabWindow().convertToFormat(QImage::Format_RGB32);
     const QList<QRgb> known = {qRgb(255, 0, 0), qRgb(0, 0, 255), qRgb(255, 255, 255)};

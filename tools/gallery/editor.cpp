@@ -28,6 +28,7 @@
 #include <QTextStream>
 #include <QUuid>
 
+#include <ctime>
 #include <stdexcept>
 
 void qml_register_types_TesselBroth_Editor();
@@ -93,15 +94,14 @@ public:
 
     void open(const QUrl& page)
     {
-        QElapsedTimer clock;
-        clock.start();
+        const Watch watch;
         m_view.setSource(page);
         if (m_view.status() != QQuickView::Ready)
             throw std::runtime_error("the page cannot be loaded");
         m_view.show();
         m_view.requestActivate();
         waitForFrame();
-        say("open", clock);
+        watch.say(QStringLiteral("open"));
     }
 
     void run(const QString& step)
@@ -151,11 +151,28 @@ public:
 private:
     static constexpr int kMargin = 24;
 
-    static void say(const char* what, const QElapsedTimer& clock)
+    /// Time that has passed, and what this thread has computed of it: others may be using the machine.
+    class Watch
     {
-        QTextStream(stdout) << what << ": " << static_cast<double>(clock.nsecsElapsed()) / 1000000.0
-                            << " ms\n";
-    }
+    public:
+        Watch() { m_wall.start(); }
+        void say(const QString& what) const
+        {
+            QTextStream(stdout) << what << ": " << static_cast<double>(m_wall.nsecsElapsed()) / 1e6 << " ms, "
+                                << (processorTime() - m_begin) * 1e3 << " ms of the processor\n";
+        }
+
+    private:
+        static double processorTime()
+        {
+            timespec time{};
+            clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+        }
+
+        QElapsedTimer m_wall;
+        double m_begin = processorTime();
+    };
 
     void waitForFrame()
     {
@@ -170,11 +187,10 @@ private:
 
     void time(const QString& step)
     {
-        QElapsedTimer clock;
-        clock.start();
+        const Watch watch;
         run(step);
         waitForFrame();
-        say(step.toLocal8Bit().constData(), clock);
+        watch.say(step);
     }
 
     void turnWheel(QPoint place, int angle)
