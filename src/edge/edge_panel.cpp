@@ -92,13 +92,14 @@ void EdgePanel::place(const QRect& frame)
 {
     m_panel->setFrame(frame);
     updateShape();
-    m_panel->show();
-    m_panel->setInputRegion(m_active);
 }
 
 void EdgePanel::setActive(const QRect& frame)
 {
-    m_active = frame;
+    if (frame.isEmpty())
+        m_panel->hide();
+    else if (!m_view.isVisible())
+        m_panel->show();
     m_panel->setInputRegion(frame);
 }
 

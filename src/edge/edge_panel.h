@@ -27,10 +27,10 @@ public:
                                            const QVariantMap& properties);
     ~EdgePanel() override;
 
-    /// Shows it at a place among all screens, in points.
+    /// Where it is among all screens, in points.
     void place(const QRect& frame);
 
-    /// The part that takes clicks, from the panel's top left corner.
+    /// Shows it, and what takes clicks of it, from its top left corner; nothing hides it.
     void setActive(const QRect& frame);
 
     void setKeyboardFocus(KeyboardFocus focus);
@@ -55,7 +55,6 @@ private:
     QQuickView m_view;
     std::unique_ptr<PanelWindow> m_panel;
     std::unique_ptr<PointerFeed> m_pointer;
-    QRect m_active;
 };
 
 } // namespace tessel

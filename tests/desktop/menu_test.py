@@ -128,16 +128,20 @@ class MenuTest(ApplicationTest):
 class BusTest(ApplicationTest):
     """The application's name on the session bus."""
 
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.reader = ScreenReader(cls.desktop)
+
     def setUp(self) -> None:
         super().setUp()
         self.application.start()
 
     def test_second_instance_opens_the_editor(self) -> None:
-        reader = ScreenReader(self.desktop)
         self.application.show_still()
         before = self.files()
         self.assertEqual(self.desktop.start(PROGRAM).wait(15), 0)
-        reader.find("Shuffle draft")
+        self.reader.find("Shuffle draft")
         self.assertEqual(self.files(), before)
         self.assertTrue(self.application.runs())
 

@@ -9,6 +9,7 @@
 
 #include <QVariant>
 
+#include <algorithm>
 #include <array>
 
 namespace tessel {
@@ -25,10 +26,19 @@ constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr std::uint32_t inputHint = 1;
 constexpr std::size_t hintItems = 9;
 
-QWindow& prepared(QWindow& window)
+/// Whether the manager knows windows that are parts of the desktop. Others would dock the panel as a bar, or
+/// tile it: it goes around those.
+bool isKnownTo(X11Connection& connection)
+{
+    const auto supported = connection.property(connection.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM);
+    return std::ranges::find(supported, connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP")) != supported.end();
+}
+
+QWindow& prepared(X11Connection& connection, QWindow& window)
 {
     window.setFlags(window.flags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                     Qt::WindowDoesNotAcceptFocus);
+    window.setFlag(Qt::BypassWindowManagerHint, !isKnownTo(connection));
     window.setProperty(typeProperty, dockType);
     window.create();
     return window;
@@ -41,7 +51,7 @@ X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Oc
     : m_connection(connection)
     , m_focus(focus)
     , m_occlusion(occlusion)
-    , m_window(prepared(window))
+    , m_window(prepared(connection, window))
     , m_id(static_cast<xcb_window_t>(window.winId()))
 {
     connect(&m_occlusion, &X11Occlusion::blendingChanged, this, &PanelWindow::blendingChanged);
@@ -105,10 +115,31 @@ void X11PanelWindow::setKeyboardFocus(KeyboardFocus focus)
     tellManager();
     if (focus == KeyboardFocus::taken) {
         m_focusBefore = m_focus.current();
-        m_focus.give(m_id);
-    } else if (m_focus.current() == m_id) {
+        isManaged() ? m_focus.give(m_id) : takeFocus();
+    } else if (hasFocus()) {
         m_focus.giveBack(m_focusBefore);
     }
+}
+
+bool X11PanelWindow::isManaged() const
+{
+    return !m_window.flags().testFlag(Qt::BypassWindowManagerHint);
+}
+
+/// Without the manager, which would not give it.
+void X11PanelWindow::takeFocus()
+{
+    xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_id, XCB_CURRENT_TIME);
+    xcb_flush(m_connection.get());
+}
+
+bool X11PanelWindow::hasFocus()
+{
+    if (isManaged())
+        return m_focus.current() == m_id;
+    const auto reply =
+        readReply(xcb_get_input_focus_reply, m_connection.get(), xcb_get_input_focus(m_connection.get()));
+    return reply != nullptr && reply->focus == m_id;
 }
 
 /// What window managers read of the window; Qt writes it anew as it shows the window.

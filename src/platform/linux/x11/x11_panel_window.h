@@ -15,7 +15,8 @@ class X11Connection;
 class X11Focus;
 class X11Occlusion;
 
-/// A window of the type that desktops give their own panels.
+/// A window of the type that desktops give their own panels; where the manager knows none of them, one that
+/// it leaves alone.
 class X11PanelWindow final : public PanelWindow
 {
     Q_OBJECT
@@ -35,6 +36,9 @@ public:
 private:
     void setShape(xcb_shape_kind_t kind, const QRegion& pixels);
     void tellManager();
+    [[nodiscard]] bool isManaged() const;
+    void takeFocus();
+    [[nodiscard]] bool hasFocus();
 
     X11Connection& m_connection;
     X11Focus& m_focus;
