@@ -29,7 +29,6 @@ void openWebPage(const QString& address, Dialogs& dialogs);
 
 /// The file dialogs that the editor needs.
 /// \param opened called as one opens, and as it closes before anything else is
-[[nodiscard]] EditorServices editorServices(Dialogs& dialogs,
-                                            const std::function<void(bool isOpen)>& opened);
+[[nodiscard]] EditorServices editorServices(Dialogs& dialogs, const std::function<void(bool isOpen)>& opened);
 
 } // namespace tessel

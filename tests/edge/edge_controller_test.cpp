@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "edge/edge_controller.h"
-
 #include "controls/controls.h"
 #include "controls/live_picture.h"
+#include "edge/edge_controller.h"
 #include "edge/edge_panel.h"
 #include "edge/quick_actions.h"
 #include "support/fake_desktop.h"

@@ -24,8 +24,9 @@ TEST(HandleView, HasARimAroundTheLookAndNothingBeyondAtEveryScale)
         for (const int x : {0, last})
             EXPECT_EQ(handle.pixelColor(x, middle), QColor(0x0A, 0x08, 0x06)) << "at scale " << scale;
         const QColor lit = handle.pixelColor(handle.width() / 5, handle.width() / 5);
-        EXPECT_GT(drawHandle(look, true, false, scale).pixelColor(handle.width() / 5, handle.width() / 5).red(),
-                  lit.red());
+        EXPECT_GT(
+            drawHandle(look, true, false, scale).pixelColor(handle.width() / 5, handle.width() / 5).red(),
+            lit.red());
     }
 }
 
