@@ -8,6 +8,7 @@ Text {
     color: Theme.stock
     elide: Text.ElideRight
     height: 16
+    horizontalAlignment: Text.AlignLeft // so that it is mirrored, whatever the text is
     textFormat: Text.PlainText
     verticalAlignment: Text.AlignVCenter
     font {

@@ -41,7 +41,7 @@ Pressable {
     }
 
     height: 26
-    implicitWidth: 2 * padding + words.implicitWidth + (symbol === "" ? 0 : symbolBox + 6)
+    implicitWidth: 2 * padding + Math.ceil(words.implicitWidth) + (symbol === "" ? 0 : symbolBox + 6)
     label: text
     scale: pressed ? Theme.pressScale : 1
     width: implicitWidth
@@ -84,7 +84,7 @@ Pressable {
 
             color: root.ink
             text: root.text
-            width: Math.min(implicitWidth, root.width - (root.implicitWidth - implicitWidth))
+            width: Math.min(implicitWidth, root.width - (root.implicitWidth - Math.ceil(implicitWidth)))
 
             font {
                 pixelSize: root.textSize

@@ -7,6 +7,8 @@
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
+#include <vector>
+
 namespace tessel {
 
 /// A rectangle whose corners are stepped in art pixels: filled, with a hairline just inside if one is wanted,
@@ -43,6 +45,14 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
+    struct Filled
+    {
+        QRect pixels; ///< the window's, from where the item begins
+        QColor colour;
+    };
+
+    [[nodiscard]] std::vector<Filled> shapeOf(const QRect& whole, qreal scale) const;
+
     Part m_part = Whole;
     int m_radius = 0; // in cells
     QColor m_color;

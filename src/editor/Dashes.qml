@@ -15,7 +15,7 @@ Item {
     }
 
     Repeater {
-        model: 2 * Math.ceil(root.width / 12)
+        model: 2 * Math.max(0, Math.ceil(root.width / 12))
 
         Dash {
             required property int index
@@ -28,7 +28,7 @@ Item {
         }
     }
     Repeater {
-        model: 2 * Math.ceil(root.height / 12)
+        model: 2 * Math.max(0, Math.ceil(root.height / 12))
 
         Dash {
             required property int index

@@ -17,8 +17,6 @@ Pressable {
     readonly property bool ringed: focused && Surroundings.usesKeys
     readonly property string dragUrl: model.exporter.dragUrl
 
-    Accessible.checkable: !asksPhoto
-    Accessible.checked: picture.frozen
     Accessible.description: asksPhoto ? "" : picture.frozen ? qsTr("Held still") : qsTr("Space holds it still")
     Drag.active: drag.active && dragUrl !== ""
     Drag.dragType: Drag.Automatic
@@ -28,14 +26,18 @@ Pressable {
     label: asksPhoto ? qsTr("Choose a photo") : qsTr("Preview: %1").arg(model.look.title)
     takesFocus: asksPhoto
 
-    onClicked: {
-        if (asksPhoto)
-            model.look.choosePhoto()
+    function hold() {
+        picture.frozen = !picture.frozen
     }
+
     Keys.onSpacePressed: event => {
         event.accepted = !asksPhoto
         if (event.accepted)
-            picture.frozen = !picture.frozen
+            hold()
+    }
+    onClicked: {
+        if (asksPhoto)
+            model.look.choosePhoto()
     }
 
     LiveView {
@@ -84,19 +86,27 @@ Pressable {
         color: "transparent"
         visible: root.ringed || drop.containsDrag
     }
+    HoverHandler {
+        id: hover
+    }
     Rectangle {
+        anchors.left: parent.left
+        anchors.margins: 8
+        anchors.top: parent.top
         color: Theme.shell
-        height: 20
-        visible: root.picture.frozen && !root.asksPhoto
-        width: 20
-        x: LayoutMirroring.enabled ? parent.width - 28 : 8
-        y: parent.height - 28
+        height: 26
+        radius: 6
+        visible: !root.asksPhoto && (root.picture.frozen || hover.hovered || root.ringed)
+        width: 26
 
-        Symbol {
-            anchors.centerIn: parent
-            box: 14
-            color: Theme.amber
-            name: "live-photo-off"
+        IconButton {
+            activeFocusOnTab: false // Space on the preview does the same
+            color: root.picture.frozen ? Theme.amber : Theme.stock
+            symbol: root.picture.frozen ? "live-photo-off" : "live-photo"
+            takesFocus: false
+            tip: root.picture.frozen ? qsTr("Let it move") : qsTr("Hold it still")
+
+            onClicked: root.hold()
         }
     }
     DragHandler {

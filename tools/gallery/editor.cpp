@@ -77,7 +77,7 @@ public:
         , m_graphics([] { return std::make_unique<HeadlessContext>(); })
         , m_services{m_store, m_session, m_graphics, m_clocks, m_preparer}
         , m_preview(Source::editor, m_services, m_screens)
-        , m_model({m_store, m_screens, m_clocks, m_graphics, {}})
+        , m_model({m_store, m_screens, m_clocks, m_graphics, services()})
         , m_scale(scale)
     {
         fill(m_store);
@@ -151,6 +151,17 @@ public:
 private:
     static constexpr int kMargin = 24;
 
+    EditorServices services()
+    {
+        EditorServices services;
+        services.chooseImage = [](const auto& /*chosen*/) {};
+        services.choosePngFile = [this](const QString& name, const auto& chosen) {
+            chosen(m_folder.filePath(name));
+        };
+        services.photoFolder = m_folder.path();
+        return services;
+    }
+
     /// Time that has passed, and what this thread has computed of it: others may be using the machine.
     class Watch
     {
@@ -202,7 +213,6 @@ private:
 
     void shoot(const QString& file)
     {
-        QTest::qWait(kSettled);
         const QRect frame(QPoint(kMargin, kMargin) * m_scale,
                           QSize(312, m_view.height() - 2 * kMargin) * m_scale);
         m_view.grabWindow().copy(frame).save(file);
@@ -222,8 +232,6 @@ private:
                                 << (heard ? static_cast<int>(heard->role()) : 0) << "\n";
         }
     }
-
-    static constexpr int kSettled = 1500; // milliseconds
 
     QTemporaryDir m_folder;
     Store m_store;
