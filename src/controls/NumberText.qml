@@ -36,18 +36,24 @@ Item {
         Repeater {
             model: root.text.length
 
-            Label {
+            Item {
                 required property int index
                 readonly property string character: root.text.charAt(index)
                 readonly property bool isDigit: character >= "0" && character <= "9"
 
-                Accessible.ignored: true
-                color: zero.color
-                elide: Text.ElideNone
-                font: zero.font
-                horizontalAlignment: Text.AlignHCenter
-                text: character
-                width: isDigit ? zero.implicitWidth : implicitWidth
+                implicitHeight: glyph.implicitHeight
+                implicitWidth: isDigit ? zero.implicitWidth : glyph.implicitWidth
+
+                Label {
+                    id: glyph
+
+                    Accessible.ignored: true
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    color: zero.color
+                    elide: Text.ElideNone
+                    font: zero.font
+                    text: parent.character
+                }
             }
         }
     }

@@ -52,7 +52,7 @@ Item {
 
             Accessible.description: modelData.description
             activeFocusOnTab: open || activeFocus
-            anchors.left: parent.left
+            anchors.left: root.left
             anchors.leftMargin: 12 + begin
             color: modelData.color
             hex: modelData.hex

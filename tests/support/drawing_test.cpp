@@ -10,26 +10,29 @@ namespace tessel {
 
 namespace {
 
-struct Shared
-{
-    QGuiApplication application;
-    Graphics graphics;
-};
-
-Shared& shared()
+/// Qt's application where the program has none of its own. Never destroyed, nor is what draws: the driver may
+/// be unloaded before static destructors run.
+void makeApplication()
 {
     static int count = 1;
     static std::array<char, 6> name{"tests"};
     static std::array<char*, 2> arguments{name.data(), nullptr};
-    // Never destroyed: the driver may be unloaded before static destructors run.
-    static auto* instance =
-        new Shared{{count, arguments.data()}, Graphics([] { return std::make_unique<HeadlessContext>(); })};
-    return *instance;
+    if (QCoreApplication::instance() == nullptr)
+        static_cast<void>(new QGuiApplication(count, arguments.data()));
+}
+
+Graphics& sharedGraphics()
+{
+    static auto* graphics = [] {
+        makeApplication();
+        return new Graphics([] { return std::make_unique<HeadlessContext>(); });
+    }();
+    return *graphics;
 }
 
 } // namespace
 
-DrawingTest::DrawingTest() : graphics(shared().graphics), encoder(graphics.encoder()) {}
+DrawingTest::DrawingTest() : graphics(sharedGraphics()), encoder(graphics.encoder()) {}
 
 Picture DrawingTest::draw(const Look& look, int width, int height, double time)
 {
