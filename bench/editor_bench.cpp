@@ -99,7 +99,7 @@ void measurePictures(const char* name, const std::vector<Tile>& tiles, QSize siz
         Stopwatch watch;
         for (const Tile& tile : tiles) {
             responses.emplace_back(
-                pictures.requestImageResponse(pictureOfLook(tile.atRest).section(QLatin1Char('/'), 3), size));
+                pictures.request(pictureOfLook(tile.atRest).section(QLatin1Char('/'), 3), size));
             QObject::connect(responses.back().get(), &QQuickImageResponse::finished, &loop, [&] {
                 if (++finished == tiles.size())
                     loop.quit();

@@ -6,7 +6,6 @@
 #include "app/commands.h"
 #include "app/status_menu.h"
 #include "controls/controls.h"
-#include "controls/look_pictures.h"
 #include "controls/surroundings.h"
 #include "edge/edge_panel.h"
 
@@ -34,10 +33,13 @@ Interface::Interface(const InterfaceParts& parts)
 {
     // A sixth of the processor time and a third of the memory of OpenGL without a GPU, and no context needed.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    installControls(m_engine);
-    m_engine.addImageProvider(QStringLiteral("looks"), new LookPictures);
+    installControls(m_engine, m_pictures);
     qml_register_types_TesselBroth_Edge();
     qml_register_types_TesselBroth_Editor();
+    connect(&m_edge, &EdgeController::modeChanged, this, [this] {
+        if (!m_edge.state().isOpen())
+            m_pictures.release();
+    });
     connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);
     connect(&m_presetsMenu.menu(), &QMenu::aboutToHide, this, [this] { m_edge.setHeld(false); });
     const Session& session = parts.scene.session;

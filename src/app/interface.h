@@ -6,6 +6,7 @@
 #include "app/dialogs.h"
 #include "app/menu_view.h"
 #include "controls/live_picture.h"
+#include "controls/look_pictures.h"
 #include "edge/edge_controller.h"
 #include "edge/quick_actions.h"
 #include "editor/editor_model.h"
@@ -40,6 +41,7 @@ private:
     void popUpPresets();
 
     const InterfaceParts m_parts;
+    LookPictures m_pictures;
     QQmlEngine m_engine;
     EdgeController m_edge;
     QuickActions m_quickActions;

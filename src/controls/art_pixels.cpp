@@ -16,8 +16,8 @@ namespace {
 // half.
 bool takesSecond(int column, int row, double share)
 {
-    static constexpr std::array<int, 16> kOrder = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
-    const int order = kOrder[static_cast<std::size_t>((row % 4) * 4 + column % 4)];
+    static constexpr std::array<int, 16> bayer = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
+    const int order = bayer[static_cast<std::size_t>((row % 4) * 4 + column % 4)];
     return share > (order + 0.5) / 16.0;
 }
 
@@ -62,7 +62,7 @@ QRgb mixed(const std::vector<QRgb>& colours, double position, int column, int ro
 
 int edge(int cell, qreal scale)
 {
-    return static_cast<int>(std::lround(cell * kCell * scale));
+    return static_cast<int>(std::lround(cell * cellPoints * scale));
 }
 
 std::vector<int> cornerInsets(int radius)
@@ -139,7 +139,7 @@ QImage ditheredVignette(const std::vector<QColor>& colours, QSize cells, qreal s
 
 QImage productMark(qreal scale)
 {
-    static constexpr std::array<std::string_view, 18> kRows = {
+    static constexpr std::array<std::string_view, 18> lines = {
         "....s....s....s...", //
         ".....s....s....s..", //
         ".....s....s....s..", //
@@ -175,9 +175,9 @@ QImage productMark(qreal scale)
             return 0;
         }
     };
-    constexpr int kSide = static_cast<int>(kRows.size());
-    return drawCells(QSize(kSide, kSide), scale / kCell, [&](int column, int row) {
-        return inkOf(kRows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+    constexpr int side = static_cast<int>(lines.size());
+    return drawCells(QSize(side, side), scale / cellPoints, [&](int column, int row) {
+        return inkOf(lines[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
     });
 }
 

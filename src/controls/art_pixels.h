@@ -16,7 +16,7 @@
 namespace tessel::art {
 
 /// Side of a cell, in points.
-inline constexpr int kCell = 2;
+inline constexpr int cellPoints = 2;
 
 /// Where the cell of that index begins, in device pixels.
 int edge(int cell, qreal scale);

@@ -13,10 +13,10 @@ extern void qml_register_types_TesselBroth_Controls(); // written by qmltyperegi
 
 namespace tessel {
 
-void installControls(QQmlEngine& engine)
+void installControls(QQmlEngine& engine, LookPictures& pictures)
 {
     qml_register_types_TesselBroth_Controls();
-    engine.addImageProvider(QStringLiteral("looks"), new LookPictures);
+    engine.addImageProvider(QStringLiteral("looks"), pictures.makeProvider());
     engine.addImageProvider(QStringLiteral("shapes"), new ShapeImages);
     engine.addImageProvider(QStringLiteral("symbols"), new SymbolImages);
 }

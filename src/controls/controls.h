@@ -7,8 +7,10 @@ class QQmlEngine;
 
 namespace tessel {
 
-/// Makes "import TesselBroth.Controls" work in an engine: its types, typefaces, symbols and shapes. There
-/// must be a QGuiApplication.
-void installControls(QQmlEngine& engine);
+class LookPictures;
+
+/// Makes "import TesselBroth.Controls" work in an engine: its types, typefaces, symbols, shapes and pictures
+/// of looks. There must be a QGuiApplication. \param pictures must outlive the engine
+void installControls(QQmlEngine& engine, LookPictures& pictures);
 
 } // namespace tessel

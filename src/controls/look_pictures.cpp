@@ -13,15 +13,13 @@
 #include <QByteArray>
 #include <QImage>
 #include <QQuickTextureFactory>
+#include <QTimer>
 
-#include <algorithm>
 #include <chrono>
-#include <condition_variable>
 #include <cstring>
-#include <deque>
+#include <exception>
+#include <memory>
 #include <mutex>
-#include <stdexcept>
-#include <thread>
 
 namespace tessel {
 
@@ -127,65 +125,15 @@ QImage imageOf(const Picture& picture)
 
 } // namespace
 
-/// Draws what is asked for, on a thread of its own.
-class LookPictures::Painter
+/// Draws what is asked for. Lives on the thread where it draws.
+class LookPictures::Painter : public QObject
 {
 public:
-    Painter() : m_thread([this] { work(); }) {}
-    ~Painter()
+    Painter()
     {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_isEnding = true;
-        }
-        m_awake.notify_all();
-        m_thread.join();
-    }
-    Painter(const Painter&) = delete;
-    Painter& operator=(const Painter&) = delete;
-
-    void add(std::shared_ptr<Order> order)
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_orders.push_back(std::move(order));
-        }
-        m_awake.notify_all();
-    }
-
-    void release()
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_isReleasing = true;
-        }
-        m_awake.notify_all();
-    }
-
-private:
-    void work()
-    {
-        lowerThreadPriority();
-        std::unique_lock lock(m_mutex);
-        while (!m_isEnding) {
-            if (!m_orders.empty()) {
-                const std::shared_ptr<Order> order = std::move(m_orders.front());
-                m_orders.pop_front();
-                lock.unlock();
-                carryOut(*order);
-                lock.lock();
-            } else if (std::exchange(m_isReleasing, false)) {
-                lock.unlock();
-                forget();
-                lock.lock();
-            } else if (m_graphics == nullptr) {
-                m_awake.wait(lock);
-            } else if (m_awake.wait_for(lock, patience) == std::cv_status::timeout) {
-                m_isReleasing = m_orders.empty();
-            }
-        }
-        lock.unlock();
-        m_graphics.reset();
+        m_idle.setSingleShot(true);
+        m_idle.setInterval(patience);
+        connect(&m_idle, &QTimer::timeout, this, &Painter::forget);
     }
 
     void carryOut(Order& order)
@@ -197,11 +145,21 @@ private:
         }
         try {
             answer(order, draw(lookOf(order.id), order.size), {});
-        } catch (const std::runtime_error& error) {
+        } catch (const std::exception& error) {
             answer(order, {}, QString::fromUtf8(error.what()));
         }
+        m_idle.start();
     }
 
+    void forget()
+    {
+        if (m_graphics == nullptr)
+            return;
+        m_graphics.reset();
+        releaseUnusedMemory();
+    }
+
+private:
     QImage draw(const Look& look, QSize size)
     {
         if (m_graphics == nullptr)
@@ -216,41 +174,62 @@ private:
         return imageOf(*picture);
     }
 
-    void forget()
-    {
-        if (m_graphics == nullptr)
-            return;
-        m_graphics.reset();
-        releaseUnusedMemory();
-    }
-
-    std::mutex m_mutex;
-    std::condition_variable m_awake;
-    std::deque<std::shared_ptr<Order>> m_orders;
-    bool m_isReleasing = false;
-    bool m_isEnding = false;
-    std::unique_ptr<Graphics> m_graphics; ///< of the thread alone
-    std::thread m_thread;
+    std::unique_ptr<Graphics> m_graphics;
+    QTimer m_idle{this};
 };
 
-LookPictures::LookPictures() : m_painter(std::make_unique<Painter>()) {}
+namespace {
 
-LookPictures::~LookPictures() = default;
+class Provider final : public QQuickAsyncImageProvider
+{
+public:
+    explicit Provider(LookPictures& pictures) : m_pictures(pictures) {}
 
-QQuickImageResponse* LookPictures::requestImageResponse(const QString& id, const QSize& requestedSize)
+    QQuickImageResponse* requestImageResponse(const QString& id, const QSize& requestedSize) override
+    {
+        return m_pictures.request(id, requestedSize);
+    }
+
+private:
+    LookPictures& m_pictures;
+};
+
+} // namespace
+
+LookPictures::LookPictures()
+    : m_painter(new Painter)
+    , m_worker(QStringLiteral("look pictures"), lowerThreadPriority)
+{
+    m_worker.adopt(m_painter);
+}
+
+LookPictures::~LookPictures()
+{
+    m_isEnding = true;
+}
+
+QQuickAsyncImageProvider* LookPictures::makeProvider()
+{
+    return new Provider(*this);
+}
+
+QQuickImageResponse* LookPictures::request(const QString& id, const QSize& requestedSize)
 {
     const auto order = std::make_shared<Order>();
     order->id = id;
     order->size = sizeOf(requestedSize);
     auto* response = new Response(order);
     order->response = response;
-    m_painter->add(order);
+    m_worker.run([this, order] {
+        if (!m_isEnding)
+            m_painter->carryOut(*order);
+    });
     return response;
 }
 
 void LookPictures::release()
 {
-    m_painter->release();
+    m_worker.run([this] { m_painter->forget(); });
 }
 
 QString pictureOfLook(const Look& look)

@@ -3,12 +3,13 @@
 
 #pragma once
 
+#include "base/worker.h"
 #include "model/look.h"
 
 #include <QQuickAsyncImageProvider>
 #include <QString>
 
-#include <memory>
+#include <atomic>
 
 namespace tessel {
 
@@ -16,20 +17,32 @@ namespace tessel {
 /// the size asked for, in pixels, on a thread and in a context of their own, which is given back when there
 /// has been nothing to draw for some seconds. The cells of a look of `pixel` 8 are about 2 points large on a
 /// tile as wide as those of presets, and pixelForCells() says what others need.
-class LookPictures : public QQuickAsyncImageProvider
+///
+/// Qt keeps providers of pictures for as long as it likes; this ends when its owner wants, and must not end
+/// before the engine: a driver may not be drawing while the program leaves.
+class LookPictures
 {
 public:
     LookPictures();
-    ~LookPictures() override;
+    ~LookPictures();
+    LookPictures(const LookPictures&) = delete;
+    LookPictures& operator=(const LookPictures&) = delete;
 
-    QQuickImageResponse* requestImageResponse(const QString& id, const QSize& requestedSize) override;
+    /// A provider for an engine, which gets to own it.
+    [[nodiscard]] QQuickAsyncImageProvider* makeProvider();
+
+    /// \param id the address without "image://looks/"
+    [[nodiscard]] QQuickImageResponse* request(const QString& id, const QSize& requestedSize);
 
     /// Gives the context and what was kept for drawing back at once. May be called from any thread.
     void release();
 
 private:
     class Painter;
-    const std::unique_ptr<Painter> m_painter;
+
+    std::atomic<bool> m_isEnding = false;
+    Painter* const m_painter; ///< lives on the worker's thread
+    Worker m_worker;
 };
 
 /// The address of the picture of a look, which must be one that JSON can hold.

@@ -57,8 +57,8 @@ QImage drawShape(const QStringList& parts)
     const QStringList sides = parts[2].split(u'x');
     const QSize cells(sides.value(0).toInt(), sides.value(1).toInt());
     const double scale = parts[3].toDouble();
-    constexpr int kMost = 512;
-    if (colours.empty() || cells.isEmpty() || cells.width() > kMost || cells.height() > kMost)
+    constexpr int mostCells = 512;
+    if (colours.empty() || cells.isEmpty() || cells.width() > mostCells || cells.height() > mostCells)
         return {};
     if (kind == QLatin1String("even"))
         return art::ditheredRamp(colours, art::Ramp::Even, cells, scale);

@@ -8,13 +8,13 @@ namespace tessel {
 Tips::Tips(QObject* parent) : QObject(parent)
 {
     m_rest.setSingleShot(true);
-    m_rest.setInterval(kRest);
+    m_rest.setInterval(restTime);
     connect(&m_rest, &QTimer::timeout, this, &Tips::show);
 }
 
 void Tips::enter(QQuickItem* control, const QString& text)
 {
-    const bool soon = m_isShown || (m_sinceHidden.isValid() && !m_sinceHidden.hasExpired(kGrace.count()));
+    const bool soon = m_isShown || (m_sinceHidden.isValid() && !m_sinceHidden.hasExpired(graceTime.count()));
     hide();
     m_target = control;
     m_text = text;

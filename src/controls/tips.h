@@ -28,8 +28,8 @@ public:
     explicit Tips(QObject* parent = nullptr);
 
     /// How long the pointer rests before the first tip, and after a tip has gone the next comes at once.
-    static constexpr std::chrono::milliseconds kRest{500};
-    static constexpr std::chrono::milliseconds kGrace{300};
+    static constexpr std::chrono::milliseconds restTime{500};
+    static constexpr std::chrono::milliseconds graceTime{300};
 
     [[nodiscard]] QQuickItem* target() const { return m_isShown ? m_target.data() : nullptr; }
     [[nodiscard]] QString text() const { return m_text; }

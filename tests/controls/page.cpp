@@ -13,7 +13,7 @@ namespace tessel {
 
 Page::Page(const char* body)
 {
-    installControls(m_engine);
+    installControls(m_engine, m_pictures);
     QByteArray qml = "import QtQuick\nimport TesselBroth.Controls\n"
                      "Item { id: page; width: 400; height: 400; property string said;\n"
                      "function say(word) { said += (said === '' ? '' : ' ') + word }\n";

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "controls/look_pictures.h"
+
 #include <QAccessible>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -40,6 +42,7 @@ public:
     QQuickWindow& window() { return m_window; }
 
 private:
+    LookPictures m_pictures;
     QQmlEngine m_engine;
     QQuickWindow m_window;
     std::unique_ptr<QQuickItem> m_root;

@@ -10,7 +10,7 @@
 namespace tessel {
 namespace {
 
-constexpr const char* kKnob = R"(
+constexpr const char* oneKnob = R"(
     Knob {
         objectName: "knob"; x: 20; y: 20; width: 100; label: "Scale"; position: 0.5; valueText: "1.00"
         onDragStarted: page.say("start")
@@ -27,7 +27,7 @@ QPoint at(Page& page, const char* name, double x, double y)
 
 TEST(Pointer, AKnobIsDraggedByTheWayThatThePointerGoes)
 {
-    Page page(kKnob);
+    Page page(oneKnob);
     QWindow* const window = &page.window();
     QTest::mousePress(window, Qt::LeftButton, {}, at(page, "knob", 90, 25));
     EXPECT_EQ(page.heard(), QString());

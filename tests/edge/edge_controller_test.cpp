@@ -3,6 +3,7 @@
 
 #include "controls/controls.h"
 #include "controls/live_picture.h"
+#include "controls/look_pictures.h"
 #include "edge/edge_controller.h"
 #include "edge/edge_panel.h"
 #include "edge/quick_actions.h"
@@ -31,7 +32,7 @@ protected:
     {
         m_windows.panel = std::make_shared<PanelRecord>();
         m_windows.screens().set({screenAt(QRect(0, 0, 1440, 900))});
-        installControls(m_engine);
+        installControls(m_engine, m_pictures);
         qml_register_types_TesselBroth_Edge();
     }
 
@@ -74,6 +75,7 @@ protected:
     LivePicture m_thumb{Source::thumb, m_services, m_windows.screens()};
     LivePicture m_preview{Source::editor, m_services, m_windows.screens()};
     QObject m_editor;
+    LookPictures m_pictures;
     QQmlEngine m_engine;
     std::unique_ptr<QuickActions> m_actions;
     std::unique_ptr<EdgeController> m_controller;

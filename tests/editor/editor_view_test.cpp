@@ -3,6 +3,7 @@
 
 #include "controls/controls.h"
 #include "controls/live_picture.h"
+#include "controls/look_pictures.h"
 #include "editor/editor_model.h"
 #include "support/fake_desktop.h"
 #include "support/test_store.h"
@@ -32,7 +33,7 @@ protected:
         m_store->setPresets({{"a0000000-0000-0000-0000-000000000001", "Late shift", lookWithSeed(3), true}});
         m_store->setLook({});
         m_preview.setFrozen(true);
-        installControls(*m_view.engine());
+        installControls(*m_view.engine(), m_pictures);
         qml_register_types_TesselBroth_Editor();
         m_view.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)},
                                      {QStringLiteral("preview"), QVariant::fromValue(&m_preview)}});
@@ -118,6 +119,7 @@ protected:
     const SceneServices m_services{*m_store, m_session, graphics, m_clocks, m_preparer};
     LivePicture m_preview{Source::editor, m_services, m_screens};
     EditorModel m_model{{*m_store, m_screens, m_clocks, graphics, EditorServices{{}, {}, m_store.folder()}}};
+    LookPictures m_pictures;
     QQuickView m_view;
 };
 

@@ -21,7 +21,7 @@ class Asked
 {
 public:
     Asked(LookPictures& pictures, const QString& address, QSize size)
-        : m_response(pictures.requestImageResponse(address.section(QLatin1Char('/'), 3), size))
+        : m_response(pictures.request(address.section(QLatin1Char('/'), 3), size))
     {
         QObject::connect(m_response.get(), &QQuickImageResponse::finished, m_response.get(),
                          [this] { m_isFinished = true; });

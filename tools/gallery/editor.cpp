@@ -8,6 +8,7 @@
 // Tab and says what it finds), shot:FILE.png. Places are points of the editor.
 #include "controls/controls.h"
 #include "controls/live_picture.h"
+#include "controls/look_pictures.h"
 #include "editor/editor_model.h"
 #include "model/look_json.h"
 #include "model/store.h"
@@ -82,14 +83,14 @@ public:
     {
         fill(m_store);
         m_preview.setFrozen(true);
-        installControls(*m_view.engine());
+        installControls(*m_view.engine(), m_pictures);
         qml_register_types_TesselBroth_Editor();
         if (qEnvironmentVariableIsSet("TESSEL_QML"))
             m_view.engine()->addImportPath(qEnvironmentVariable("TESSEL_QML"));
         m_view.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)},
                                      {QStringLiteral("preview"), QVariant::fromValue(&m_preview)}});
         m_view.setResizeMode(QQuickView::SizeRootObjectToView);
-        m_view.resize(312 + 2 * kMargin, height + 2 * kMargin);
+        m_view.resize(312 + 2 * margin, height + 2 * margin);
     }
 
     void open(const QUrl& page)
@@ -109,7 +110,7 @@ public:
         const QString name = step.section(u':', 0, 0);
         const QString value = step.section(u':', 1);
         const QStringList numbers = value.split(u',');
-        const QPoint place(numbers.value(0).toInt() + kMargin, numbers.value(1).toInt() + kMargin);
+        const QPoint place(numbers.value(0).toInt() + margin, numbers.value(1).toInt() + margin);
         if (name == QLatin1String("tab"))
             m_model.setTab(static_cast<EditorModel::Tab>(
                 QMetaEnum::fromType<EditorModel::Tab>().keyToValue(value.toLatin1().constData())));
@@ -149,7 +150,7 @@ public:
     }
 
 private:
-    static constexpr int kMargin = 24;
+    static constexpr int margin = 24;
 
     EditorServices services()
     {
@@ -213,8 +214,8 @@ private:
 
     void shoot(const QString& file)
     {
-        const QRect frame(QPoint(kMargin, kMargin) * m_scale,
-                          QSize(312, m_view.height() - 2 * kMargin) * m_scale);
+        const QRect frame(QPoint(margin, margin) * m_scale,
+                          QSize(312, m_view.height() - 2 * margin) * m_scale);
         m_view.grabWindow().copy(frame).save(file);
     }
 
@@ -225,7 +226,7 @@ private:
             const QQuickItem* const item = m_view.activeFocusItem();
             QAccessibleInterface* const heard =
                 QAccessible::queryAccessibleInterface(const_cast<QQuickItem*>(item));
-            const QPointF place = item->mapToScene(QPointF(0, 0)) - QPointF(kMargin, kMargin);
+            const QPointF place = item->mapToScene(QPointF(0, 0)) - QPointF(margin, margin);
             QTextStream(stdout) << stop << "  " << place.x() << "," << place.y() << "  "
                                 << item->metaObject()->className() << "  "
                                 << (heard ? heard->text(QAccessible::Name) : QString()) << "  "
@@ -243,6 +244,7 @@ private:
     SceneServices m_services;
     LivePicture m_preview;
     EditorModel m_model;
+    LookPictures m_pictures;
     QQuickView m_view;
     double m_scale;
 };

@@ -6,6 +6,7 @@
 // TESSEL_QML in the environment names a folder of QML modules that are taken instead of the built-in ones, so
 // that changes can be seen without building.
 #include "controls/controls.h"
+#include "controls/look_pictures.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -19,7 +20,7 @@
 namespace {
 
 // Long enough for every animation and picture of a page.
-constexpr std::chrono::seconds kSettled{1};
+constexpr std::chrono::seconds settled{1};
 
 } // namespace
 
@@ -35,8 +36,9 @@ int main(int argc, char** argv)
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication app(argc, argv);
 
+    tessel::LookPictures pictures;
     QQuickView view;
-    tessel::installControls(*view.engine());
+    tessel::installControls(*view.engine(), pictures);
     if (qEnvironmentVariableIsSet("TESSEL_QML"))
         view.engine()->addImportPath(qEnvironmentVariable("TESSEL_QML"));
     view.setSource(QUrl::fromLocalFile(QString::fromLocal8Bit(argv[1])));
@@ -46,7 +48,7 @@ int main(int argc, char** argv)
     QKeyEvent key(QEvent::KeyPress, Qt::Key_F35, Qt::NoModifier); // rings are shown once a key was used
     QGuiApplication::sendEvent(&view, &key);
     bool saved = false;
-    QTimer::singleShot(kSettled, &view, [&] {
+    QTimer::singleShot(settled, &view, [&] {
         saved = view.grabWindow().save(QString::fromLocal8Bit(argv[2]));
         QGuiApplication::quit();
     });
