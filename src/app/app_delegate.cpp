@@ -6,12 +6,14 @@
 #include "app/actions.h"
 #include "app/commands.h"
 #include "app/status_menu.h"
+#include "platform/process.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QSessionManager>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <utility>
 
@@ -25,6 +27,9 @@ constexpr std::array menuSignals{&Store::desktopChanged,       &Store::desktopHi
                                  &Store::appliedMotionChanged, &Store::motionChanged,
                                  &Store::presetsChanged,       &Store::shuffleMinutesChanged,
                                  &Store::edgeChanged,          &Store::handleHiddenChanged};
+
+/// How long after a change everything is done that comes of it, cross-fades and stills too.
+constexpr std::chrono::seconds timeToRest{15};
 
 /// Damaged settings stay as they are until they are changed, so that there is nothing for the user to do.
 void reportProblems(const std::vector<SettingProblem>& problems)
@@ -44,6 +49,8 @@ AppDelegate::AppDelegate(const AppParts& parts)
     , m_panelMenu([this] { return menuRows(); })
     , m_popupMenu([this] { return menuRows(); })
 {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(timeToRest);
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -99,6 +106,13 @@ void AppDelegate::connectSystem()
     connect(&m_parts.dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     connect(&m_parts.quitSignals, &QuitSignals::received, this, &AppDelegate::quit);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
+    connect(&m_rest, &QTimer::timeout, this, [] {
+        releaseUnusedMemory();
+        releaseUnusedCode();
+    });
+    connect(&m_parts.store, &Store::desktopChanged, &m_rest, qOverload<>(&QTimer::start));
+    connect(&m_parts.edge, &EdgeController::modeChanged, &m_rest, qOverload<>(&QTimer::start));
+    m_rest.start();
     // Whether the program starts with the session is the user's choice, made elsewhere.
     connect(qApp, &QGuiApplication::saveStateRequest, this,
             [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
@@ -120,12 +134,8 @@ void AppDelegate::greet()
 {
     if (m_parts.store.desktop())
         return;
-    const QString where =
-        TrayIcon::hasPanel()
-            ? tr("Click the bowl in your panel and choose New Wallpaper for your first one.")
-            : tr("Start Tessel Broth once more to see its menu and choose New Wallpaper for your first one.");
     const Alert greeting{
-        .message = tr("Tessel Broth is ready"), .informative = where, .takeFocus = TakeFocus::no};
+        .message = tr("Tessel Broth is ready"), .informative = wayToBegin(), .takeFocus = TakeFocus::no};
     m_parts.notifications.show(greeting.message, greeting.informative, [this, greeting] {
         // It may have taken long to find that nobody shows messages.
         if (!m_parts.store.desktop())
@@ -134,6 +144,20 @@ void AppDelegate::greet()
     connect(
         &m_parts.store, &Store::desktopChanged, this, [this, greeting] { m_parts.dialogs.dismiss(greeting); },
         Qt::SingleShotConnection);
+}
+
+/// Where the first wallpaper is to be had here.
+QString AppDelegate::wayToBegin() const
+{
+    if (TrayIcon::hasPanel())
+        return tr("Click the bowl in your panel and choose New Wallpaper for your first one.");
+    if (!m_parts.edge.isInstalled())
+        return tr(
+            "Start Tessel Broth once more to see its menu and choose New Wallpaper for your first one.");
+    if (m_parts.store.handleHidden())
+        return tr("Start Tessel Broth once more to make your first wallpaper in its editor.");
+    return tr(
+        "Point at the round handle at the edge of your screen and choose New wallpaper for your first one.");
 }
 
 void AppDelegate::popUpMenu()

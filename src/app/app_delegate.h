@@ -17,6 +17,8 @@
 #include "platform/session.h"
 #include "wallpaper/desktop_wallpaper.h"
 
+#include <QTimer>
+
 #include <memory>
 
 namespace tessel {
@@ -62,6 +64,7 @@ private:
     void connectSystem();
     void installMenu();
     void greet();
+    [[nodiscard]] QString wayToBegin() const;
     void popUpMenu();
     void openEditor();
     void toggleEditor();
@@ -74,6 +77,7 @@ private:
     ShuffleTimer m_shuffleTimer;
     MenuView m_panelMenu;
     MenuView m_popupMenu; ///< the same where a panel does not show it
+    QTimer m_rest;        ///< runs while something that was done may leave things behind
     std::unique_ptr<TrayIcon> m_tray;
     bool m_hasLeft = false;
 };

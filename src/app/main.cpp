@@ -159,5 +159,6 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    tessel::shareUnusedMemory();
     return tessel::run(argc, argv);
 }

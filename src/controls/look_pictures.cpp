@@ -5,6 +5,7 @@
 
 #include "model/look_json.h"
 #include "platform/process.h"
+#include "render/background_drawing.h"
 #include "render/drawing_error.h"
 #include "render/geometry.h"
 #include "render/graphics.h"
@@ -155,6 +156,7 @@ public:
     {
         if (m_graphics == nullptr)
             return;
+        const BackgroundDrawing drawing; // the driver takes apart what it drew with
         m_graphics.reset();
         releaseUnusedMemory();
     }
@@ -162,6 +164,7 @@ public:
 private:
     QImage draw(const Look& look, QSize size)
     {
+        BackgroundDrawing drawing;
         if (m_graphics == nullptr)
             m_graphics = std::make_unique<Graphics>([] { return std::make_unique<HeadlessContext>(); });
         const auto picture = m_graphics->draw({.previous = look,
@@ -169,6 +172,7 @@ private:
                                                .width = size.width(),
                                                .height = size.height(),
                                                .reference = thumbReference});
+        drawing.guardExit();
         if (!picture)
             throw DrawingError("A picture of this size cannot be drawn");
         return imageOf(*picture);

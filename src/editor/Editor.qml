@@ -28,6 +28,8 @@ FocusScope {
     Accessible.role: Accessible.Pane
     focus: true
 
+    // Where nothing in it has a use for that.
+    Keys.onEscapePressed: closeRequested()
     Keys.onPressed: event => {
         event.accepted = true
         if (event.matches(StandardKey.Undo))

@@ -4,12 +4,11 @@
 #include "scene/look_preparer.h"
 
 #include "platform/process.h"
+#include "render/background_drawing.h"
 #include "render/frame_encoder.h"
 #include "render/headless_context.h"
 #include "render/photo.h"
 
-#include <cstdlib>
-#include <mutex>
 #include <optional>
 #include <stdexcept>
 
@@ -32,45 +31,19 @@ std::vector<PreparedPhoto> photosOf(const CrossFade& fade, int longestSide)
     return photos;
 }
 
-/// Held while a thread draws; there until the very end.
-std::recursive_mutex& drawing()
-{
-    static auto& mutex = *new std::recursive_mutex;
-    return mutex;
-}
-
-/// Ends the program at once where a thread still draws: what exit() goes on to take apart, the driver's
-/// compilers above all, would be taken from under it.
-void endWhileDrawing(int status, void* /*nothing*/)
-{
-    // Otherwise nobody begins any more.
-    if (!drawing().try_lock())
-        std::_Exit(status);
-}
-
-/// Qt calls exit() when the X server is gone. The last to be registered is the first to be heard, and a
-/// driver registers what it takes apart as it is used for the first time. To be called while one draws.
-void guardExit()
-{
-    static int registrations = 0;
-    constexpr int enough = 6;
-    if (registrations < enough && on_exit(endWhileDrawing, nullptr) == 0)
-        ++registrations;
-}
-
 /// The looks as they give way to each other, and the second alone.
 void drawOnce(CrossFade fade, const std::vector<ViewSize>& views)
 {
     fade.previous.imagePath.reset();
     fade.current.imagePath.reset();
-    const std::scoped_lock lock(drawing());
+    BackgroundDrawing drawing;
     try {
         const HeadlessContext context;
-        guardExit();
+        drawing.guardExit();
         FrameEncoder encoder;
         for (const ViewSize& view : views) {
             encoder.prepare(frameInside(fade, view));
-            guardExit();
+            drawing.guardExit();
             encoder.prepare(frameInside({fade.current, fade.current}, view));
         }
     } catch (const std::runtime_error&) {
