@@ -3,7 +3,8 @@
 
 # Typefaces and symbols come from npm in the versions that assets/package-lock.json names. Without a network, run
 # "npm ci --ignore-scripts" in a copy of assets/ elsewhere and name that folder here.
-set(TESSEL_ASSETS "" CACHE PATH "Folder with the node_modules of assets/package-lock.json; empty: fetched by npm")
+set(TESSEL_ASSETS "$ENV{TESSEL_ASSETS}" CACHE PATH
+    "Folder with the node_modules of assets/package-lock.json; empty: fetched by npm")
 
 set(assets_root ${CMAKE_BINARY_DIR}/assets)
 

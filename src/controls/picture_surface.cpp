@@ -43,13 +43,22 @@ std::uint32_t* PictureSurface::pixels()
     return rowOf(m_next, 0);
 }
 
-void PictureSurface::presentPixels()
+void PictureSurface::presentPixels(std::span<const PixelRect> changed)
 {
-    if (std::memcmp(m_next.constBits(), m_image.constBits(),
-                    static_cast<std::size_t>(m_next.sizeInBytes())) == 0)
-        return;
-    std::swap(m_image, m_next);
-    Q_EMIT drawn();
+    bool isAnother = false;
+    for (const PixelRect& area : changed) {
+        const std::size_t bytes = area.width * sizeof(std::uint32_t);
+        for (int y = area.y; y < area.y + area.height; ++y) {
+            const std::uint32_t* next = rowOf(m_next, y) + area.x;
+            std::uint32_t* shown = rowOf(m_image, y) + area.x;
+            if (std::memcmp(next, shown, bytes) == 0)
+                continue;
+            std::memcpy(shown, next, bytes);
+            isAnother = true;
+        }
+    }
+    if (isAnother)
+        Q_EMIT drawn();
 }
 
 void PictureSurface::present(std::span<const ColoredRect> rectangles)

@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] bool isReady() const override { return true; }
     [[nodiscard]] std::uint32_t* pixels() override;
-    void presentPixels() override;
+    void presentPixels(std::span<const PixelRect> changed) override;
     void releasePixels() override { m_next = {}; }
     void present(std::span<const ColoredRect> rectangles) override;
 
@@ -36,7 +36,7 @@ Q_SIGNALS:
 
 private:
     QImage m_image;
-    QImage m_next; ///< there only while frames are drawn whole
+    QImage m_next; ///< there only while pixels are drawn
     QTimer m_frames;
     int m_rate = 0;
 };

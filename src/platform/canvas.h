@@ -57,10 +57,12 @@ public:
     /// Whether the window can be drawn to.
     [[nodiscard]] virtual bool isReady() const = 0;
 
-    /// Memory for all pixels, 0x00RRGGBB from the top left corner on, without gaps. It may be written until
-    /// presentPixels() is called. releasePixels() frees it.
+    /// Memory for all pixels, 0xFFRRGGBB from the top left corner on, without gaps. It may be written until
+    /// presentPixels() is called, and keeps what was written until releasePixels() frees it.
     [[nodiscard]] virtual std::uint32_t* pixels() = 0;
-    virtual void presentPixels() = 0;
+
+    /// \param changed where the memory is another than when it was last presented
+    virtual void presentPixels(std::span<const PixelRect> changed) = 0;
     virtual void releasePixels() = 0;
 
     /// Paints rectangles over what is shown.

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <vector>
 
 namespace tessel {
 
@@ -61,6 +63,15 @@ ColorRow makeColorRow(TextureFormat format, int length)
 PhotoSize sizeOf(const std::shared_ptr<const Photo>& photo)
 {
     return photo != nullptr ? photo->size : PhotoSize();
+}
+
+/// The number of each cell, row by row, as a colour.
+GlTexture makeNumbers(GridSize grid)
+{
+    std::vector<std::uint32_t> numbers(static_cast<std::size_t>(grid.width) *
+                                       static_cast<std::size_t>(grid.height));
+    std::iota(numbers.begin(), numbers.end(), 0U);
+    return makeTexture(colorFormat, grid.width, grid.height, numbers.data());
 }
 
 /// \return whether there is room for the second ink of each cell
@@ -308,6 +319,27 @@ const CellTextures* FrameEncoder::encodeCells(const Frame& frame)
     });
 }
 
+bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
+{
+    const UniformBlock block = makeUniforms(frame, {}, {}, m_blocks);
+    const float cell = cellSize(block, Slot::current);
+    const GridSize grid = fieldSize(frame.width, frame.height, cell);
+    const GlTexture numbers = makeNumbers(grid);
+    if (!numbers)
+        return false;
+    const State state(m_vertexArray.name());
+    const Program& program = m_programs.map(frame.current.dither);
+    setBlending(1.0F);
+    bind(TextureUnit::lower, numbers.name());
+    glUseProgram(program.object.name());
+    glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
+                1.0F / static_cast<float>(grid.height));
+    draw(Pass{block, Slot::current, frame.current, 0}, program, target.framebuffer,
+         {frame.width, frame.height}, static_cast<float>(frame.width) / cell,
+         static_cast<float>(frame.height) / cell, target.rows, target.firstRow);
+    return true;
+}
+
 bool FrameEncoder::isPrepared(const Look& look, const Frame& frame) const
 {
     if (look.dither == Dither::ascii && !m_glyphs)
@@ -330,7 +362,10 @@ void FrameEncoder::prepare(const Frame& frame)
 {
     // Only a corner of the picture has room, yet all else is as large as it will be: software renderers
     // compile a shader anew for textures of other sizes.
-    encode(frame, {.framebuffer = m_smallTarget.name(), .height = smallSide});
+    const Target target{.framebuffer = m_smallTarget.name(), .height = smallSide};
+    encode(frame, target);
+    if (shaders::hasMap(frame.current.dither))
+        encodeMap(frame, target);
     glFinish();
 }
 

@@ -91,9 +91,16 @@ public:
     /// \throws DrawingError
     const CellTextures* encodeField(const Frame& frame);
 
-    /// Draws only the cells of the frame's current look, whose dither must be one that gives each cell one
-    /// colour: they are in the lower texture, otherwise as encodeField() says.
+    /// Draws only the cells of the frame's current look, whose dither must not be smooth: their colours are
+    /// in the lower texture; of a screen its two inks in lower and upper, and in alpha the share of the upper
+    /// one. Otherwise as encodeField() says.
     const CellTextures* encodeCells(const Frame& frame);
+
+    /// Draws the map of the frame's current look, whose dither must have one, instead of its picture: of each
+    /// pixel the number of its cell, row by row, in the lower three bytes of RGBA, and in the fourth the
+    /// largest share of the cell's upper ink, in 255ths, with which it still shows the lower one. \return
+    /// false if there is no room for it \throws DrawingError
+    bool encodeMap(const Frame& frame, const Target& target);
 
     /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
     /// \throws DrawingError where it comes upon something that was refused before

@@ -94,6 +94,7 @@ std::string ProgramLibrary::describe(Key key)
         return pattern + " with " + dither;
     case Kind::inks:
     case Kind::composite:
+    case Kind::map:
         return dither;
     default:
         return "the palette";
@@ -171,6 +172,11 @@ const Program& ProgramLibrary::composite(Dither dither)
 {
     const Key key = compositeKey(dither);
     return find(key, [&] { return shaders::composite(key.dither, m_dialect); });
+}
+
+const Program& ProgramLibrary::map(Dither dither)
+{
+    return find({Kind::map, {}, dither}, [&] { return shaders::map(dither, m_dialect); });
 }
 
 const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)

@@ -52,6 +52,7 @@ public:
     const Program& ramp();
     const Program& steps();
     const Program& composite(Dither dither);
+    const Program& map(Dither dither);
     const Program& direct(Pattern pattern, Dither dither);
 
     /// Whether the programs are built already: that of direct(), those of ramp() and steps(), and the three
@@ -70,6 +71,7 @@ private:
         ramp,
         steps,
         composite,
+        map,
         direct
     };
     struct Key

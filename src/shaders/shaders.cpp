@@ -141,6 +141,18 @@ Source composite(Dither dither, Dialect dialect)
                      {"prelude", "ink_pair", "inks_fetch", "screen", fileOf(dither), "fmain"})};
 }
 
+bool hasMap(Dither dither)
+{
+    return kind(dither) == DitherKind::screen && dither != Dither::ascii;
+}
+
+Source map(Dither dither, Dialect dialect)
+{
+    return {
+        assemble(dialect, Stage::vertex, "", {"prelude", "vmain"}),
+        assemble(dialect, Stage::fragment, "", {"prelude", "map_inks", "screen", fileOf(dither), "fmap"})};
+}
+
 Source direct(Pattern pattern, Dither dither, Dialect dialect)
 {
     const std::string switches = std::string(patternSwitch) + inkSwitches(dither);

@@ -55,6 +55,14 @@ inline constexpr int maxLevels = 16;
 /// Draws the picture from what the passes above have left.
 [[nodiscard]] Source composite(Dither dither, Dialect dialect);
 
+/// Whether a screen dither has a map: one whose pixels each take the upper ink above a share that never
+/// changes.
+[[nodiscard]] bool hasMap(Dither dither);
+
+/// Draws the map of a screen dither: of each pixel the number of the cell that it takes its inks from, in the
+/// three colours, the lowest byte in red, and the threshold in alpha.
+[[nodiscard]] Source map(Dither dither, Dialect dialect);
+
 /// Draws the picture without them, evaluating the pattern at every pixel: for cells of one pixel.
 [[nodiscard]] Source direct(Pattern pattern, Dither dither, Dialect dialect);
 

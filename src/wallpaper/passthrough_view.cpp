@@ -5,6 +5,7 @@
 
 #include "render/stopwatch.h"
 
+#include <array>
 #include <exception>
 
 namespace tessel {
@@ -18,6 +19,7 @@ PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& g
     connect(&m_surface, &LiveSurface::frameDue, this, &PassthroughView::draw);
     connect(&m_surface, &LiveSurface::contentLost, this, [this] {
         m_cells.invalidate();
+        m_screen.invalidate();
         draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
@@ -104,8 +106,13 @@ void PassthroughView::drawOn(PixelCanvas& canvas)
     Stopwatch watch;
     if (CellPainter::canPaint(frame)) {
         m_buffer = {};
+        m_screen = {};
         canvas.releasePixels();
         m_cells.paint(m_graphics.encoder(), frame, canvas);
+    } else if (ScreenPainter::canPaint(frame)) {
+        m_buffer = {};
+        m_cells.invalidate();
+        m_screen.paint(m_graphics.encoder(), frame, canvas);
     } else {
         drawPixels(frame, canvas);
     }
@@ -123,8 +130,10 @@ void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
     glBindFramebuffer(GL_FRAMEBUFFER, m_buffer.framebuffer.name());
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, frame.width, frame.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, canvas.pixels());
-    canvas.presentPixels();
+    canvas.presentPixels(std::array{
+        PixelRect{0, 0, static_cast<std::uint16_t>(frame.width), static_cast<std::uint16_t>(frame.height)}});
     m_cells.invalidate();
+    m_screen.invalidate();
 }
 
 void PassthroughView::releaseObjects()

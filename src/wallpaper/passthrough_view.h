@@ -9,6 +9,7 @@
 #include "scene/frame_pacing.h"
 #include "scene/scene.h"
 #include "wallpaper/cell_painter.h"
+#include "wallpaper/screen_painter.h"
 
 #include <QObject>
 
@@ -55,6 +56,7 @@ private:
     Graphics& m_graphics;
     const float m_reference;
     CellPainter m_cells;
+    ScreenPainter m_screen;
     Buffer m_buffer;
     LoadGovernor m_governor;
     GpuTimer m_gpuTimer;

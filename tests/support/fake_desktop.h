@@ -87,9 +87,14 @@ public:
         m_record->hasPixels = true;
         return reinterpret_cast<std::uint32_t*>(m_pixels.bits());
     }
-    void presentPixels() override
+    void presentPixels(std::span<const PixelRect> changed) override
     {
-        m_record->image = m_pixels.copy();
+        QPainter painter(&m_record->image);
+        for (const PixelRect& area : changed) {
+            const QRect rectangle(area.x, area.y, area.width, area.height);
+            painter.drawImage(rectangle.topLeft(), m_pixels, rectangle);
+            m_record->paintedPixels += long{area.width} * area.height;
+        }
         ++m_record->frames;
     }
     void releasePixels() override

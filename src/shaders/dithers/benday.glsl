@@ -6,7 +6,5 @@
 vec3 shade(vec2 position)
 {
     Dot d = dotAt(position + 0.3, vec2(0.70710678, 0.70710678), 2.0);
-    Inks inks = inksAt(d.centre);
-    float flatOrDots = inks.share < 0.2 ? 0.0 : inks.share > 0.8 ? 1.0 : 0.5;
-    return discShare(length(d.offset)) < flatOrDots ? inks.upper : inks.lower;
+    return pick(inksAt(d.centre), discShare(length(d.offset)) < 0.5 ? 0.198 : 0.802);
 }

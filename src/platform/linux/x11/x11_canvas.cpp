@@ -71,15 +71,19 @@ void X11PixelCanvas::makeImage()
                                            m_size.height(), QImage::Format_RGB32);
 }
 
-void X11PixelCanvas::presentPixels()
+void X11PixelCanvas::presentPixels(std::span<const PixelRect> changed)
 {
-    if (m_shared == nullptr) {
-        putImage(m_connection, m_id, m_graphics, m_depth, m_image, {});
-    } else {
-        const auto width = static_cast<std::uint16_t>(m_size.width());
-        const auto height = static_cast<std::uint16_t>(m_size.height());
-        xcb_shm_put_image(m_connection, m_id, m_graphics, width, height, 0, 0, width, height, 0, 0, m_depth,
-                          XCB_IMAGE_FORMAT_Z_PIXMAP, 0, m_shared->segment(), 0);
+    const auto width = static_cast<std::uint16_t>(m_size.width());
+    const auto height = static_cast<std::uint16_t>(m_size.height());
+    for (const PixelRect& area : changed) {
+        if (m_shared == nullptr)
+            putImage(m_connection, m_id, m_graphics, m_depth,
+                     m_image.copy(area.x, area.y, area.width, area.height), {area.x, area.y});
+        else
+            xcb_shm_put_image(m_connection, m_id, m_graphics, width, height,
+                              static_cast<std::uint16_t>(area.x), static_cast<std::uint16_t>(area.y),
+                              area.width, area.height, area.x, area.y, m_depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
+                              m_shared->segment(), 0);
     }
     xcb_flush(m_connection);
 }

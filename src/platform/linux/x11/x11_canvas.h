@@ -44,7 +44,7 @@ public:
 
     [[nodiscard]] bool isReady() const override;
     [[nodiscard]] std::uint32_t* pixels() override;
-    void presentPixels() override;
+    void presentPixels(std::span<const PixelRect> changed) override;
     void releasePixels() override;
     void present(std::span<const ColoredRect> rectangles) override;
 

@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/screen_painter.h"
+
+#include "shaders/shaders.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+constexpr std::uint32_t colorBits = 0xFFFFFF;
+constexpr std::uint32_t opaque = 0xFF000000;
+constexpr int topByte = 24;
+
+/// What has changed is presented in squares of this side, as a power of two.
+constexpr int tileShift = 6;
+constexpr int tileSide = 1 << tileShift;
+
+int tilesIn(int length)
+{
+    return (length + tileSide - 1) / tileSide;
+}
+
+std::size_t areaOf(int width, int height)
+{
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+float cellOf(const Frame& frame)
+{
+    return cellSize(frame.current, frame.width, frame.height, frame.reference);
+}
+
+void readPixels(GLuint framebuffer, GLenum attachment, int width, int height, GLenum format, GLenum type,
+                std::uint32_t* pixels)
+{
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glReadBuffer(attachment);
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, width, height, format, type, pixels);
+    glReadBuffer(GL_COLOR_ATTACHMENT0);
+}
+
+} // namespace
+
+bool ScreenPainter::canPaint(const Frame& frame)
+{
+    return frame.mix >= 1.0F && shaders::hasMap(frame.current.dither) && cellOf(frame) > 1.0F;
+}
+
+bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
+{
+    const Shape shape{frame.current.dither, frame.width, frame.height, cellOf(frame)};
+    if (shape != m_shape) {
+        m_valid = false;
+        m_grid = fieldSize(frame.width, frame.height, shape.cell);
+        m_shape = shape;
+        if (!drawMap(encoder, frame)) {
+            m_shape = {};
+            return false;
+        }
+    }
+    if (!readInks(encoder, frame))
+        return false;
+    std::uint32_t* const pixels = canvas.pixels();
+    for (std::size_t cell = 0; cell < m_shown.size(); ++cell)
+        repaint(cell, pixels);
+    m_valid = true;
+    findAreas();
+    if (m_areas.empty())
+        return false;
+    canvas.presentPixels(m_areas);
+    return true;
+}
+
+bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
+{
+    const GlTexture texture = makeTexture(colorFormat, frame.width, frame.height);
+    if (!texture)
+        return false;
+    const GlFramebuffer framebuffer = makeFramebuffer(texture);
+    if (!framebuffer || !encoder.encodeMap(frame, {.framebuffer = framebuffer.name()}))
+        return false;
+    std::vector<std::uint32_t> map(areaOf(frame.width, frame.height));
+    readPixels(framebuffer.name(), GL_COLOR_ATTACHMENT0, frame.width, frame.height, GL_RGBA,
+               GL_UNSIGNED_INT_8_8_8_8_REV, map.data());
+    const std::size_t cells = areaOf(m_grid.width, m_grid.height);
+    m_lower.resize(cells);
+    m_upper.resize(cells);
+    m_shown.resize(cells);
+    m_first.assign(cells + 1, 0);
+    const std::size_t tiles = areaOf(tilesIn(frame.width), tilesIn(frame.height));
+    m_dirty.assign(tiles, 0);
+    m_areas.reserve(tiles);
+    m_places.resize(map.size());
+    m_thresholds.resize(map.size());
+    sortMap(map);
+    return true;
+}
+
+/// By counting: the pixels by their thresholds first, and those in that order by their cells.
+void ScreenPainter::sortMap(std::span<const std::uint32_t> map)
+{
+    std::array<std::uint32_t, 257> begins{};
+    for (const std::uint32_t pixel : map) {
+        ++begins.at((pixel >> topByte) + 1);
+        ++m_first[(pixel & colorBits) + 1];
+    }
+    std::partial_sum(begins.begin(), begins.end(), begins.begin());
+    std::partial_sum(m_first.begin(), m_first.end(), m_first.begin());
+    std::vector<std::uint32_t> byThreshold(map.size());
+    for (std::uint32_t place = 0; place < map.size(); ++place)
+        byThreshold[begins[map[place] >> topByte]++] = place;
+
+    std::vector<std::uint32_t> next(m_first.begin(), m_first.end() - 1);
+    const auto width = static_cast<std::uint32_t>(m_shape.width);
+    for (const std::uint32_t place : byThreshold) {
+        const std::uint32_t at = next[map[place] & colorBits]++;
+        m_places[at] = {static_cast<std::uint16_t>(place % width), static_cast<std::uint16_t>(place / width)};
+        m_thresholds[at] = static_cast<std::uint8_t>(map[place] >> topByte);
+    }
+}
+
+bool ScreenPainter::readInks(FrameEncoder& encoder, const Frame& frame)
+{
+    const CellTextures* cells = encoder.encodeCells(frame);
+    if (cells == nullptr)
+        return false;
+    const GLuint inks = cells->inkTarget.name();
+    readPixels(inks, GL_COLOR_ATTACHMENT0, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+               m_lower.data());
+    readPixels(inks, GL_COLOR_ATTACHMENT1, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+               m_upper.data());
+    return true;
+}
+
+/// Where among its pixels the first stands that shows the lower ink.
+std::uint32_t ScreenPainter::firstLower(std::size_t cell, std::uint32_t share) const
+{
+    const auto begin = m_thresholds.begin() + m_first[cell];
+    const auto end = m_thresholds.begin() + m_first[cell + 1];
+    return static_cast<std::uint32_t>(std::lower_bound(begin, end, share) - m_thresholds.begin());
+}
+
+void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)
+{
+    const Inks shown = m_shown[cell];
+    const Inks next{m_lower[cell], m_upper[cell] & colorBits};
+    if (m_valid && next == shown)
+        return;
+    m_shown[cell] = next;
+    const std::uint32_t border = firstLower(cell, next.lower >> topByte);
+    Range upper{m_first[cell], border};
+    Range lower{border, m_first[cell + 1]};
+    const std::uint32_t lowerColor = next.lower & colorBits;
+    if (m_valid) {
+        // Of an ink that stays, only those pixels change that showed the other one.
+        const std::uint32_t before = firstLower(cell, shown.lower >> topByte);
+        if (next.upper == shown.upper)
+            upper.begin = std::min(before, border);
+        if (lowerColor == (shown.lower & colorBits))
+            lower.end = std::max(before, border);
+    }
+    fill(upper, next.upper, pixels);
+    fill(lower, lowerColor, pixels);
+}
+
+void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels)
+{
+    const auto width = static_cast<std::size_t>(m_shape.width);
+    const auto tiles = static_cast<std::size_t>(tilesIn(m_shape.width));
+    for (std::uint32_t at = range.begin; at < range.end; ++at) {
+        const auto [x, y] = m_places[at];
+        pixels[y * width + x] = color | opaque;
+        m_dirty[(y >> tileShift) * tiles + (x >> tileShift)] = 1;
+    }
+}
+
+/// Neighbouring tiles of a row that have changed become one area.
+void ScreenPainter::findAreas()
+{
+    m_areas.clear();
+    std::size_t tile = 0;
+    for (int top = 0; top < m_shape.height; top += tileSide) {
+        bool wasDirty = false;
+        for (int left = 0; left < m_shape.width; left += tileSide, ++tile) {
+            const bool isDirty = std::exchange(m_dirty[tile], std::uint8_t{0}) != 0;
+            const int width = std::min(tileSide, m_shape.width - left);
+            if (isDirty && wasDirty)
+                m_areas.back().width = static_cast<std::uint16_t>(m_areas.back().width + width);
+            else if (isDirty)
+                m_areas.push_back({static_cast<std::int16_t>(left), static_cast<std::int16_t>(top),
+                                   static_cast<std::uint16_t>(width),
+                                   static_cast<std::uint16_t>(std::min(tileSide, m_shape.height - top))});
+            wasDirty = isDirty;
+        }
+    }
+}
+
+} // namespace tessel

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/canvas.h"
+#include "render/frame_encoder.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace tessel {
+
+/// Paints frames of dithers that have a map, and only the pixels that change. Such a pixel shows the upper
+/// one of its cell's two inks above a share that never changes for a dither, size and cell, so that a cell
+/// keeps its pixels in the order of their shares, and those that change with its tone stand together. It
+/// allocates nothing as long as the dither, the size and the cell stay.
+class ScreenPainter
+{
+public:
+    /// Whether a frame can be painted so.
+    [[nodiscard]] static bool canPaint(const Frame& frame);
+
+    /// Paints a frame that canPaint(), with an OpenGL context current for working out the cells and the map.
+    /// The pixels of the canvas must be as they were left. \return whether anything had to be painted; false
+    /// also where the GPU has no room for what it works out \throws DrawingError
+    bool paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas);
+
+    /// The canvas no longer shows what was painted: the next frame is painted whole.
+    void invalidate() { m_valid = false; }
+
+private:
+    struct Shape
+    {
+        Dither dither = Dither::smooth;
+        int width = 0;
+        int height = 0;
+        float cell = 0.0F;
+        bool operator==(const Shape&) const = default;
+    };
+
+    /// The inks of a cell, as 0xRRGGBB, and the share of the upper one in 255ths in the lower one's top byte.
+    struct Inks
+    {
+        std::uint32_t lower;
+        std::uint32_t upper;
+        bool operator==(const Inks&) const = default;
+    };
+
+    struct Place
+    {
+        std::uint16_t x;
+        std::uint16_t y;
+    };
+
+    /// Pixels of one cell, as places in the map.
+    struct Range
+    {
+        std::uint32_t begin;
+        std::uint32_t end;
+    };
+
+    bool drawMap(FrameEncoder& encoder, const Frame& frame);
+    void sortMap(std::span<const std::uint32_t> map);
+    bool readInks(FrameEncoder& encoder, const Frame& frame);
+    void repaint(std::size_t cell, std::uint32_t* pixels);
+    void fill(Range range, std::uint32_t color, std::uint32_t* pixels);
+    [[nodiscard]] std::uint32_t firstLower(std::size_t cell, std::uint32_t share) const;
+    void findAreas();
+
+    Shape m_shape;
+    GridSize m_grid;
+    bool m_valid = false;
+    std::vector<std::uint32_t> m_first; ///< of each cell, the place of its first pixel; and one for the end
+    std::vector<Place> m_places;        ///< of all pixels, by cell and then by threshold
+    std::vector<std::uint8_t> m_thresholds; ///< of the same pixels
+    std::vector<std::uint32_t> m_lower;     ///< as read, as is the next
+    std::vector<std::uint32_t> m_upper;
+    std::vector<Inks> m_shown;
+    std::vector<std::uint8_t> m_dirty; ///< of each tile, whether it has changed
+    std::vector<PixelRect> m_areas;
+};
+
+} // namespace tessel
