@@ -140,35 +140,24 @@ bool ScreenPainter::readInks(FrameEncoder& encoder, const Frame& frame)
     return true;
 }
 
-/// Where among its pixels the first stands that shows the lower ink.
-std::uint32_t ScreenPainter::firstLower(std::size_t cell, std::uint32_t share) const
-{
-    const auto begin = m_thresholds.begin() + m_first[cell];
-    const auto end = m_thresholds.begin() + m_first[cell + 1];
-    return static_cast<std::uint32_t>(std::lower_bound(begin, end, share) - m_thresholds.begin());
-}
-
 void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)
 {
-    const Inks shown = m_shown[cell];
-    const Inks next{m_lower[cell], m_upper[cell] & colorBits};
-    if (m_valid && next == shown)
-        return;
-    m_shown[cell] = next;
-    const std::uint32_t border = firstLower(cell, next.lower >> topByte);
-    Range upper{m_first[cell], border};
-    Range lower{border, m_first[cell + 1]};
-    const std::uint32_t lowerColor = next.lower & colorBits;
-    if (m_valid) {
-        // Of an ink that stays, only those pixels change that showed the other one.
-        const std::uint32_t before = firstLower(cell, shown.lower >> topByte);
-        if (next.upper == shown.upper)
-            upper.begin = std::min(before, border);
-        if (lowerColor == (shown.lower & colorBits))
-            lower.end = std::max(before, border);
-    }
-    fill(upper, next.upper, pixels);
-    fill(lower, lowerColor, pixels);
+    Shown& shown = m_shown[cell];
+    const std::uint32_t lowerColor = m_lower[cell] & colorBits;
+    const std::uint32_t upperColor = m_upper[cell] & colorBits;
+    const std::uint32_t share = m_lower[cell] >> topByte;
+    const Range all{m_first[cell], m_first[cell + 1]};
+    // From where it was, which is seldom far: the pixels between are those that change.
+    std::uint32_t border = m_valid ? shown.border : all.begin;
+    while (border > all.begin && m_thresholds[border - 1] >= share)
+        --border;
+    while (border < all.end && m_thresholds[border] < share)
+        ++border;
+    const bool keepsUpper = m_valid && upperColor == shown.upper;
+    const bool keepsLower = m_valid && lowerColor == shown.lower;
+    fill({keepsUpper ? std::min(shown.border, border) : all.begin, border}, upperColor, pixels);
+    fill({border, keepsLower ? std::max(shown.border, border) : all.end}, lowerColor, pixels);
+    shown = {lowerColor, upperColor, border};
 }
 
 void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels)

@@ -40,12 +40,13 @@ private:
         bool operator==(const Shape&) const = default;
     };
 
-    /// The inks of a cell, as 0xRRGGBB, and the share of the upper one in 255ths in the lower one's top byte.
-    struct Inks
+    /// What a cell shows: its inks as 0xRRGGBB, and where among its pixels the first stands that shows the
+    /// lower one.
+    struct Shown
     {
         std::uint32_t lower;
         std::uint32_t upper;
-        bool operator==(const Inks&) const = default;
+        std::uint32_t border;
     };
 
     struct Place
@@ -66,7 +67,6 @@ private:
     bool readInks(FrameEncoder& encoder, const Frame& frame);
     void repaint(std::size_t cell, std::uint32_t* pixels);
     void fill(Range range, std::uint32_t color, std::uint32_t* pixels);
-    [[nodiscard]] std::uint32_t firstLower(std::size_t cell, std::uint32_t share) const;
     void findAreas();
 
     Shape m_shape;
@@ -75,9 +75,9 @@ private:
     std::vector<std::uint32_t> m_first; ///< of each cell, the place of its first pixel; and one for the end
     std::vector<Place> m_places;        ///< of all pixels, by cell and then by threshold
     std::vector<std::uint8_t> m_thresholds; ///< of the same pixels
-    std::vector<std::uint32_t> m_lower;     ///< as read, as is the next
+    std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
-    std::vector<Inks> m_shown;
+    std::vector<Shown> m_shown;
     std::vector<std::uint8_t> m_dirty; ///< of each tile, whether it has changed
     std::vector<PixelRect> m_areas;
 };
