@@ -18,14 +18,9 @@ constexpr std::uint32_t colorBits = 0xFFFFFF;
 constexpr std::uint32_t opaque = 0xFF000000;
 constexpr int topByte = 24;
 
-/// What has changed is presented in squares of this side, as a power of two.
-constexpr int tileShift = 6;
-constexpr int tileSide = 1 << tileShift;
-
-int tilesIn(int length)
-{
-    return (length + tileSide - 1) / tileSide;
-}
+/// What has changed is presented in bands of this height, as a power of two.
+constexpr int bandShift = 5;
+constexpr int bandHeight = 1 << bandShift;
 
 std::size_t areaOf(int width, int height)
 {
@@ -95,9 +90,9 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_upper.resize(cells);
     m_shown.resize(cells);
     m_first.assign(cells + 1, 0);
-    const std::size_t tiles = areaOf(tilesIn(frame.width), tilesIn(frame.height));
-    m_dirty.assign(tiles, 0);
-    m_areas.reserve(tiles);
+    const auto bands = static_cast<std::size_t>((frame.height + bandHeight - 1) / bandHeight);
+    m_dirty.assign(bands, 0);
+    m_areas.reserve(bands);
     m_places.resize(map.size());
     m_thresholds.resize(map.size());
     sortMap(map);
@@ -143,52 +138,51 @@ bool ScreenPainter::readInks(FrameEncoder& encoder, const Frame& frame)
 void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)
 {
     Shown& shown = m_shown[cell];
-    const std::uint32_t lowerColor = m_lower[cell] & colorBits;
-    const std::uint32_t upperColor = m_upper[cell] & colorBits;
-    const std::uint32_t share = m_lower[cell] >> topByte;
+    const std::uint32_t nextLower = m_lower[cell];
+    const std::uint32_t nextUpper = m_upper[cell] & colorBits;
+    if (m_valid && nextLower == shown.lower && nextUpper == shown.upper)
+        return;
     const Range all{m_first[cell], m_first[cell + 1]};
+    const std::uint32_t share = nextLower >> topByte;
     // From where it was, which is seldom far: the pixels between are those that change.
     std::uint32_t border = m_valid ? shown.border : all.begin;
     while (border > all.begin && m_thresholds[border - 1] >= share)
         --border;
     while (border < all.end && m_thresholds[border] < share)
         ++border;
-    const bool keepsUpper = m_valid && upperColor == shown.upper;
-    const bool keepsLower = m_valid && lowerColor == shown.lower;
-    fill({keepsUpper ? std::min(shown.border, border) : all.begin, border}, upperColor, pixels);
-    fill({border, keepsLower ? std::max(shown.border, border) : all.end}, lowerColor, pixels);
-    shown = {lowerColor, upperColor, border};
+    const bool keepsUpper = m_valid && nextUpper == shown.upper;
+    const bool keepsLower = m_valid && ((nextLower ^ shown.lower) & colorBits) == 0;
+    fill({keepsUpper ? std::min(shown.border, border) : all.begin, border}, nextUpper, pixels);
+    fill({border, keepsLower ? std::max(shown.border, border) : all.end}, nextLower, pixels);
+    shown = {nextLower, nextUpper, border};
 }
 
 void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels)
 {
     const auto width = static_cast<std::size_t>(m_shape.width);
-    const auto tiles = static_cast<std::size_t>(tilesIn(m_shape.width));
     for (std::uint32_t at = range.begin; at < range.end; ++at) {
         const auto [x, y] = m_places[at];
         pixels[y * width + x] = color | opaque;
-        m_dirty[(y >> tileShift) * tiles + (x >> tileShift)] = 1;
+        m_dirty[y >> bandShift] = 1;
     }
 }
 
-/// Neighbouring tiles of a row that have changed become one area.
+/// Neighbouring bands that have changed become one area: a server takes one large picture in less time than
+/// many small ones.
 void ScreenPainter::findAreas()
 {
     m_areas.clear();
-    std::size_t tile = 0;
-    for (int top = 0; top < m_shape.height; top += tileSide) {
-        bool wasDirty = false;
-        for (int left = 0; left < m_shape.width; left += tileSide, ++tile) {
-            const bool isDirty = std::exchange(m_dirty[tile], std::uint8_t{0}) != 0;
-            const int width = std::min(tileSide, m_shape.width - left);
-            if (isDirty && wasDirty)
-                m_areas.back().width = static_cast<std::uint16_t>(m_areas.back().width + width);
-            else if (isDirty)
-                m_areas.push_back({static_cast<std::int16_t>(left), static_cast<std::int16_t>(top),
-                                   static_cast<std::uint16_t>(width),
-                                   static_cast<std::uint16_t>(std::min(tileSide, m_shape.height - top))});
-            wasDirty = isDirty;
-        }
+    bool wasDirty = false;
+    for (std::size_t band = 0; band < m_dirty.size(); ++band) {
+        const bool isDirty = std::exchange(m_dirty[band], std::uint8_t{0}) != 0;
+        const int top = static_cast<int>(band) * bandHeight;
+        const int height = std::min(bandHeight, m_shape.height - top);
+        if (isDirty && wasDirty)
+            m_areas.back().height = static_cast<std::uint16_t>(m_areas.back().height + height);
+        else if (isDirty)
+            m_areas.push_back({0, static_cast<std::int16_t>(top), static_cast<std::uint16_t>(m_shape.width),
+                               static_cast<std::uint16_t>(height)});
+        wasDirty = isDirty;
     }
 }
 

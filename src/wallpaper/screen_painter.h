@@ -40,8 +40,8 @@ private:
         bool operator==(const Shape&) const = default;
     };
 
-    /// What a cell shows: its inks as 0xRRGGBB, and where among its pixels the first stands that shows the
-    /// lower one.
+    /// What a cell shows: its inks as 0xRRGGBB, the share of the upper one in the top byte of the lower one,
+    /// and where among its pixels the first stands that shows the lower one.
     struct Shown
     {
         std::uint32_t lower;
@@ -78,7 +78,7 @@ private:
     std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
     std::vector<Shown> m_shown;
-    std::vector<std::uint8_t> m_dirty; ///< of each tile, whether it has changed
+    std::vector<std::uint8_t> m_dirty; ///< of each band, whether it has changed
     std::vector<PixelRect> m_areas;
 };
 
