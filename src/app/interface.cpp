@@ -50,7 +50,10 @@ Interface::Interface(const InterfaceParts& parts)
     followSession();
 }
 
-Interface::~Interface() = default;
+Interface::~Interface()
+{
+    m_edge.uninstall();
+}
 
 std::unique_ptr<EdgePanel> Interface::makePanel()
 {
