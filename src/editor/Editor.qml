@@ -76,6 +76,7 @@ FocusScope {
     }
     TabBar {
         current: root.model.tab
+        label: qsTr("What to edit")
         titles: root.model.tabTitles
         width: 288
         x: 12

@@ -82,6 +82,7 @@ Item {
 
         anchors.left: parent.left
         anchors.leftMargin: 12
+        stepSize: 1
 
         onAdjusted: direction => root.field.adjust(component, direction)
         onDragStarted: begin = position
