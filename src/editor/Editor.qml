@@ -26,6 +26,8 @@ FocusScope {
 
     Accessible.name: qsTr("Tessel Broth")
     Accessible.role: Accessible.Pane
+    LayoutMirroring.childrenInherit: true
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
     focus: true
 
     // Where nothing in it has a use for that.

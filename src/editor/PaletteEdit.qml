@@ -13,7 +13,7 @@ Item {
     required property PaletteEditor palette
 
     readonly property int count: chips.count
-    readonly property ColorFieldModel field: palette.openIndex < count ? palette.fields[palette.openIndex] : null
+    readonly property ColorFieldModel field: palette.fields[palette.openIndex] ?? null
     readonly property color color: field ? field.color : "black"
     readonly property real hue: field ? field.hue : 0
     readonly property real saturation: field ? field.saturation : 0
@@ -36,6 +36,8 @@ Item {
 
     height: 198
     width: 312
+
+    Component.onCompleted: open(palette.openIndex)
 
     Repeater {
         id: chips
