@@ -12,7 +12,9 @@
 #include "wallpaper/photos.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QStandardPaths>
 #include <QUrl>
@@ -43,6 +45,13 @@ void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()
     });
 }
 
+/// Where pictures are, in a home that has such a folder.
+QString picturesFolder()
+{
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
+}
+
 std::unique_ptr<QFileDialog> makeFileDialog(const QString& title)
 {
     auto dialog = std::make_unique<QFileDialog>();
@@ -50,7 +59,7 @@ std::unique_ptr<QFileDialog> makeFileDialog(const QString& title)
     // to the front for certain.
     dialog->setOption(QFileDialog::DontUseNativeDialog, !isSandboxed());
     dialog->setWindowTitle(title);
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    dialog->setDirectory(picturesFolder());
     return dialog;
 }
 

@@ -41,6 +41,7 @@ Interface::Interface(const InterfaceParts& parts)
             m_pictures.release();
     });
     connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);
+    m_presetsMenu.menu().setAccessibleName(tr("Presets"));
     connect(&m_presetsMenu.menu(), &QMenu::aboutToHide, this, [this] { m_edge.setHeld(false); });
     const Session& session = parts.scene.session;
     const auto followSession = [&session] {
@@ -50,7 +51,10 @@ Interface::Interface(const InterfaceParts& parts)
     followSession();
 }
 
-Interface::~Interface() = default;
+Interface::~Interface()
+{
+    m_edge.uninstall();
+}
 
 std::unique_ptr<EdgePanel> Interface::makePanel()
 {

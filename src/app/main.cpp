@@ -4,6 +4,7 @@
 #include "app/actions.h"
 #include "app/app_delegate.h"
 #include "app/interface.h"
+#include "app/menu_accessibility.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
 #include "platform/process.h"
@@ -146,6 +147,7 @@ int run(int argc, char** argv)
     setNames();
     if (argc > 1)
         return answerArguments(argc, argv);
+    showMenusToScreenReaders();
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     QApplication application(argc, argv);
     qInstallMessageHandler(usual);

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QProxyStyle>
 
@@ -121,6 +122,7 @@ MenuView::MenuView(std::function<std::vector<MenuRow>()> rows)
     , m_style(std::make_unique<ScrollingStyle>())
 {
     prepare(m_menu);
+    m_menu.setAccessibleName(QGuiApplication::applicationDisplayName());
     m_refreshing.setSingleShot(true);
     connect(&m_refreshing, &QTimer::timeout, this, &MenuView::refresh);
     connect(&m_menu, &QMenu::aboutToShow, this, &MenuView::refresh);

@@ -17,8 +17,6 @@ Item {
     property bool wrong: false
     property bool focused: input.activeFocus
 
-    /** It was written in, not set. */
-    signal edited
     /** Return was pressed. */
     signal accepted
 
@@ -86,6 +84,5 @@ Item {
         }
 
         onAccepted: root.accepted()
-        onTextEdited: root.edited()
     }
 }

@@ -47,11 +47,12 @@ Field {
         else
             wrong = true
     }
-    onEdited: {
-        wrong = !/^\s*#?\s*([0-9a-f]\s*){0,6}$/i.test(text)
-        if (isWhole(text))
-            entered(text)
-    }
     onFocusedChanged: focused ? focusAll() : finish()
     onHexChanged: if (!focused || !accepts(text)) text = hex
+    // However it was written: assistive technology sets it without a key.
+    onTextChanged: {
+        wrong = text !== hex && !/^\s*#?\s*([0-9a-f]\s*){0,6}$/i.test(text)
+        if (text !== hex && isWhole(text))
+            entered(text)
+    }
 }

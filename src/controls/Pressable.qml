@@ -28,9 +28,11 @@ Item {
         clicked()
     }
 
-    Accessible.focusable: activeFocusOnTab
+    Accessible.description: enabled ? "" : qsTr("Not available now")
+    Accessible.focusable: activeFocusOnTab || enabled && takesFocus
     Accessible.name: label
     Accessible.onPressAction: if (enabled) press()
+    Accessible.onToggleAction: if (enabled) press() // what screen readers do to whatever can be checked
     Accessible.role: Accessible.Button
     activeFocusOnTab: enabled
 

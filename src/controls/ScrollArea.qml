@@ -19,6 +19,8 @@ Item {
     /** What a tile needs around it to be seen with its ring and clear of a fade. */
     property real clearance: 20
 
+    clip: cut === height // all of it scrolls, below the view too
+
     readonly property real start: view.originY - view.topMargin
     readonly property real end: Math.max(start, view.originY + view.contentHeight + view.bottomMargin - view.height)
     readonly property bool scrolls: end > start + 0.5

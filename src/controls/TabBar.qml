@@ -11,6 +11,7 @@ Item {
 
     required property var titles
     property int current: 0
+    property string label
 
     signal chosen(int index)
 
@@ -22,6 +23,7 @@ Item {
             tab.forceActiveFocus(Qt.OtherFocusReason)
     }
 
+    Accessible.name: label
     Accessible.role: Accessible.PageTabList
     height: 28
 

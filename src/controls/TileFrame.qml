@@ -20,6 +20,11 @@ Item {
 
     default property alias picture: holder.data
 
+    // A place to be seen until the picture has been drawn.
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.pan
+    }
     Item {
         id: holder
 

@@ -14,7 +14,6 @@ Pressable {
     Accessible.checkable: true
     Accessible.checked: on
     Accessible.description: on ? qsTr("On") : qsTr("Off")
-    Accessible.onToggleAction: press()
     Accessible.role: Accessible.CheckBox
     height: 26
 

@@ -136,7 +136,7 @@ Item {
 
         readonly property QuickButton row: rows.itemAt(shownRow) as QuickButton
         /** The row that it names, or named until it began to fade. */
-        property int shownRow: 0
+        property int shownRow: -1
 
         faint: row !== null && !row.isEnabled
         shown: root.edge.isQuick && root.edge.quickHover >= 0

@@ -20,6 +20,7 @@ Item {
     height: 34
     width: 34
 
+    Accessible.description: isEnabled ? "" : qsTr("Not available now")
     Accessible.focusable: isEnabled
     Accessible.name: label
     Accessible.role: Accessible.Button

@@ -68,6 +68,11 @@ void EdgeController::install()
     place();
 }
 
+void EdgeController::uninstall()
+{
+    m_panel.reset();
+}
+
 /// On the screen that has the desktop's own panels. Without any screen it stays where it was.
 void EdgeController::place()
 {
@@ -77,7 +82,6 @@ void EdgeController::place()
     if (!screen)
         return;
     m_state.setLayout({screen->workArea.isEmpty() ? screen->frame : screen->workArea, m_store.edge()});
-    m_pointer.reset();
     m_panel->place(m_state.layout().panelFrame());
     update();
 }

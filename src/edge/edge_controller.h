@@ -50,6 +50,9 @@ public:
     /// Shows the panel and obeys the pointer from now on; does nothing the second time.
     void install();
 
+    /// Takes the panel away, and with it the QML that shows what others own.
+    void uninstall();
+
     void setMode(Mode mode);
 
     /// What a click on the handle does.

@@ -96,10 +96,7 @@ void EdgePanel::place(const QRect& frame)
 
 void EdgePanel::setActive(const QRect& frame)
 {
-    if (frame.isEmpty())
-        m_panel->hide();
-    else if (!m_view.isVisible())
-        m_panel->show();
+    frame.isEmpty() ? m_panel->hide() : m_panel->show();
     m_panel->setInputRegion(frame);
 }
 

@@ -29,6 +29,7 @@ Item {
         onChosen: index => root.look.motion = index === 1
     }
     Label {
+        Accessible.focusable: false
         Accessible.name: text
         Accessible.role: Accessible.StaticText
         color: Theme.hint

@@ -20,6 +20,8 @@ Item {
     readonly property bool isEditing: model.palette.isEditing
     readonly property real footTop: area.height - 122
 
+    onIsEditingChanged: if (!isEditing && visible && Surroundings.usesKeys) list.focusSelected()
+
     // It begins a little higher than other tabs', so that the first header is as near to the tabs as tiles are.
     ScrollArea {
         id: area
@@ -41,6 +43,7 @@ Item {
 
                 area: area
                 bottomMargin: root.isShort ? 130 : 0
+                enabled: !root.isEditing // what cannot be seen takes no keys
                 height: area.cut
                 overlay: root.overlay
                 palette: root.model.palette

@@ -25,6 +25,7 @@ ScrollArea {
         ChoiceGrid {
             id: grid
 
+            Accessible.name: qsTr("Dithers")
             area: root
             bottomMargin: root.isShort ? knobs.height + 20 : -5 // a row ends with a gap
             cellHeight: 57

@@ -26,6 +26,8 @@ FocusScope {
 
     Accessible.name: qsTr("Tessel Broth")
     Accessible.role: Accessible.Pane
+    LayoutMirroring.childrenInherit: true
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
     focus: true
 
     // Where nothing in it has a use for that.
@@ -76,6 +78,7 @@ FocusScope {
     }
     TabBar {
         current: root.model.tab
+        label: qsTr("What to edit")
         titles: root.model.tabTitles
         width: 288
         x: 12

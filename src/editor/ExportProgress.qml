@@ -10,15 +10,12 @@ Rectangle {
 
     required property Exporter exporter
 
+    Accessible.description: qsTr("%1 %").arg(Math.round(exporter.progress * 100))
     Accessible.name: exporter.title
     Accessible.role: Accessible.ProgressBar
     color: Theme.pan
     height: 30
     visible: exporter.isBusy
-
-    readonly property real value: Math.round(exporter.progress * 100)
-    readonly property real minimumValue: 0
-    readonly property real maximumValue: 100
 
     Label {
         id: title

@@ -51,6 +51,7 @@ Item {
         y: 32
     }
     Label {
+        Accessible.focusable: false
         Accessible.name: text
         Accessible.role: Accessible.StaticText
         anchors.left: parent.left

@@ -13,7 +13,7 @@ Item {
     required property PaletteEditor palette
 
     readonly property int count: chips.count
-    readonly property ColorFieldModel field: palette.openIndex < count ? palette.fields[palette.openIndex] : null
+    readonly property ColorFieldModel field: palette.fields[palette.openIndex] ?? null
     readonly property color color: field ? field.color : "black"
     readonly property real hue: field ? field.hue : 0
     readonly property real saturation: field ? field.saturation : 0
@@ -36,6 +36,8 @@ Item {
 
     height: 198
     width: 312
+
+    Component.onCompleted: open(palette.openIndex)
 
     Repeater {
         id: chips
@@ -82,6 +84,7 @@ Item {
 
         anchors.left: parent.left
         anchors.leftMargin: 12
+        stepSize: 1
 
         onAdjusted: direction => root.field.adjust(component, direction)
         onDragStarted: begin = position

@@ -58,6 +58,12 @@ ListView {
         column = item && selected >= 0 ? item.selectedColumn : 0
     }
 
+    /** Goes to what is chosen, or was. */
+    function focusSelected() {
+        showSelected()
+        go(currentIndex, column)
+    }
+
     Accessible.name: qsTr("Palettes")
     Accessible.role: Accessible.List
     Keys.onDownPressed: event => event.accepted = goBy(1)

@@ -37,6 +37,7 @@ ScrollArea {
         TileGrid {
             id: grid
 
+            Accessible.name: qsTr("Your presets")
             area: root
             bottomMargin: hint.height + 12
             cellHeight: 108

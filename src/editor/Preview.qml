@@ -22,6 +22,7 @@ Pressable {
     Drag.dragType: Drag.Automatic
     Drag.mimeData: ({ "text/uri-list": dragUrl })
     Drag.supportedActions: Qt.CopyAction
+    Accessible.onPressAction: if (!asksPhoto) hold() // which the pointer does with the button in it
     activeFocusOnTab: true
     label: asksPhoto ? qsTr("Choose a photo") : qsTr("Preview: %1").arg(model.look.title)
     takesFocus: asksPhoto
@@ -100,7 +101,8 @@ Pressable {
         width: 26
 
         IconButton {
-            activeFocusOnTab: false // Space on the preview does the same
+            Accessible.ignored: true // the preview itself does the same
+            activeFocusOnTab: false
             color: root.picture.frozen ? Theme.amber : Theme.stock
             symbol: root.picture.frozen ? "live-photo-off" : "live-photo"
             takesFocus: false

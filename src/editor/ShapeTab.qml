@@ -28,6 +28,7 @@ ScrollArea {
         ChoiceGrid {
             id: grid
 
+            Accessible.name: qsTr("Shapes")
             area: root
             bottomMargin: root.isShort ? root.footHeight + 20 : -5 // a row ends with a gap
             cellHeight: 72

@@ -21,11 +21,14 @@ Loader {
     }
 
     function show() {
-        asynchronous = false // what has begun is finished now
-        if (status === Loader.Null)
-            setSource(file, properties)
+        if (status === Loader.Ready)
+            return
+        source = "" // what has begun cannot be hurried without losing its properties
+        asynchronous = false
+        setSource(file, properties)
     }
 
+    enabled: isShown // what cannot be seen takes no keys
     visible: isShown
 
     Component.onCompleted: if (isShown) show()

@@ -24,6 +24,7 @@ class PanelWindow : public QObject
     Q_OBJECT
 
 public:
+    /// Does nothing while it is shown.
     virtual void show() = 0;
     virtual void hide() = 0;
 

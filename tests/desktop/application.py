@@ -165,6 +165,9 @@ class Application:
         self.desktop.panel.choose("New Wallpaper")
         return wait_until(lambda: self.look() != before and self.look(), "a new look")
 
+    def open_editor(self) -> None:
+        self.desktop.panel.choose("Open Editor")
+
     def play(self) -> None:
         """Has an animated wallpaper, and waits until it moves."""
         if self.look() is None:

@@ -170,6 +170,21 @@ class Desktop:
     def wait_for_name(self, name: str) -> None:
         wait_until(lambda: self.has_name(name), name)
 
+    # The pointer and the keyboard
+
+    def point_at(self, x: int, y: int) -> None:
+        self.output("xdotool", "mousemove", str(x), str(y))
+
+    def click(self) -> None:
+        self.output("xdotool", "click", "1")
+
+    def click_at(self, x: int, y: int) -> None:
+        self.point_at(x, y)
+        self.click()
+
+    def press_keys(self, *keys: str) -> None:
+        self.output("xdotool", "key", *keys)
+
     # The screen
 
     def screenshot(self) -> Image.Image:
@@ -233,11 +248,13 @@ class Desktop:
     def switch_off(self) -> None:
         self.output("xrandr", "--output", "screen", "--off")
 
-    def split(self) -> None:
-        """Makes two monitors of one, side by side."""
+    def split(self, primary: str = "") -> None:
+        """Makes two monitors of one, side by side: "left" and "right", of which one may be the primary one."""
+        self.join()
         width, height = self.size[0] // 2, self.size[1]
-        self.output("xrandr", "--setmonitor", "left", f"{width}/100x{height}/100+0+0", "screen")
-        self.output("xrandr", "--setmonitor", "right", f"{width}/100x{height}/100+{width}+0", "none")
+        for name, x, output in (("left", 0, "screen"), ("right", width, "none")):
+            mark = "*" if name == primary else ""
+            self.output("xrandr", "--setmonitor", mark + name, f"{width}/100x{height}/100+{x}+0", output)
 
     def join(self) -> None:
         for name in ("right", "left"):

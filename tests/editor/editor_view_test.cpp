@@ -45,6 +45,13 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_view, 60000));
     }
 
+    /// What Qt deletes later waits for its pictures until then, which it must not beyond its engine.
+    ~EditorViewTest() override
+    {
+        m_view.setSource({});
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     static QString nameOf(const QQuickItem* item)
     {
         QAccessibleInterface* const heard =
@@ -201,6 +208,49 @@ TEST_F(EditorViewTest, OnAShortScreenTheKnobsScrollIntoSight)
         press(Qt::Key_Backtab);
     EXPECT_EQ(focused(), "Flow");
     EXPECT_GE(place("Flow").y(), 204);
+}
+
+TEST_F(EditorViewTest, OnAShortScreenNothingIsDrawnWhereItDoesNotScroll)
+{
+    resize(440);
+    const auto explanation = [this] {
+        QCoreApplication::processEvents();
+        return m_view.grabWindow().copy(0, 440 - 70, 312, 30);
+    };
+    m_model.setTab(EditorModel::Presets);
+    const QImage alone = explanation();
+    m_model.setTab(EditorModel::Color);
+    m_model.palette()->edit(0);
+    focus("Save");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Shift") << "there is another row of knobs below";
+    EXPECT_TRUE(explanation() == alone);
+}
+
+TEST_F(EditorViewTest, IsMirroredForPeopleWhoReadFromTheRight)
+{
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    EXPECT_LT(place("Close").x(), place("Undo").x());
+    EXPECT_GT(place("Shape").x(), place("Presets").x());
+    EXPECT_GT(place("Flow").x(), place("Mesh").x());
+    EXPECT_GT(place("Scale").x(), place("Warp").x());
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_GT(place("Close").x(), place("Undo").x());
+}
+
+TEST_F(EditorViewTest, KeysReachOnlyWhatCanBeSeen)
+{
+    focus("Seed");
+    m_model.setTab(EditorModel::Color);
+    type("7");
+    press(Qt::Key_Return);
+    EXPECT_NE(m_store->look().seed, 7);
+    m_model.palette()->edit(0);
+    EXPECT_EQ(focused(), "Colour 1");
+    press(Qt::Key_Right);
+    focus("Cancel");
+    press(Qt::Key_Return);
+    EXPECT_EQ(focused(), "Ember") << "the palette that the look has";
 }
 
 TEST_F(EditorViewTest, ArrowsGoThroughTilesAndSpaceChooses)

@@ -184,6 +184,29 @@ TEST_F(X11OcclusionTest, AHiddenWindowCoversNothing)
     expectBecomes(false);
 }
 
+TEST_F(X11OcclusionTest, KnowsWhatIsFilled)
+{
+    const QRect corner(0, 0, 10, 10);
+    const xcb_window_t window = show(monitor);
+    expectBecomes(true);
+    EXPECT_FALSE(m_occlusion->isFilled(corner)) << "it is as large, but panels lie above it";
+    const auto expectFilled = [&](bool filled) {
+        m_server.sync();
+        EXPECT_TRUE(waitUntil([&] { return m_occlusion->isFilled(corner) == filled; })) << filled;
+    };
+    const std::uint32_t fullScreen = m_server.atom("_NET_WM_STATE_FULLSCREEN");
+    set(window, "_NET_WM_STATE", {fullScreen});
+    expectFilled(true);
+    EXPECT_FALSE(m_occlusion->isFilled(QRect(3000, 0, 10, 10)));
+    set(m_server.root(), "_NET_CURRENT_DESKTOP", {1});
+    set(window, "_NET_WM_DESKTOP", {0});
+    expectFilled(false);
+    set(m_server.root(), "_NET_CURRENT_DESKTOP", {0});
+    expectFilled(true);
+    xcb_destroy_window(m_server.get(), window);
+    expectFilled(false);
+}
+
 TEST_F(X11OcclusionTest, ShapedWindowsCoverWhatTheyShow)
 {
     const xcb_window_t window = show(monitor);

@@ -10,10 +10,7 @@ Rectangle {
 
     required property EditorModel model
     required property LivePicture preview
-    property bool mirrored: false
 
-    LayoutMirroring.childrenInherit: true
-    LayoutMirroring.enabled: mirrored
     color: "#E0708A"
 
     Shell {

@@ -136,7 +136,7 @@ public:
         else if (name == QLatin1String("apply"))
             m_model.look()->apply();
         else if (name == QLatin1String("rtl"))
-            m_view.rootObject()->setProperty("mirrored", true);
+            QGuiApplication::setLayoutDirection(Qt::RightToLeft);
         else if (name == QLatin1String("wait"))
             QTest::qWait(value.toInt());
         else if (name == QLatin1String("time"))

@@ -24,6 +24,7 @@ struct X11OcclusionAtoms
         , state(connection.atom("_NET_WM_STATE"))
         , stateHidden(connection.atom("_NET_WM_STATE_HIDDEN"))
         , stateShaded(connection.atom("_NET_WM_STATE_SHADED"))
+        , stateFullScreen(connection.atom("_NET_WM_STATE_FULLSCREEN"))
         , oldState(connection.atom("WM_STATE"))
         , desktop(connection.atom("_NET_WM_DESKTOP"))
         , type(connection.atom("_NET_WM_WINDOW_TYPE"))
@@ -49,6 +50,7 @@ struct X11OcclusionAtoms
     xcb_atom_t state;
     xcb_atom_t stateHidden;
     xcb_atom_t stateShaded;
+    xcb_atom_t stateFullScreen;
     xcb_atom_t oldState;
     xcb_atom_t desktop;
     xcb_atom_t type;
@@ -141,7 +143,8 @@ public:
     /// Reads every answer, also of a window that is gone: one left behind would stay in memory.
     [[nodiscard]] Window read()
     {
-        const bool isShown = readIsShown();
+        const Items state = readProperty(m_connection, m_state);
+        const bool isShown = readIsShown(state);
         const auto geometry = readReply(xcb_get_geometry_reply, m_connection, m_geometry);
         const auto position = readReply(xcb_translate_coordinates_reply, m_connection, m_position);
         const auto shape = readReply(xcb_shape_get_rectangles_reply, m_connection, m_shape);
@@ -164,6 +167,7 @@ public:
         const bool isRectangle = body.rectCount() == 1;
         const QRegion edges = isRectangle ? QRegion(client.marginsAdded(frame)) - client : QRegion();
         window.whole = body + edges;
+        window.isFullScreen = contains(state, m_atoms.stateFullScreen);
         if (firstOr(opacity, fullOpacity) != fullOpacity)
             return window;
         static constexpr int depthWithAlpha = 32;
@@ -173,10 +177,9 @@ public:
     }
 
 private:
-    bool readIsShown()
+    bool readIsShown(const Items& state)
     {
         const auto attributes = readReply(xcb_get_window_attributes_reply, m_connection, m_attributes);
-        const Items state = readProperty(m_connection, m_state);
         const Items oldState = readProperty(m_connection, m_oldState);
         const Items type = readProperty(m_connection, m_type);
         return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
@@ -381,9 +384,16 @@ void X11Occlusion::askWindows()
 void X11Occlusion::addUp()
 {
     m_covered = {};
-    for (const auto& [id, window] : m_windows)
-        if (!m_isShowingDesktop && (window.workspace == m_workspace || window.workspace == everyWorkspace))
-            m_covered += m_compositor != XCB_WINDOW_NONE ? window.opaque : window.whole;
+    const QRegion filledBefore = std::exchange(m_filled, {});
+    for (const auto& [id, window] : m_windows) {
+        if (m_isShowingDesktop || (window.workspace != m_workspace && window.workspace != everyWorkspace))
+            continue;
+        m_covered += m_compositor != XCB_WINDOW_NONE ? window.opaque : window.whole;
+        if (window.isFullScreen)
+            m_filled += window.whole;
+    }
+    if (m_filled != filledBefore)
+        Q_EMIT filledChanged();
     bool isDifferent = false;
     for (Answer& answer : m_answers) {
         const bool before = std::exchange(answer.isCovered, computeCovered(answer.pixels));

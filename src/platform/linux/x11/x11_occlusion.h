@@ -35,11 +35,16 @@ public:
     /// the answer for this rectangle is another one, and only then.
     [[nodiscard]] bool isCovered(const QRect& pixels) const;
 
+    /// Whether a window that fills a screen lies over some of a rectangle of the desktop's pixels.
+    [[nodiscard]] bool isFilled(const QRect& pixels) const { return m_filled.intersects(pixels); }
+
     /// Whether a compositing manager blends windows with what lies behind them.
     [[nodiscard]] bool isBlending() const { return m_compositor != XCB_WINDOW_NONE; }
 
 Q_SIGNALS:
     void changed();
+    /// Windows fill other parts of the desktop than before.
+    void filledChanged();
     void blendingChanged();
 
 private:
@@ -49,6 +54,7 @@ private:
         bool isKnown = false;        ///< false: what follows has to be asked for anew
         QRegion whole;               ///< what it takes of the screen; empty while it is not shown
         QRegion opaque;              ///< what of that nothing shines through while windows are blended
+        bool isFullScreen = false;   ///< it fills a screen, and panels make room for it
         std::uint32_t workspace = 0; ///< or everyWorkspace
     };
 
@@ -85,6 +91,7 @@ private:
     bool m_isShowingDesktop = false;
     xcb_window_t m_compositor = XCB_WINDOW_NONE; ///< blends windows, while there is one
     QRegion m_covered;
+    QRegion m_filled;
     mutable std::vector<Answer> m_answers;
 };
 

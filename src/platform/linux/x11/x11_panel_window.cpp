@@ -7,6 +7,7 @@
 #include "platform/linux/x11/x11_focus.h"
 #include "platform/linux/x11/x11_occlusion.h"
 
+#include <QScreen>
 #include <QVariant>
 
 #include <algorithm>
@@ -55,18 +56,42 @@ X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Oc
     , m_id(static_cast<xcb_window_t>(window.winId()))
 {
     connect(&m_occlusion, &X11Occlusion::blendingChanged, this, &PanelWindow::blendingChanged);
+    connect(&m_occlusion, &X11Occlusion::filledChanged, this, &X11PanelWindow::update);
 }
 
 void X11PanelWindow::show()
 {
-    m_window.show();
-    tellManager();
-    m_window.raise();
+    m_isWanted = true;
+    update();
 }
 
 void X11PanelWindow::hide()
 {
-    m_window.hide();
+    m_isWanted = false;
+    update();
+}
+
+/// A manager keeps the panel below windows that fill a screen; without one it makes room for them itself.
+void X11PanelWindow::update()
+{
+    const bool isShown = m_isWanted && (isManaged() || !m_occlusion.isFilled(pixels()));
+    if (isShown == m_window.isVisible())
+        return;
+    m_window.setVisible(isShown);
+    if (!isShown)
+        return;
+    tellManager();
+    m_window.raise();
+}
+
+/// Where it is among the pixels of the whole desktop.
+QRect X11PanelWindow::pixels() const
+{
+    const QRect frame = m_window.geometry();
+    const QPoint origin = m_window.screen()->geometry().topLeft();
+    const double scale = m_window.devicePixelRatio();
+    return {origin + ((frame.topLeft() - origin).toPointF() * scale).toPoint(),
+            (frame.size().toSizeF() * scale).toSize()};
 }
 
 bool X11PanelWindow::isBlended() const
@@ -77,6 +102,7 @@ bool X11PanelWindow::isBlended() const
 void X11PanelWindow::setFrame(const QRect& frame)
 {
     m_window.setGeometry(frame);
+    update();
 }
 
 void X11PanelWindow::setShape(const QRegion& shape)

@@ -35,6 +35,8 @@ public:
 
 private:
     void setShape(xcb_shape_kind_t kind, const QRegion& pixels);
+    void update();
+    [[nodiscard]] QRect pixels() const;
     void tellManager();
     [[nodiscard]] bool isManaged() const;
     void takeFocus();
@@ -45,6 +47,7 @@ private:
     X11Occlusion& m_occlusion;
     QWindow& m_window;
     const xcb_window_t m_id;
+    bool m_isWanted = false; ///< nobody has hidden it
     KeyboardFocus m_keyboard = KeyboardFocus::never;
     WId m_focusBefore = 0; ///< the window that had the focus; 0 for none
 };
