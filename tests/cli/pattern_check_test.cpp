@@ -160,7 +160,14 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
     EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
                     field = goodField({.time = request.time});
                 }),
-                ElementsAre(HasSubstr("two nearest seeds")));
+                ElementsAre(HasSubstr("two nearest seeds"), HasSubstr("one composition")));
+    // One ramp that is lifted by another amount for every seed: far apart in tone, and yet one picture.
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field = goodField({.time = request.time});
+                    for (float& tone : field.tones)
+                        tone = std::pow(tone, 1.0F + 0.6F * static_cast<float>(request.seed));
+                }),
+                ElementsAre(HasSubstr("one composition")));
 }
 
 TEST(PatternCheck, HoldsLightOnDarkToItsOwnTones)
