@@ -121,6 +121,9 @@ float pattern(vec2 p, vec4 k[8])
     float there = asin(0.98 * sin(own + dot(normalOf(nextBack.xy), spread)));
     float tone = 0.46 + 0.28 * mix(there, here, 0.5 + 0.5 * saturate(apart / cell));
     tone += 0.16 * dot(normal, light) + 0.06 * dot(q, light);
+    // Away from the middle: a facet is in the light or out of it.
+    float side = clamp(2.0 * tone - 1.0, -1.0, 1.0);
+    tone += 0.26 * side * (1.0 - abs(side));
     // The crown's edges: a hair line, sparkling where an edge lies across the light.
     vec2 ridge = front.xy - nextFront.xy;
     float steep = max(length(ridge), 1e-3);
