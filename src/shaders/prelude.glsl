@@ -28,7 +28,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 
 const int ditherSmooth = 0; // draws no cells
 const int ditherPoster = 1;
-const int ditherAscii = 8;  // draws larger ones
+const int ditherAscii = 8;  // draws larger ones, as does Benday
 const int ditherBenday = 9;
 
 const float pi = 3.14159265358979;
@@ -48,7 +48,8 @@ float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * lookSca
 float coarseness()
 {
     float beyond = clamp(lookPixel, 6.0, 24.0) / 6.0 - 1.0;
-    return 1.0 + (lookDither == ditherSmooth ? 0.0 : lookDither == ditherAscii ? 1.6 * beyond : beyond);
+    bool large = lookDither == ditherAscii || lookDither == ditherBenday;
+    return 1.0 + (lookDither == ditherSmooth ? 0.0 : large ? 1.6 * beyond : beyond);
 }
 
 /// How plain a soft field looks in the steps that the look draws it in, 0 to 1: few flat ones, or large cells.

@@ -39,6 +39,7 @@ void prepare(inout vec4 k[8])
     // The light's cone covers most of the picture, however far away it comes from.
     float across = dot(abs(vec2(axis.y, axis.x)), shape);
     float spread = (0.78 + 0.2 * seedRandom(5)) * atan(across, distance);
+    float narrow = 0.18 + 0.15 * max(coarseness() - 1.4, 0.0);
     float count = 6.0 + floor(2.99 * seedRandom(7));
     vec2 slow = loopCircle(0.065);
     vec2 fast = loopCircle(0.13);
@@ -50,7 +51,7 @@ void prepare(inout vec4 k[8])
         vec2 mixture = 2.0 * fract(64.0 * vec2(chance, scatter)) - 1.0;
         vec2 motion = vec2(i % 3 == 0 ? slow.y : slow.x, (i & 1) == 0 ? fast.x : fast.y);
         float sway = dot(mixture, motion);
-        vec2 shaft = vec2(place + 0.05 * sway, (0.18 + 0.9 * chance * chance) / count) * spread;
+        vec2 shaft = vec2(place + 0.05 * sway, (narrow + 0.9 * chance * chance) / count) * spread;
         // One too many lies behind the source.
         shaft.x = float(i) < count ? shaft.x : pi;
         if ((i & 1) == 0)

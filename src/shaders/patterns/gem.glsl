@@ -42,7 +42,7 @@ void prepare(inout vec4 k[8])
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     kCentre = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    kZoom = sqrt(lookScale) * inversesqrt(aspect);
+    kZoom = sqrt(lookScale) * pow(coarseness(), -0.3) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
     kLight = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.

@@ -25,7 +25,7 @@ void prepare(inout vec4 k[8])
     float plane = (seedRandom(4) - 0.5) * 1.6;
     float spacing = pow(coarseness(), 0.7);
     kHair = 0.004 + 0.5 * kCell * saturate(coarseness() - 1.0);
-    kFaint = 0.14 + 0.12 * saturate(1.5 * coarseness() - 2.0);
+    kFaint = 0.14 + 0.12 * saturate(3.0 * coarseness() - 4.2);
     float radius = size * (0.26 + 0.08 * seedRandom(5));
     for (int i = 0; i < 6; ++i) {
         float turn = plane + 0.1 * lookWarp * sin(2.4 * float(i) + tau * seedRandom(6));

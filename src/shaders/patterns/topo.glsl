@@ -39,7 +39,7 @@ void prepare(inout vec4 k[8])
     // In coarse cells there are fewer hills too, and plain terraces between the lines.
     kZoom = (0.36 + 0.22 * seedRandom(16)) * pow(coarseness(), -0.5);
     kDetail = 0.09 / coarseness();
-    kTerraces = 0.5 + 0.5 * saturate(coarseness() - 1.0);
+    kTerraces = 0.5 + 0.3 * saturate(coarseness() - 1.0);
 }
 
 /// The height, about 0 to 1, and its gradient.
