@@ -13,6 +13,7 @@
 #define kShafts(i) k[2 + (i)] // two shafts: angle and half width of each
 #define kNear k[6].x // where the light enters the picture
 #define kSpread k[6].y
+#define kHaze k[6].w
 #define kNarrow k[6].z // the half width at which a shaft is still bright
 #define kPlace k[7].xy
 #define kZoom k[7].z
@@ -62,6 +63,8 @@ void prepare(inout vec4 k[8])
     kNear = max(distance - size, 0.0);
     kSpread = spread;
     kNarrow = 0.035 * spread;
+    // In few flat steps haze is steps across the shafts.
+    kHaze = min(lookWarp, 1.7) * (0.45 - 0.25 * plainness());
     kSpin = spin(0.14);
     kPlace = seedOffset(40) + 0.6 * loopCircle(0.05);
     kZoom = pow(lookScale, 0.72);
@@ -88,7 +91,7 @@ float pattern(vec2 p, vec4 k[8])
     vec2 along = vec2(r * 0.7, angle * 3.4 / kSpread);
     float clouds = noise(q * vec2(0.7, 0.9) + kPlace, kSpin);
     float wisps = noise(along + vec2(0.5, 0.3) * min(lookWarp, 1.3) * clouds - 1.7 * kPlace.yx, kSpin);
-    float air = 1.0 + 0.45 * min(lookWarp, 1.7) * (0.6 * clouds + 0.4 * wisps);
+    float air = 1.0 + kHaze * (0.6 * clouds + 0.4 * wisps);
 
     float way = max(r - kNear, 0.0);
     float soft = kSpread * (0.012 + 0.024 * way) + zoom * cellWidth() / max(r, 0.3);
