@@ -131,11 +131,10 @@ void measureMotion(PatternMeasures& measures, const FieldSource& draw, int seed)
 
 void measureAgreement(PatternMeasures& measures, const FieldSource& draw, int seed)
 {
-    const std::vector<double> middle = blocksOf(draw(desktop(seed, 0.0)));
-    const std::vector<double> small = blocksOf(draw({.seed = seed, .width = 192, .height = 108}));
-    const std::vector<double> large = blocksOf(draw({.seed = seed, .width = 3024, .height = 1701}));
-    measures.agreement =
-        std::min({measures.agreement, correlation(middle, small), correlation(middle, large)});
+    const Field middle = draw(desktop(seed, 0.0));
+    const Field small = draw({.seed = seed, .width = 192, .height = 108});
+    const Field large = draw({.seed = seed, .width = 3024, .height = 1701});
+    measures.agreement = std::min({measures.agreement, likeness(middle, small), likeness(middle, large)});
 }
 
 /// Collects the sentences of the limits that do not hold.
@@ -155,6 +154,11 @@ public:
 };
 
 } // namespace
+
+double likeness(const Field& one, const Field& other)
+{
+    return correlation(blocksOf(one), blocksOf(other));
+}
 
 PatternMeasures measure(const FieldSource& draw, int seeds)
 {

@@ -44,6 +44,9 @@ struct PatternMeasures
     double nanoseconds = 0; ///< wall time per cell
 };
 
+/// How alike two pictures are when they are shrunk to 16 x 9: the correlation of their tones, 1 for the same.
+[[nodiscard]] double likeness(const Field& one, const Field& other);
+
 /// Draws what is needed and measures it.
 [[nodiscard]] PatternMeasures measure(const FieldSource& draw, int seeds);
 

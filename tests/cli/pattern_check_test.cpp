@@ -63,6 +63,24 @@ TEST_P(EveryPattern, ShowsSomethingAtEverySliderLimit)
     }
 }
 
+/// The preview of a look with coarse cells has larger cells in proportion, but shows what the desktop will.
+TEST_P(EveryPattern, HasOneCompositionInEveryView)
+{
+    Look look;
+    look.pattern = GetParam();
+    look.pixel = 16.0F;
+    look.vignette = look.grain = 0.0F;
+    const auto drawFor = [&](float reference) {
+        return renderField(
+            encoder,
+            {.previous = look, .current = look, .width = 1512, .height = 851, .reference = reference});
+    };
+    const auto desktop = drawFor(1512.0F);
+    const auto preview = drawFor(900.0F);
+    ASSERT_TRUE(desktop && preview);
+    EXPECT_GT(likeness(*desktop, *preview), 0.85);
+}
+
 TEST_P(EveryPattern, MirrorsOrNotWithTheHandle)
 {
     Look look;

@@ -14,7 +14,7 @@
 #define kNear k[6].x // where the light enters the picture
 #define kSpread k[6].y
 #define kHaze k[6].w
-#define kNarrow k[6].z // the half width at which a shaft is still bright
+#define kPerSpread k[6].z
 #define kPlace k[7].xy
 #define kZoom k[7].z
 #define kPerSize k[7].w
@@ -62,7 +62,7 @@ void prepare(inout vec4 k[8])
     }
     kNear = max(distance - size, 0.0);
     kSpread = spread;
-    kNarrow = 0.035 * spread;
+    kPerSpread = 1.0 / spread;
     // In few flat steps haze is steps across the shafts.
     kHaze = min(lookWarp, 1.7) * (0.45 - 0.25 * plainness());
     kSpin = spin(0.14);
@@ -88,7 +88,7 @@ float pattern(vec2 p, vec4 k[8])
     float angle = atan(local.y, local.x);
 
     // Haze drawn out along the light, and broad clouds of it.
-    vec2 along = vec2(r * 0.7, angle * 3.4 / kSpread);
+    vec2 along = vec2(r * 0.7, angle * 3.4 * kPerSpread);
     float clouds = noise(q * vec2(0.7, 0.9) + kPlace, kSpin);
     float wisps = noise(along + vec2(0.5, 0.3) * min(lookWarp, 1.3) * clouds - 1.7 * kPlace.yx, kSpin);
     float air = 1.0 + kHaze * (0.6 * clouds + 0.4 * wisps);
@@ -96,11 +96,14 @@ float pattern(vec2 p, vec4 k[8])
     float way = max(r - kNear, 0.0);
     float soft = kSpread * (0.012 + 0.024 * way) + zoom * cellWidth() / max(r, 0.3);
     // The air between the shafts is not quite dark.
-    float aside = angle / kSpread;
-    float light = 0.14 / (1.0 + aside * aside * aside * aside);
+    float aside = angle * kPerSpread;
+    aside *= aside;
+    float light = 0.14 / (1.0 + aside * aside);
+    // The half width up to which a shaft is bright.
+    float narrow = 0.035 * kSpread;
     for (int i = 0; i < shaftPairs; ++i)
-        light += shaft(angle - kShafts(i).x, kShafts(i).y, kNarrow, soft) +
-                 shaft(angle - kShafts(i).z, kShafts(i).w, kNarrow, soft);
+        light += shaft(angle - kShafts(i).x, kShafts(i).y, narrow, soft) +
+                 shaft(angle - kShafts(i).z, kShafts(i).w, narrow, soft);
     float reach = way * kPerSize;
     float fall = 1.5 / (1.0 + reach * reach);
     float source = 0.9 * exp(-r * 1.6);

@@ -12,7 +12,7 @@ void prepare(inout vec4 k[8])
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
     float zoom = pow(lookScale, 0.65);
-    // Coarse cells have room for two plain curves.
+    // Coarse cells have room for two or three plain curves.
     float count = min(2.0 + floor(2.3 * seedRandom(1)), 1.0 + ceil(3.0 / coarseness()));
     bool coarse = coarseness() > 1.5;
     for (int i = 0; i < 4; ++i) {
