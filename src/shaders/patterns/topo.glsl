@@ -16,7 +16,6 @@
 #define kZoom k[5].y
 #define kHair k[5].z // half the width of a fine line in cells
 #define kDetail k[5].w
-#define kTerraces k[6].x
 
 void prepare(inout vec4 k[8])
 {
@@ -36,10 +35,9 @@ void prepare(inout vec4 k[8])
     kHollowFall = 1.0 / (0.3 + 0.5 * seedRandom(14));
     kLines = (11.0 + 6.0 * seedRandom(15)) / coarseness();
     kHair = 0.5 + 0.25 * saturate(coarseness() - 1.0);
-    // In coarse cells there are fewer hills too, and plain terraces between the lines.
+    // In coarse cells there are fewer hills too.
     kZoom = (0.36 + 0.22 * seedRandom(16)) * pow(coarseness(), -0.5);
     kDetail = 0.09 / coarseness();
-    kTerraces = 0.5 + 0.3 * saturate(coarseness() - 1.0);
 }
 
 /// The height, about 0 to 1, and its gradient.
@@ -79,7 +77,7 @@ float pattern(vec2 p, vec4 k[8])
     // Where lines would touch, they give way to the tint.
     float room = 0.5 / (slope * halfWidth);
     line *= heavy ? smoothstep(0.4, 1.2, room) : 0.75 * smoothstep(1.5, 4.0, room);
-    float tint = 0.1 + 0.58 * smoothstep(-0.1, 1.0, mix(height.x, floor(level) / kLines, kTerraces));
+    float tint = 0.1 + 0.58 * smoothstep(-0.1, 1.0, mix(height.x, floor(level) / kLines, 0.5));
     tint -= 0.05 * dot(height.yz, vec2(0.7, -0.7));
     return mix(tint, min(tint + 0.55, 1.0), line);
 }
