@@ -51,5 +51,6 @@ float pattern(vec2 p, vec4 k[8])
     }
     float tone = (tones / weights - 0.5) * 1.4 + 0.5;
     // In few flat steps each anchor lies in shells, as an agate does.
-    return tone + kForm * sin(19.0 * tone + 3.0 * bend.x - 2.0 * bend.y);
+    float shell = 4.0 * abs(fract(3.0 * tone + 0.48 * bend.x - 0.32 * bend.y) - 0.5) - 1.0;
+    return tone + kForm * shell * (1.5 - 0.5 * shell * shell);
 }
