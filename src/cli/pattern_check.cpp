@@ -91,6 +91,18 @@ double correlation(const std::vector<double>& a, const std::vector<double>& b)
     return squaresA * squaresB > 0 ? both / std::sqrt(squaresA * squaresB) : 1.0;
 }
 
+/// The mean distance of the small tone pictures of two seeds, over all pairs.
+double meanDistance(const std::vector<Field>& fields)
+{
+    std::vector<std::vector<double>> pictures(fields.size());
+    std::ranges::transform(fields, pictures.begin(), blocksOf);
+    double sum = 0;
+    for (std::size_t a = 0; a < pictures.size(); ++a)
+        for (std::size_t b = a + 1; b < pictures.size(); ++b)
+            sum += 1.0 - correlation(pictures[a], pictures[b]);
+    return sum / (0.5 * static_cast<double>(pictures.size() * (pictures.size() - 1)));
+}
+
 void measureTones(PatternMeasures& measures, const Field& field, int seeds)
 {
     const std::array<double, 5> shares = fifthsOf(field);
@@ -119,11 +131,10 @@ void measureMotion(PatternMeasures& measures, const FieldSource& draw, int seed)
 
 void measureAgreement(PatternMeasures& measures, const FieldSource& draw, int seed)
 {
-    const std::vector<double> middle = blocksOf(draw(desktop(seed, 0.0)));
-    const std::vector<double> small = blocksOf(draw({.seed = seed, .width = 192, .height = 108}));
-    const std::vector<double> large = blocksOf(draw({.seed = seed, .width = 3024, .height = 1701}));
-    measures.agreement =
-        std::min({measures.agreement, correlation(middle, small), correlation(middle, large)});
+    const Field middle = draw(desktop(seed, 0.0));
+    const Field small = draw({.seed = seed, .width = 192, .height = 108});
+    const Field large = draw({.seed = seed, .width = 3024, .height = 1701});
+    measures.agreement = std::min({measures.agreement, likeness(middle, small), likeness(middle, large)});
 }
 
 /// Collects the sentences of the limits that do not hold.
@@ -144,6 +155,11 @@ public:
 
 } // namespace
 
+double likeness(const Field& one, const Field& other)
+{
+    return correlation(blocksOf(one), blocksOf(other));
+}
+
 PatternMeasures measure(const FieldSource& draw, int seeds)
 {
     PatternMeasures measures;
@@ -159,6 +175,7 @@ PatternMeasures measure(const FieldSource& draw, int seeds)
     for (std::size_t a = 0; a < fields.size(); ++a)
         for (std::size_t b = a + 1; b < fields.size(); ++b)
             measures.seedDistance = std::min(measures.seedDistance, mean(changes(fields[a], fields[b])));
+    measures.pictureDistance = meanDistance(fields);
     for (int seed = 0; seed < seeds; ++seed) {
         measureMotion(measures, draw, seed);
         measureAgreement(measures, draw, seed);
@@ -187,6 +204,8 @@ std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& meas
                    measures.frameChange, "at least 0.0002 is wanted, or nothing seems to move");
     limits.require(measures.seedDistance >= 0.05, "the distance of the two nearest seeds",
                    measures.seedDistance, "at least 0.05 is wanted");
+    limits.require(measures.pictureDistance >= pictureFloor, "the mean distance of two seeds' small pictures",
+                   measures.pictureDistance, "at least 0.5 is wanted, or all seeds are one composition");
     if (entry(pattern).ground == Ground::dark) {
         limits.require(measures.leastDark >= 0.45, "the least share of the darkest fifth", measures.leastDark,
                        "at least 0.45 is wanted of light on dark");

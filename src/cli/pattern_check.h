@@ -23,6 +23,9 @@ struct FieldRequest
 };
 using FieldSource = std::function<Field(const FieldRequest&)>;
 
+/// Half of what Cells, Flow and Tiles have, whose seeds have nothing in common: 0.99 to 1.00.
+inline constexpr double pictureFloor = 0.5;
+
 /// How a pattern behaves over a number of seeds. Shares and changes are of 1.
 struct PatternMeasures
 {
@@ -30,15 +33,19 @@ struct PatternMeasures
     double largestFifth = 0;        ///< the largest share of any fifth in any seed
     double leastDark = 1;           ///< the smallest and largest share of the lowest fifth in any seed
     double mostDark = 0;
-    double leastBright = 1;  ///< the smallest share of the highest fifth in any seed
-    double seedDistance = 1; ///< mean difference of the two seeds that are nearest to each other
-    double frameChange = 0;  ///< largest mean change from frame to frame, at 30 frames a second and speed 2
-    double cellChange = 0;   ///< the same of the thousandth of the cells that change most
-    double wrapChange = 0;   ///< mean change over the frame in which the clock wraps
+    double leastBright = 1;     ///< the smallest share of the highest fifth in any seed
+    double seedDistance = 1;    ///< mean difference of the two seeds that are nearest to each other
+    double pictureDistance = 0; ///< mean of 1 less the correlation of two seeds' small pictures
+    double frameChange = 0; ///< largest mean change from frame to frame, at 30 frames a second and speed 2
+    double cellChange = 0;  ///< the same of the thousandth of the cells that change most
+    double wrapChange = 0;  ///< mean change over the frame in which the clock wraps
     double agreement = 1;   ///< least correlation between 192, 1512 and 3024 pixels, in blocks of the picture
     long nonFinite = 0;     ///< cells that are no number
     double nanoseconds = 0; ///< wall time per cell
 };
+
+/// How alike two pictures are when they are shrunk to 16 x 9: the correlation of their tones, 1 for the same.
+[[nodiscard]] double likeness(const Field& one, const Field& other);
 
 /// Draws what is needed and measures it.
 [[nodiscard]] PatternMeasures measure(const FieldSource& draw, int seeds);

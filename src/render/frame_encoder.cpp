@@ -49,7 +49,15 @@ GlTexture makeBlueNoise()
 GlTexture makeGlyphs()
 {
     const QImage atlas = drawGlyphAtlas();
-    return makeTexture(maskFormat, atlas.width(), atlas.height(), atlas.constBits());
+    GlTexture texture = makeTexture(maskFormat, atlas.width(), atlas.height(), atlas.constBits());
+    if (!texture)
+        return texture;
+    // Small characters are drawn from small ones, or their strokes would fall between the pixels.
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 3);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glGenerateMipmap(GL_TEXTURE_2D);
+    return texture;
 }
 
 ColorRow makeColorRow(TextureFormat format, int length)

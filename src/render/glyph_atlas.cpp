@@ -14,6 +14,9 @@ namespace {
 /// Font size in pixels, nine tenths of a cell.
 constexpr double glyphSize = 43.2;
 
+/// Characters are centred but for this one, which would be a hyphen there. In pixels of the atlas.
+constexpr double underscoreDrop = 12;
+
 QFont glyphFont()
 {
     QFont font;
@@ -36,12 +39,14 @@ QImage drawGlyphAtlas()
     const QFont font = glyphFont();
     for (int i = 0; i < glyphCount; ++i) {
         QPainterPath outline;
-        outline.addText(0, 0, font, QString(QLatin1Char(glyphRamp.at(static_cast<std::size_t>(i)))));
+        outline.addText(0, 0, font, QString(QLatin1Char(atlasGlyphs.at(static_cast<std::size_t>(i)))));
         const QRectF bounds = outline.boundingRect();
         const QRect cell(i * glyphCellSize, 0, glyphCellSize, glyphCellSize);
         painter.save();
         painter.setClipRect(cell);
         painter.translate(QRectF(cell).center());
+        if (atlasGlyphs.at(static_cast<std::size_t>(i)) == '_')
+            painter.translate(0, underscoreDrop);
         painter.scale(0.1, 0.1);
         painter.translate(-bounds.center());
         painter.fillPath(outline, Qt::white);

@@ -9,14 +9,14 @@
 
 namespace tessel {
 
-/// The characters of the ASCII dither from blank to dense; only the first 16 are drawn.
-inline constexpr std::string_view glyphRamp = " .,:;-~=+*xoawm#@";
-inline constexpr int glyphCount = 16;
+/// The characters of the ASCII dither: sixteen from blank to dense, then those that draw edges.
+inline constexpr std::string_view atlasGlyphs = " .,:;-~=+*xoawm#/\\|_";
+inline constexpr int glyphCount = atlasGlyphs.size();
 
 /// The side of a character's cell in the atlas, in pixels.
 inline constexpr int glyphCellSize = 48;
 
-/// White characters on black in one row, 8-bit grey, 768 x 48: character i of the ramp, optically centred,
+/// White characters on black in one row, 8-bit grey, 960 x 48: character i, optically centred,
 /// in cell i. Needs a QGuiApplication for its fonts.
 [[nodiscard]] QImage drawGlyphAtlas();
 

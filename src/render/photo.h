@@ -27,7 +27,7 @@ public:
 /// \throws PhotoError
 [[nodiscard]] QImage readPicture(const std::string& path, int longestSide);
 
-/// The luminance of a photo, 8-bit grey, otherwise the same.
+/// The luminance of a photo, 8-bit grey, spread over the range where it is flat; otherwise the same.
 [[nodiscard]] QImage readPhoto(const std::string& path, int longestSide);
 
 } // namespace tessel

@@ -11,10 +11,14 @@ vec3 inkColor(float index) { return texelFetch(uSteps, ivec2(int(index), 0), 0).
 #ifdef GLYPH_INKS
 in_hoisted vec3 vGround; // the darkest ink, wherever the palette has it
 
-/// Ground and ink of a character; the share is the middle of the character's place in the atlas, 0 to 1.
+/// Ground and ink of a character; the share is the middle of the character's place in the atlas, 0 to 1. The thin
+/// strokes of a character need more light than a whole cell, and never the ground's own ink.
 Inks glyphInks(float tone, float glyph)
 {
-    return Inks(vGround, inkColor(floor(min(tone, 0.9999) * vLevels)), (glyph + 0.5) / 16.0);
+    float index = floor(min(tone * (1.4 - 0.4 * tone), 0.9999) * vLevels);
+    vec3 ink = inkColor(index);
+    ink = ink == vGround ? inkColor(index > 0.5 ? index - 1.0 : 1.0) : ink;
+    return Inks(vGround, ink, (glyph + 0.5) / glyphCount);
 }
 #else
 Inks inksOf(float tone)

@@ -13,6 +13,8 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define handleOnRight (uFrame[5] > 0.5)
 #define cellSize (uSlot == 0 ? uFrame[12] : uFrame[13]) // in target pixels
 
+#define lookDither int(uLook[1])
+#define lookPixel uLook[2]
 #define lookLevels floor(uLook[3] + 0.5)
 #define lookScale uLook[4]
 #define lookWarp uLook[5]
@@ -23,6 +25,11 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define lookInvert (uLook[10] > 0.5)
 #define lookSeed uLook[11]
 #define lookStopCount uLook[12]
+
+const int ditherSmooth = 0; // draws no cells
+const int ditherPoster = 1;
+const int ditherAscii = 8;  // draws larger ones, as does Benday
+const int ditherBenday = 9;
 
 const float pi = 3.14159265358979;
 const float tau = 6.28318530717959;
@@ -35,6 +42,23 @@ vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop
 
 /// The width of one cell in pattern coordinates: what an edge needs to be anti-aliased over.
 float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * lookScale); }
+
+/// How much farther apart a pattern's lines and dots stand than in fine cells: 1 up to a pixel of 6, then as the
+/// pixel grows. It comes from the look alone, so that every view of it, however large, has the same composition.
+float coarseness()
+{
+    float beyond = clamp(lookPixel, 6.0, 24.0) / 6.0 - 1.0;
+    bool large = lookDither == ditherAscii || lookDither == ditherBenday;
+    return 1.0 + (lookDither == ditherSmooth ? 0.0 : large ? 1.6 * beyond : beyond);
+}
+
+/// How plain a soft field looks in the steps that the look draws it in, 0 to 1: few flat ones, or large cells.
+float plainness()
+{
+    bool flatSteps = lookDither == ditherPoster || lookDither == ditherBenday;
+    float few = flatSteps ? saturate(0.25 * (9.0 - lookLevels)) : 0.0;
+    return max(few, saturate(0.8 * (coarseness() - 1.0)));
+}
 
 /// Half the extent of the picture in pattern coordinates: the picture spans -halfExtent() to halfExtent().
 vec2 halfExtent() { return frameSize / (min(uFrame[0], uFrame[1]) * lookScale); }

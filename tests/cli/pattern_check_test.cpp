@@ -63,6 +63,24 @@ TEST_P(EveryPattern, ShowsSomethingAtEverySliderLimit)
     }
 }
 
+/// The preview of a look with coarse cells has larger cells in proportion, but shows what the desktop will.
+TEST_P(EveryPattern, HasOneCompositionInEveryView)
+{
+    Look look;
+    look.pattern = GetParam();
+    look.pixel = 16.0F;
+    look.vignette = look.grain = 0.0F;
+    const auto drawFor = [&](float reference) {
+        return renderField(
+            encoder,
+            {.previous = look, .current = look, .width = 1512, .height = 851, .reference = reference});
+    };
+    const auto desktop = drawFor(1512.0F);
+    const auto preview = drawFor(900.0F);
+    ASSERT_TRUE(desktop && preview);
+    EXPECT_GT(likeness(*desktop, *preview), 0.85);
+}
+
 TEST_P(EveryPattern, MirrorsOrNotWithTheHandle)
 {
     Look look;
@@ -160,7 +178,14 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
     EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
                     field = goodField({.time = request.time});
                 }),
-                ElementsAre(HasSubstr("two nearest seeds")));
+                ElementsAre(HasSubstr("two nearest seeds"), HasSubstr("one composition")));
+    // One ramp that is lifted by another amount for every seed: far apart in tone, and yet one picture.
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field = goodField({.time = request.time});
+                    for (float& tone : field.tones)
+                        tone = std::pow(tone, 1.0F + 0.6F * static_cast<float>(request.seed));
+                }),
+                ElementsAre(HasSubstr("one composition")));
 }
 
 TEST(PatternCheck, HoldsLightOnDarkToItsOwnTones)

@@ -175,6 +175,15 @@ TEST(PaletteTable, RisesInLightness)
     EXPECT_THAT(namesWhere(falls), UnorderedElementsAre("Glasswork", "Prism Paper"));
 }
 
+TEST(PaletteTable, KeepsItsTwoLightestStopsApart)
+{
+    // Closer than this they pass for one ink, and a step of the picture is lost.
+    const auto alike = [](const Ramp& ramp) {
+        return ramp.size() > 2 && distance(ramp[ramp.size() - 2], ramp.back()) < 0.12;
+    };
+    EXPECT_THAT(namesWhere(alike), UnorderedElementsAre("Pocket", "Chrome", "Coldlight")); // which are fixed
+}
+
 TEST(PaletteTable, DoesNotGreyOutBetweenNeighbours)
 {
     const auto greys = [](const Ramp& ramp) {

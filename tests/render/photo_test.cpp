@@ -98,6 +98,33 @@ TEST_F(PhotoFile, IsTurnedUprightByItsOrientation)
     EXPECT_LT(qGray(upright.pixel(16, 60)), 50);
 }
 
+/// A ramp of greys from `low` to `high`, from left to right.
+QImage ramp(int low, int high)
+{
+    QImage image(256, 16, QImage::Format_Grayscale8);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.scanLine(y)[x] = static_cast<uchar>(low + (high - low) * x / 255);
+    return image;
+}
+
+TEST_F(PhotoFile, IsSpreadOverTheRangeWhereItIsFlat)
+{
+    const auto ends = [this](int low, int high) {
+        const QImage photo = readPhoto(save(QStringLiteral("ramp.png"), ramp(low, high)), 2048);
+        return std::pair(qGray(photo.pixel(2, 8)), qGray(photo.pixel(253, 8)));
+    };
+    EXPECT_EQ(ends(0, 255), std::pair(2, 253)) << "a photo that has the whole range is left alone";
+    const auto [dark, light] = ends(90, 170);
+    EXPECT_LT(dark, 15);
+    EXPECT_GT(light, 240);
+    // Next to nothing is not blown up to noise, and stays where it was.
+    EXPECT_EQ(ends(100, 100), std::pair(100, 100));
+    const auto [low, high] = ends(240, 244);
+    EXPECT_LE(high - low, 16);
+    EXPECT_GT(low, 225);
+}
+
 TEST_F(PhotoFile, SaysWhatIsWrongWithIt)
 {
     const QByteArray png = encoded(QImage(300, 200, QImage::Format_RGB32), "PNG");

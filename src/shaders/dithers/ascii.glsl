@@ -1,16 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One character per cell, the denser the lighter, in the tone's colour on the palette's darkest stop.
+// One character per cell, the denser the lighter or along the edge that it is on, in the tone's colour on the
+// palette's darkest stop.
 
-uniform sampler2D uGlyphs; // 16 cells in a row, from blank to dense
+const float glyphSide = 48.0; // of a character in the atlas, in texels
+
+uniform sampler2D uGlyphs; // cells in a row: from blank to dense, then those for edges
 
 vec3 shade(vec2 position)
 {
     Inks inks = inksAt(position);
-    float glyph = floor(inks.share * 16.0);
+    float glyph = floor(inks.share * glyphCount);
     // The atlas leaves air around its characters; less of it makes a denser, brighter picture.
     vec2 place = (fract(position) - 0.5) / 1.35 + 0.5;
-    float ink = texture(uGlyphs, vec2((glyph + place.x) / 16.0, place.y)).r;
-    return ink > 0.5 ? inks.upper : inks.lower;
+    // The smaller a character is drawn, the less of its strokes is left in any one pixel.
+    float level = max(log2(glyphSide / (1.35 * cellSize)), 0.0);
+    float ink = textureLod(uGlyphs, vec2((glyph + place.x) / glyphCount, place.y), level).r;
+    return ink > 0.5 - 0.08 * min(level, 3.0) ? inks.upper : inks.lower;
 }

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Shafts of light that fan out from a source beyond the frame. They overlap, their edges soften with the way,
-// and haze drifts through them. The quiet side is the left.
+// Shafts of light from a source beyond the frame, above it, beside it or below: near and they fan out, far and they
+// run almost side by side. They overlap, their edges soften with the way, and haze drifts through them. The quiet
+// side is the left.
 
 #define DIRECTIONAL
 
@@ -10,51 +11,71 @@
 #define kAxis k[0].zw
 #define kSpin k[1]
 #define kShafts(i) k[2 + (i)] // two shafts: angle and half width of each
+#define kNear k[6].x // where the light enters the picture
+#define kSpread k[6].y
+#define kHaze k[6].w
+#define kPerSpread k[6].z
 #define kPlace k[7].xy
 #define kZoom k[7].z
 #define kPerSize k[7].w
 
+const int shaftPairs = 4;
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
-    // From above, or now and then from the side.
-    bool above = seedRandom(3) < 0.72 || shape.y > shape.x;
-    vec2 source = above ? vec2(0.05 + 0.95 * seedRandom(1), 1.1 + 0.35 * seedRandom(2))
-                        : vec2(1.15, 0.2 + 0.7 * seedRandom(2));
-    source *= shape * max(1.0, pow(lookScale, -0.28));
-    vec2 aim = shape * vec2(-0.25 + 0.45 * seedRandom(4), above ? -0.8 : -0.35);
+    float size = sqrt(shape.x * shape.y);
+    float from = seedRandom(3);
+    float along = seedRandom(1);
+    vec2 edge = from < 0.5 ? vec2(-0.5 + 1.5 * along, 1.0) : vec2(0.1 + 0.9 * along, -1.0);
+    edge = from < 0.85 && from >= 0.5 ? vec2(1.0, 1.7 * along - 0.7) : edge;
+    float far = seedRandom(2);
+    vec2 aim = shape * vec2(0.7 * seedRandom(4) - 0.45, 0.8 * seedRandom(6) - 0.4);
+    vec2 source = shape * edge * max(1.0, pow(lookScale, -0.28));
+    source += (source - aim) * (0.12 + 1.6 * far * far);
     vec2 axis = normalize(aim - source);
+    float distance = length(aim - source);
     kSource = source;
     kAxis = axis;
-    float spread = above ? max(atan(shape.x * 0.85, shape.y * 2.0), 0.28) : 0.42;
-    spread *= 0.8 + 0.4 * seedRandom(5);
+    // The light's cone covers most of the picture, however far away it comes from.
+    float across = dot(abs(vec2(axis.y, axis.x)), shape);
+    float spread = (0.78 + 0.2 * seedRandom(5)) * atan(across, distance);
+    float narrow = 0.18 + 0.15 * max(coarseness() - 1.4, 0.0);
+    float count = 6.0 + floor(2.99 * seedRandom(7));
     vec2 slow = loopCircle(0.065);
     vec2 fast = loopCircle(0.13);
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 2 * shaftPairs; ++i) {
         float chance = seedRandom(50 + i);
         float scatter = seedRandom(10 + i);
-        float place = (float(i) + 0.5 + 1.3 * (scatter - 0.5)) / 5.0 - 1.0;
+        float place = (2.0 * float(i) + 1.0 + 3.4 * (scatter - 0.5)) / count - 1.0;
         // Each goes to and fro by a mixture of its own of two motions.
         vec2 mixture = 2.0 * fract(64.0 * vec2(chance, scatter)) - 1.0;
         vec2 motion = vec2(i % 3 == 0 ? slow.y : slow.x, (i & 1) == 0 ? fast.x : fast.y);
         float sway = dot(mixture, motion);
-        vec2 shaft = vec2(place + 0.05 * sway, 0.02 + 0.105 * chance * chance) * spread;
+        vec2 shaft = vec2(place + 0.05 * sway, (narrow + 0.9 * chance * chance) / count) * spread;
+        // One too many lies behind the source.
+        shaft.x = float(i) < count ? shaft.x : pi;
         if ((i & 1) == 0)
             kShafts(i / 2).xy = shaft;
         else
             kShafts(i / 2).zw = shaft;
     }
+    kNear = max(distance - size, 0.0);
+    kSpread = spread;
+    kPerSpread = 1.0 / spread;
+    // In few flat steps haze is steps across the shafts.
+    kHaze = min(lookWarp, 1.7) * (0.45 - 0.25 * plainness());
     kSpin = spin(0.14);
     kPlace = seedOffset(40) + 0.6 * loopCircle(0.05);
     kZoom = pow(lookScale, 0.72);
-    kPerSize = 1.0 / sqrt(shape.x * shape.y);
+    kPerSize = 1.0 / size;
 }
 
-/// One shaft: full across its width, its edges softer farther from the source. A narrow one is brighter.
-float shaft(float angle, float halfWidth, float soft)
+/// One shaft, its edges softer farther from the source. A narrow one is brighter.
+float shaft(float angle, float halfWidth, float narrow, float soft)
 {
     float within = 1.0 - smoothstep(halfWidth - soft, halfWidth + soft, abs(angle));
-    return within * min(0.4 + 0.025 / halfWidth, 1.0);
+    return within * min(0.36 + narrow / halfWidth, 1.0);
 }
 
 float pattern(vec2 p, vec4 k[8])
@@ -67,19 +88,25 @@ float pattern(vec2 p, vec4 k[8])
     float angle = atan(local.y, local.x);
 
     // Haze drawn out along the light, and broad clouds of it.
-    vec2 along = vec2(r * 0.7, angle * 5.5);
+    vec2 along = vec2(r * 0.7, angle * 3.4 * kPerSpread);
     float clouds = noise(q * vec2(0.7, 0.9) + kPlace, kSpin);
     float wisps = noise(along + vec2(0.5, 0.3) * min(lookWarp, 1.3) * clouds - 1.7 * kPlace.yx, kSpin);
-    float air = 1.0 + 0.45 * min(lookWarp, 1.7) * (0.6 * clouds + 0.4 * wisps);
+    float air = 1.0 + kHaze * (0.6 * clouds + 0.4 * wisps);
 
-    float soft = 0.004 + 0.011 * r + zoom * cellWidth() / max(r, 0.3);
-    float light = 0.0;
-    for (int i = 0; i < 5; ++i)
-        light += shaft(angle - kShafts(i).x, kShafts(i).y, soft) +
-                 shaft(angle - kShafts(i).z, kShafts(i).w, soft);
-    float reach = r * kPerSize;
-    float fall = 1.9 / (1.0 + reach * reach);
+    float way = max(r - kNear, 0.0);
+    float soft = kSpread * (0.012 + 0.024 * way) + zoom * cellWidth() / max(r, 0.3);
+    // The air between the shafts is not quite dark.
+    float aside = angle * kPerSpread;
+    aside *= aside;
+    float light = 0.14 / (1.0 + aside * aside);
+    // The half width up to which a shaft is bright.
+    float narrow = 0.035 * kSpread;
+    for (int i = 0; i < shaftPairs; ++i)
+        light += shaft(angle - kShafts(i).x, kShafts(i).y, narrow, soft) +
+                 shaft(angle - kShafts(i).z, kShafts(i).w, narrow, soft);
+    float reach = way * kPerSize;
+    float fall = 1.5 / (1.0 + reach * reach);
     float source = 0.9 * exp(-r * 1.6);
-    light *= 1.25 * fall * max(air, 0.15);
+    light *= 1.1 * fall * max(air, 0.15);
     return 0.03 + 1.02 * expose(light * (0.5 + 0.5 * light) + source);
 }

@@ -69,9 +69,9 @@ float pattern(vec2 p, vec4 k[8])
     float lit = saturate(dot(normal, vec3(0.6 * kLight, 0.8)));
     float rim = smoothstep(0.7, 0.98, across) * saturate(0.2 - 1.1 * dot(outward, kLight));
     float spot = smoothstep(0.93, 0.985, lit);
-    float dome = 0.14 + 0.74 * lit * lit + 0.55 * rim + 0.2 * spot;
+    float dome = 0.2 + 0.76 * lit * lit + 0.55 * rim + 0.16 * spot;
     // The ground is lit from the other side, so that every blob stands out, and darkens towards the blobs.
-    float ground = 0.34 - 0.22 * dot(p, kLight) / length(halfExtent());
+    float ground = 0.38 - 0.24 * dot(p, kLight) / length(halfExtent());
     ground *= mix(0.35, 1.0, smoothstep(0.95, 1.7, rho));
     return mix(ground, dome, body);
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Daybreak: a low sun behind layers of haze, a banded sky, ranges that pale into the distance and quiet dark
-// ground below. The sun stands on the right.
+// Daybreak: a sun behind layers of haze, a banded sky, ranges that pale into the distance and quiet dark
+// ground below. The sun stands mostly on the right.
 
 #define DIRECTIONAL
 
@@ -12,18 +12,25 @@
 #define kZoom k[1].x
 #define kCell k[1].y
 #define kHalfHeight k[1].z
+#define kNight k[1].w // how much darker the sky is high up
 #define kPlaces k[2]
 #define kSpin k[3]
 #define kDrift k[4].xy
 #define kStrata k[4].z
 #define kRanges k[4].w
+#define kFade k[5].x // 1 / how high that is
 
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
-    float horizon = -shape.y * (0.22 + 0.22 * seedRandom(1));
-    float radius = 0.13 + 0.13 * seedRandom(2);
-    vec2 sun = vec2(shape.x * (-0.05 + 0.6 * seedRandom(3)), horizon + radius * (0.3 + 1.3 * seedRandom(4)));
+    float horizon = shape.y * (0.8 * seedRandom(1) - 0.7);
+    // Low and large, or small and up in the sky; the earlier it is, the darker the sky above.
+    float risen = seedRandom(4);
+    float radius = mix(0.16 + 0.26 * seedRandom(2), 0.1 + 0.08 * seedRandom(2), risen);
+    vec2 sun = vec2(shape.x * (1.3 * seedRandom(3) - 0.5), horizon + 0.3 * radius);
+    sun.y += 0.75 * risen * (0.85 * shape.y - sun.y);
+    kNight = 0.3 + 0.45 * seedRandom(12) * (1.0 - 0.5 * risen);
+    kFade = 1.0 / (0.7 + 0.7 * seedRandom(13));
     kSun = sun;
     kRadius = radius;
     kHorizon = horizon;
@@ -54,7 +61,7 @@ float pattern(vec2 p, vec4 k[8])
     float haze = fbm2(bent + kPlaces.zw + kDrift * vec2(1.0, 0.1), kSpin);
     float bands = smoothstep(-0.15, 0.3, haze);
 
-    float sky = 0.7 - 0.44 * smoothstep(0.0, 1.35, up) + 0.32 * exp(-away * 2.2);
+    float sky = 0.7 - kNight * smoothstep(0.0, 1.0, up * kFade) + 0.32 * exp(-away * 2.2);
     sky += (bands - 0.5) * 0.24 * smoothstep(-0.1, 0.25, up);
     float disc = inside(length(toSun) - kRadius, 1.5 * kCell);
     float tone = mix(sky, 1.0, disc * (0.35 + 0.65 * smoothstep(-0.2, 0.5, -haze)));

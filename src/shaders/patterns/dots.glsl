@@ -20,7 +20,8 @@ void prepare(inout vec4 k[8])
     kSpin = spin(0.13);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(4);
-    float size = 5.5 + 3.0 * seedRandom(5);
+    // In coarse cells the dots stay larger than what draws them, or two lattices would beat.
+    float size = (5.5 + 3.0 * seedRandom(5)) * pow(coarseness(), -1.15);
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = size;
     kHexagonal = seedRandom(6) < 0.5 ? 1.0 : 0.0;

@@ -12,7 +12,9 @@ void prepare(inout vec4 k[8])
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
     float zoom = pow(lookScale, 0.65);
-    float count = 2.0 + floor(2.3 * seedRandom(1));
+    // Coarse cells have room for two or three plain curves.
+    float count = min(2.0 + floor(2.3 * seedRandom(1)), 1.0 + ceil(3.0 / coarseness()));
+    bool coarse = coarseness() > 1.5;
     for (int i = 0; i < 4; ++i) {
         float sway = 0.2 * sin(loopAngle(0.04 + 0.01 * float(i)));
         float turn = tau * seedRandom(2) + float(i) * (0.5 + 0.6 * seedRandom(3)) + sway;
@@ -22,7 +24,7 @@ void prepare(inout vec4 k[8])
         // A curve too many lies far away.
         center = float(i) < count ? center : vec2(1000.0);
         kPlane(i) = vec4(center / zoom, vec2(cos(turn), sin(turn)) * (zoom / radius));
-        bool simple = seedRandom(24 + i) > 0.4 || i > 4 - int(count);
+        bool simple = coarse || seedRandom(24 + i) > 0.4 || i > 4 - int(count);
         float chance = seedRandom(29 + i);
         float depth = simple ? 0.2 + 0.42 * chance : 0.15 + 0.17 * chance;
         depth = min(depth * (0.4 + 0.6 * min(lookWarp, 1.7)), 0.72);

@@ -17,8 +17,8 @@
 
 void prepare(inout vec4 k[8])
 {
-    kRibs = 3.8 + 4.2 * seedRandom(1);
-    kDepth = 0.24 + 0.3 * seedRandom(2);
+    kRibs = (3.8 + 4.2 * seedRandom(1)) * pow(coarseness(), -0.7);
+    kDepth = (0.24 + 0.3 * seedRandom(2)) * pow(coarseness(), 0.3);
     kShift = 0.5 * seedRandom(0);
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     // A lamp, a glow and a shade. The lamp is a disc, a ring or the rim of a large disc outside.

@@ -24,6 +24,7 @@ void prepare(inout vec4 k[8])
     vec2 circle = loopCircle(0.07);
     float wild = min(0.25 + 0.5 * lookWarp, 1.0);
     vec2 halfSheet = sheet;
+    float creases = coarseness() > 1.6 ? 4.0 : 5.0;
     for (int i = 0; i < 5; ++i) {
         float reach = dot(abs(n), halfSheet);
         float chance = seedRandom(i + 8);
@@ -32,7 +33,8 @@ void prepare(inout vec4 k[8])
         float sway = 0.03 * dot(circle, 2.0 * fract(vec2(64.0, 1024.0) * chance) - 1.0);
         float tilt = (0.75 + 0.5 * seedRandom(i + 30)) * (seedRandom(i + 35) < 0.5 ? -1.0 : 1.0);
         kCreaseNormal(i) = n;
-        kCreasePlace(i) = dot(through, n) + sway;
+        // Coarse cells have room for four folds; the fifth lies beyond the sheet.
+        kCreasePlace(i) = float(i) < creases ? dot(through, n) + sway : 100.0;
         kCreaseTilt(i) = tilt;
         middle -= 0.5 * reach * n;
         halfSheet *= mix(vec2(1.0), vec2(0.5), abs(n));

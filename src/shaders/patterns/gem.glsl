@@ -42,7 +42,7 @@ void prepare(inout vec4 k[8])
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     kCentre = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    kZoom = sqrt(lookScale) * inversesqrt(aspect);
+    kZoom = sqrt(lookScale) * pow(coarseness(), -0.3) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
     kLight = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.
@@ -121,6 +121,9 @@ float pattern(vec2 p, vec4 k[8])
     float there = asin(0.98 * sin(own + dot(normalOf(nextBack.xy), spread)));
     float tone = 0.46 + 0.28 * mix(there, here, 0.5 + 0.5 * saturate(apart / cell));
     tone += 0.16 * dot(normal, light) + 0.06 * dot(q, light);
+    // Away from the middle: a facet is in the light or out of it.
+    float side = clamp(2.0 * tone - 1.0, -1.0, 1.0);
+    tone += 0.26 * side * (1.0 - abs(side));
     // The crown's edges: a hair line, sparkling where an edge lies across the light.
     vec2 ridge = front.xy - nextFront.xy;
     float steep = max(length(ridge), 1e-3);

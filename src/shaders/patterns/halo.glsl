@@ -20,20 +20,22 @@ void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
-    float radius = size * (0.32 + 0.16 * seedRandom(1));
-    vec2 center = shape * vec2(0.7, 0.4) * vec2(seedRandom(2) - 0.5, seedRandom(3) - 0.5);
+    // Small anywhere, or so large that a part of it is out of the picture.
+    float large = seedRandom(1);
+    float radius = size * (0.2 + 0.55 * large * large);
+    vec2 center = shape * (vec2(1.1, 0.9) + 0.3 * large) * vec2(seedRandom(2) - 0.5, seedRandom(3) - 0.5);
     kCentre = center;
     kRadius = radius;
     kZoom = sqrt(lookScale);
     // The bright side is the one with more room.
-    float side = atan(-center.y, -center.x) + 2.4 * (seedRandom(4) - 0.5) + 0.25 * sin(loopAngle(0.05));
+    float side = atan(-center.y, -center.x) + 3.6 * (seedRandom(4) - 0.5) + 0.25 * sin(loopAngle(0.05));
     kSide = vec2(cos(side), sin(side));
     kRays = 2.2 + 2.4 * seedRandom(5);
     kCell = sqrt(lookScale) * cellWidth();
     kSlowSpin = spin(0.1);
     kFastSpin = spin(0.16);
     kPlaces = vec4(seedOffset(4), seedOffset(5));
-    float reach = size * (0.29 + 0.05 * seedRandom(13)) / sqrt(lookScale);
+    float reach = size * (0.33 + 0.05 * seedRandom(13) + 0.1 * length(center / shape)) / sqrt(lookScale);
     kReachRate = 0.9 + 0.8 * seedRandom(12);
     kReach = reach / radius;
 }

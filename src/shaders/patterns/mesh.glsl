@@ -8,6 +8,7 @@
 #define kAnchorReach(i) k[i].w
 #define kSpin k[6]
 #define kPlace k[7].xy
+#define kForm k[7].z
 
 void prepare(inout vec4 k[8])
 {
@@ -32,6 +33,7 @@ void prepare(inout vec4 k[8])
     }
     kSpin = spin(0.12);
     kPlace = seedOffset(30);
+    kForm = 0.13 * plainness();
 }
 
 float pattern(vec2 p, vec4 k[8])
@@ -47,5 +49,8 @@ float pattern(vec2 p, vec4 k[8])
         tones += weight * kAnchorTone(i);
         weights += weight;
     }
-    return (tones / weights - 0.5) * 1.4 + 0.5;
+    float tone = (tones / weights - 0.5) * 1.4 + 0.5;
+    // In few flat steps each anchor lies in shells, as an agate does.
+    float shell = 4.0 * abs(fract(3.0 * tone + 0.48 * bend.x - 0.32 * bend.y) - 0.5) - 1.0;
+    return tone + kForm * shell * (1.5 - 0.5 * shell * shell);
 }

@@ -11,6 +11,7 @@
 #define kClocks k[3].zw
 #define kKey k[4].x
 #define kBlockSize k[4].y
+#define kZoom k[6].x
 #define kOrigin k[4].zw
 #define kBrokenNormal k[5].xy // the band where the picture is broken
 #define kBrokenPlace k[5].z
@@ -25,7 +26,9 @@ void prepare(inout vec4 k[8])
     kTurn = vec2(cos(turn), sin(turn));
     kClocks = vec2(loopAngle(0.13), loopAngle(0.09));
     kKey = floor(4096.0 * seedRandom(5));
-    kBlockSize = 0.42 + 0.22 * seedRandom(6);
+    // In coarse cells blocks and bands are broader.
+    kBlockSize = (0.42 + 0.22 * seedRandom(6)) * pow(coarseness(), 0.3);
+    kZoom = pow(coarseness(), -0.3);
     kOrigin = vec2(seedRandom(7), seedRandom(8));
     // The band where the picture is broken: its normal, its distance from the middle, its width.
     float across = tau * seedRandom(9);
@@ -36,7 +39,7 @@ void prepare(inout vec4 k[8])
 
 float current(vec2 p, vec4 k[8])
 {
-    vec2 q = rotate(p, kTurn) * vec2(0.34, 0.6);
+    vec2 q = rotate(p, kTurn) * (kZoom * vec2(0.34, 0.6));
     vec2 bend = vec2(noise(q + kPlaces.xy, kBendSpin), noise(q + kPlaces.zw, kBendSpin));
     float bands = fbm2(q + 0.45 * bend + kPlaces.wx, kBandSpin);
     return 0.48 + 0.46 * bands + 0.17 * sin(bands * 8.0 + 2.5 * bend.x);

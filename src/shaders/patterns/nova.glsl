@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
-    vec2 center = shape * vec2(0.8, 0.6) * vec2(seedRandom(1) - 0.5, seedRandom(2) - 0.5);
+    vec2 center = shape * vec2(1.3, 1.1) * vec2(seedRandom(1) - 0.5, seedRandom(2) - 0.5);
     kCentre = center;
     kPerSize = 1.0 / size;
     kZoom = pow(lookScale, 0.7);
@@ -30,7 +30,7 @@ void prepare(inout vec4 k[8])
     kPlaces = vec4(seedOffset(2), seedOffset(3));
     float breath = sin(loopAngle(0.09) + tau * seedRandom(9));
     kShellRadius = 0.5 + 0.3 * seedRandom(10) + 0.03 * breath;
-    kFilaments = 1.2 + 1.6 * seedRandom(11);
+    kFilaments = (1.2 + 1.6 * seedRandom(11)) * pow(coarseness(), -0.8);
     kCell = pow(lookScale, 0.7) * cellWidth() / size;
     float side = tau * seedRandom(13);
     kSide = vec2(cos(side), sin(side));

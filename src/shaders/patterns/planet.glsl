@@ -27,14 +27,21 @@ void prepare(inout vec4 k[8])
     float size = sqrt(shape.x * shape.y);
     // 0: land and sea, 1: bands, 2: bands and a ring.
     float kind = mod(floor(3.0 * seedRandom(1) + lookSeed), 3.0);
-    float radius = size * (kind > 1.5 ? 0.62 + 0.1 * seedRandom(2) : 0.74 + 0.14 * seedRandom(2));
-    vec2 center = shape * vec2(0.1 + 0.4 * seedRandom(3), 0.7 * (seedRandom(4) - 0.5));
+    // A globe in the picture, or one so large that its limb is the picture's horizon, from any side but the left.
+    bool near = seedRandom(9) < 0.35;
+    float grown = seedRandom(2);
+    float radius = size * (near ? 1.1 + 0.7 * grown : kind > 1.5 ? 0.59 + 0.13 * grown : 0.66 + 0.26 * grown);
+    float toward = pi * (1.3 * seedRandom(3) - 0.65);
+    vec2 limb = vec2(cos(toward), sin(toward));
+    float inward = radius - dot(abs(limb), shape) * (0.16 + 0.34 * seedRandom(4));
+    vec2 center = near ? limb * (inward + 0.38 * size)
+                       : shape * vec2(0.85 * seedRandom(3) - 0.15, 1.3 * (seedRandom(4) - 0.5));
     kCentre = center;
     kPerRadius = 1.0 / radius;
     kZoom = pow(lookScale, 0.7);
 
     // Lit from the side that the frame shows most of.
-    float aside = 1.2 * (seedRandom(5) - 0.5); // the tangent of half the angle
+    float aside = 1.6 * (seedRandom(5) - 0.5); // the tangent of half the angle
     vec2 azimuth = rotate(-normalize(center), vec2(1.0 - aside * aside, 2.0 * aside) / (1.0 + aside * aside));
     float height = mix(kind > 1.5 ? 0.35 : 0.28, 0.52, seedRandom(6));
     float level = sqrt(1.0 - height * height);

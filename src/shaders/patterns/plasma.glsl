@@ -5,6 +5,7 @@
 // nowhere.
 
 #define kWave(i) k[i].xy // direction and frequency
+#define kForm k[0].z
 #define kClocks k[4]
 #define kPhases k[5]
 #define kCentre k[6].xy
@@ -20,6 +21,7 @@ void prepare(inout vec4 k[8])
         float frequency = 1.7 * pow(1.31, float(i)) * (0.85 + 0.3 * seedRandom(i + 5));
         kWave(i) = frequency * vec2(cos(angle), sin(angle));
     }
+    kForm = 0.85 * plainness();
     kClocks = vec4(loopAngle(0.31), loopAngle(-0.23), loopAngle(0.19), loopAngle(-0.37));
     kPhases = tau * vec4(seedRandom(10), seedRandom(11), seedRandom(12), seedRandom(13));
     vec2 centre = 1.4 * (vec2(seedRandom(14), seedRandom(15)) - 0.5);
@@ -41,6 +43,10 @@ float pattern(vec2 p, vec4 k[8])
     float fourth = sin(dot(q, kWave(3)) + kClocks.w + kPhases.w);
     float radial = sin(length(q - kCentre) * kRingRate - kRingClock);
     float sum = 0.7 * first + 0.9 * second + 0.9 * third + 0.7 * fourth + 0.9 * radial;
+    // In few flat steps small lobes ride on the large ones.
+    vec2 along = 1.3 * kWave(3);
+    float small = sin(dot(p, along) + 1.3 * second) * sin(along.x * p.y - along.y * p.x - 1.3 * first);
+    sum += kForm * small;
     // The arc sine takes the weight off the crests and troughs, where a sine spends most of its time.
     return 0.5 + 0.3265 * asin(0.97 * sin(1.05 * sum)) * 1.06;
 }

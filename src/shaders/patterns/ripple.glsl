@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
         float angle = start + tau * (float(i) + 0.5 * seedRandom(3 + i)) / 3.0;
         vec2 place = (0.35 + 0.5 * seedRandom(6 + i)) * aspect * vec2(cos(angle), sin(angle));
         vec2 drift = 0.09 * loopCircle(0.07 + 0.021 * float(i)).yx;
-        float waves = (15.0 + 8.0 * seedRandom(18)) * (0.85 + 0.4 * seedRandom(9 + i));
+        float waves = (15.0 + 8.0 * seedRandom(18)) * (0.85 + 0.4 * seedRandom(9 + i)) * pow(coarseness(), -0.5);
         kDropPlace(i) = place + drift;
         kDropRate(i) = waves;
         kDropPhase(i) = loopAngle(0.55 + 0.07 * float(i)) + tau * seedRandom(12 + i);

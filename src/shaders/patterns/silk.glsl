@@ -13,6 +13,7 @@
 #define kLean k[3].z
 #define kClock k[4].x
 #define kSecondPhase k[4].y
+#define kFine k[4].z
 
 void prepare(inout vec4 k[8])
 {
@@ -26,6 +27,7 @@ void prepare(inout vec4 k[8])
     kFinePlace = seedOffset(4);
     kLean = 0.15 + 0.3 * seedRandom(10);
     kClock = loopAngle(0.08);
+    kFine = 0.28 + 0.35 * plainness();
     kSecondPhase = 0.5 + 2.0 * seedRandom(12);
 }
 
@@ -42,7 +44,7 @@ float pattern(vec2 p, vec4 k[8])
     float height = sin(phase) + 0.7 * sin(second);
     float slope = cos(phase) + 0.43 * cos(second);
     float fine = noise(vec2(across * 3.0, q.y * 0.45) + kFinePlace, kSpin);
-    slope += 0.28 * fine;
+    slope += kFine * fine;
     float valley = smoothstep(-1.9, 0.3, height);
     float shine = bell(slope - 0.55, 0.42) + 0.35 * bell(slope + 0.75, 0.3);
     float sheen = 0.5 + 0.5 * slope;

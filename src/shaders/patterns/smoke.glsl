@@ -8,6 +8,7 @@ const int sheets = 4;
 
 #define kSpin k[0]
 #define kPlaces k[1]
+#define kCurl k[2].x
 #define kLean k[2].y
 #define kHalfHeight k[2].z
 #define kRoom k[2].w
@@ -21,6 +22,7 @@ void prepare(inout vec4 k[8])
     float source = (0.9 * seedRandom(4) - 0.45) * aspect.x;
     float spread = (0.5 + 0.4 * seedRandom(5)) * aspect.x;
     kLean = 0.9 * seedRandom(6) - 0.45;
+    kCurl = 0.08 + 0.1 * plainness();
     kHalfHeight = aspect.y;
     kRoom = min(0.35 + 0.37 * aspect.x, 1.0);
     for (int i = 0; i < sheets; ++i) {
@@ -38,7 +40,7 @@ float pattern(vec2 p, vec4 k[8])
     vec2 n = p * vec2(0.75, 0.55);
     vec2 bend = vec2(noise(n + kPlaces.xy, kSpin), noise(n + kPlaces.zw, kSpin));
     vec2 more = vec2(noise(n * 1.8 + kPlaces.zw, kSpin), noise(n * 1.8 - kPlaces.xy, kSpin));
-    vec2 q = p + lookWarp * (0.3 * bend + 0.08 * more) * risen;
+    vec2 q = p + lookWarp * (0.3 * bend + kCurl * more) * risen;
     // Sharp near the source, softer above.
     float rim = max(mix(0.025, 0.11, risen), 0.8 * cellWidth());
     float smoke = 0.0;

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A radar screen: a beam that goes round and leaves an afterglow, faint range rings, and a few contacts that
-// flare up as the beam passes them.
+// A radar screen, seen straight on or tilted: one beam or more that go round and leave an afterglow, faint range
+// rings, and a few contacts that flare up as a beam passes them.
 
 #define kCentre k[0].xy
 #define kBeam k[0].zw
+#define kSector k[1].x // the angle from one beam to the next
 #define kSpacing k[1].y
 #define kZoom k[1].z
 #define kCell k[1].w
@@ -15,14 +16,28 @@
 #define kContactPlace(i) k[3 + (i)].xy
 #define kContactFlare(i) k[3 + (i)].z
 #define kContactSize(i) k[3 + (i)].w
+#define kLean k[7].xy
+#define kFaint k[7].w // how bright the rings are
+#define kTilt k[7].z // 1 / flatness of the screen, negative where the beams go round the other way
+
+/// A point of the picture on the tilted screen.
+vec2 onScreen(vec2 q, vec2 lean, float tilt) { return vec2(dot(q, lean), dot(q, vec2(-lean.y, lean.x)) * tilt); }
 
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float size = sqrt(shape.x * shape.y);
-    vec2 center = shape * vec2(0.28, 0.26) * vec2(seedRandom(1) - 0.5, seedRandom(2) - 0.5);
+    vec2 place = vec2(1.6, 1.5) * vec2(seedRandom(1) - 0.5, seedRandom(2) - 0.5);
+    vec2 center = shape * place;
     float beam = tau * seedRandom(3) - loopAngle(0.3);
-    float spacing = size * (0.2 + 0.12 * seedRandom(4));
+    float spacing = size * (0.14 + 0.24 * seedRandom(4)) * pow(coarseness(), 0.8);
+    // From the edge of the picture a single beam would be out of sight half of the time.
+    float beams = floor(1.2 + 0.7 * seedRandom(7) + 2.2 * length(place));
+    float sector = tau / beams;
+    float lean = seedRandom(8) - 0.5;
+    kLean = vec2(cos(lean), sin(lean));
+    kTilt = (seedRandom(9) < 0.5 ? 1.0 : -1.0) / (seedRandom(10) < 0.4 ? 1.0 : 0.45 + 0.4 * seedRandom(11));
+    kSector = sector;
     kCentre = center;
     kBeam = vec2(cos(beam), sin(beam));
     kSpacing = spacing;
@@ -30,14 +45,15 @@ void prepare(inout vec4 k[8])
     kCell = sqrt(lookScale) * cellWidth();
     kPlace = seedOffset(3);
     kClutter = 2.0 + 1.5 * seedRandom(5);
-    kDecay = 1.0 + 0.2 * seedRandom(6);
-    for (int i = 0; i < 5; ++i) {
-        float bearing = tau * (seedRandom(20) + (float(i) + 0.7 * seedRandom(21 + i)) / 5.0);
-        float range = size * (0.25 + 0.55 * seedRandom(31 + i));
-        float since = mod(bearing - beam, tau);
+    kFaint = 0.17 + 0.13 * saturate(3.0 * coarseness() - 4.2);
+    kDecay = (0.79 + 0.15 * seedRandom(6)) * beams;
+    for (int i = 0; i < 4; ++i) {
+        vec2 within = vec2((float(i) + seedRandom(21 + i)) / 4.0, seedRandom(31 + i));
+        vec2 contact = onScreen(shape * (1.8 * within - 0.9) - center, kLean, kTilt);
+        float since = mod(atan(contact.y, contact.x) - beam, sector);
         float flare = smoothstep(0.0, 0.15, since) * exp(-0.45 * since);
-        flare *= 1.0 - smoothstep(tau - 0.4, tau, since);
-        kContactPlace(i) = range * vec2(cos(bearing), sin(bearing));
+        flare *= 1.0 - smoothstep(sector - 0.4, sector, since);
+        kContactPlace(i) = contact;
         kContactFlare(i) = flare;
         kContactSize(i) = 0.035 + 0.03 * seedRandom(41 + i);
     }
@@ -45,12 +61,12 @@ void prepare(inout vec4 k[8])
 
 float pattern(vec2 p, vec4 k[8])
 {
-    vec2 q = p * kZoom - kCentre;
+    vec2 q = onScreen(p * kZoom - kCentre, kLean, kTilt);
     float r = max(length(q), 1e-4);
     float width = kCell;
     vec2 local = vec2(dot(q, kBeam), dot(q, vec2(-kBeam.y, kBeam.x)));
     float since = atan(local.y, local.x);
-    since = since < 0.0 ? since + tau : since;
+    since -= kSector * floor(since / kSector);
 
     // Echoes of the sea: clutter drawn out around the centre, as a radar sees it.
     vec2 ray = q / r;
@@ -61,15 +77,18 @@ float pattern(vec2 p, vec4 k[8])
     // The front of the beam is an edge, but a few degrees of it, so that it glides from cell to cell; behind
     // it the glow decays.
     float front = smoothstep(0.0, max(0.09, 1.5 * width / r), since);
-    front *= 1.0 - smoothstep(tau - 0.3, tau, since);
+    front *= 1.0 - smoothstep(kSector - 0.3, kSector, since);
     float glow = front * (0.9 * exp(-kDecay * since) * max(echo, 0.2) + 0.4 * exp(-since * 7.0)) * fall;
 
     float ring = abs(mod(r + 0.5 * kSpacing, kSpacing) - 0.5 * kSpacing);
     float line = max(0.006, 0.7 * width);
-    float grid = 0.17 * (1.0 - smoothstep(line, line + width, ring));
-    grid = max(grid, 0.1 * (1.0 - smoothstep(line, line + width, min(abs(q.x), abs(q.y)))));
+    // What is far along the tilted screen is near in the picture: lines keep their width there.
+    vec2 slope = q / r * vec2(1.0, kTilt);
+    ring *= inversesqrt(dot(slope, slope));
+    float grid = kFaint * (1.0 - smoothstep(line, line + width, ring));
+    grid = max(grid, 0.6 * kFaint * (1.0 - smoothstep(line, line + width, min(abs(q.x), abs(q.y / kTilt)))));
     float contacts = 0.0;
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 4; ++i) {
         float away = length(q - kContactPlace(i)) / kContactSize(i);
         contacts += kContactFlare(i) * (1.1 * (1.0 - smoothstep(0.7, 1.3, away)) + 0.6 * exp(-away * 0.7));
     }

@@ -1,62 +1,73 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One or two spotlights from above: a cone with a soft penumbra, dust in it, and the pool of light where it
-// meets the floor.
+// One to three spotlights from above: cones with a soft penumbra, dust in the first, and the pools of light where
+// they meet the floor.
 
-#define kGround k[0].x
+#define kBack k[0].x // where the floor meets the wall
 #define kZoom k[0].y
 #define kCell k[0].z
-#define kFlatness k[0].w
+#define kAir k[0].w
 #define kCone(i) k[1 + (i)] // the lamp, x of the pool, its half width
-#define kSpin k[3]
-#define kDrift k[4].xy
-#define kStrength k[4].zw
-#define kPlaces k[5]
-#define kAir k[6].x
-#define kHalfHeight k[6].y
+#define kSpin k[4]
+#define kDrift k[5].xy
+#define kFlatness k[5].z
+#define kPlaces k[6]
+#define kGround k[7] // y of each pool; 1 / the picture's half height
+
+const int cones = 3;
 
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
     float width = min(sqrt(shape.x * shape.y), 1.15 * shape.x);
-    float ground = -shape.y * (0.48 + 0.16 * seedRandom(1));
-    bool two = seedRandom(2) > 0.45;
-    for (int i = 0; i < 2; ++i) {
-        float side = i == 0 ? -1.0 : 1.0;
-        float swing = 0.1 * sin(loopAngle(0.07 + 0.03 * float(i)) + tau * seedRandom(7 + i));
-        float lamp = two ? side * (0.3 + 0.6 * seedRandom(3 + i)) : 1.5 * (seedRandom(3) - 0.5);
-        float pool = two ? -side * (0.7 * seedRandom(9 + i) - 0.15) : 0.8 * (seedRandom(9) - 0.5);
-        kCone(i) = vec4(shape.x * lamp, shape.y * (1.2 + 0.4 * seedRandom(5 + i)), shape.x * pool + swing,
-                        width * (two ? 0.4 + 0.16 * seedRandom(11 + i) : 0.6 + 0.18 * seedRandom(11)));
+    float chance = seedRandom(2);
+    int count = chance < 0.35 ? 1 : chance < 0.75 ? 2 : 3;
+    float first = seedRandom(1);
+    float near = 1.0;
+    // How far the floor's far end is up the picture, and how flat the floor lies then.
+    float back = -0.65 + 0.65 * seedRandom(13);
+    for (int i = 0; i < cones; ++i) {
+        // The pools share the floor from left to right, in any order.
+        float place = fract(first + (float(i) + 0.5 * seedRandom(9 + i)) / float(count));
+        float swing = 0.1 * sin(loopAngle(0.07 + 0.03 * float(i)) + tau * seedRandom(15 + i));
+        float depth = seedRandom(18 + i);
+        float pool = (2.0 * place - 1.0) * (count == 1 ? 0.5 : 0.8) * shape.x;
+        float lean = (2.0 * seedRandom(3 + i) - 1.0) * (count == 1 ? 1.1 : 0.85);
+        float lamp = clamp(pool + lean * 1.3 * width, -1.3 * shape.x, 1.3 * shape.x);
+        float size = width * (count == 1 ? 0.78 : count == 2 ? 0.5 : 0.38) * (0.75 + 0.5 * seedRandom(11 + i));
+        kCone(i) = vec4(lamp, shape.y * (1.1 + 0.9 * seedRandom(6 + i)), pool + swing, size * (1.15 - 0.35 * depth));
+        kGround[i] = shape.y * mix(-0.82, back - 0.08, depth);
+        if (i >= count)
+            kCone(i).xz = vec2(1000.0);
     }
-    kGround = ground;
+    kBack = back * shape.y;
+    kGround.w = 1.0 / shape.y;
     kZoom = pow(lookScale, 0.7);
     kCell = pow(lookScale, 0.7) * cellWidth();
-    kFlatness = 0.16 + 0.08 * seedRandom(13);
+    kFlatness = 0.14 + 0.14 * seedRandom(14) + 0.1 * (0.65 + back);
     kSpin = spin(0.1);
     kDrift = 0.5 * loopCircle(0.06);
-    kStrength = vec2(1.0, two ? 0.7 : 0.0);
     kPlaces = vec4(seedOffset(8), seedOffset(9));
-    kAir = 0.6 + 0.3 * seedRandom(14);
-    kHalfHeight = shape.y;
+    kAir = 0.6 + 0.3 * seedRandom(24);
 }
 
 /// Light of one cone in the air (x) and on the floor (y).
-vec2 cone(vec2 p, vec4 lamp, vec4 k[8])
+vec2 cone(vec2 p, vec4 lamp, float ground, vec4 k[8])
 {
-    float ground = kGround;
     float flatness = kFlatness;
     float spot = length((p - vec2(lamp.z, ground)) / (lamp.w * vec2(1.0, flatness)));
     float pool = (1.0 - smoothstep(0.7, 1.15, spot)) * (1.25 - 0.75 * spot * spot);
-    pool += 0.22 * exp(-1.8 * max(spot - 0.85, 0.0));
+    float beyond = max(spot - 0.85, 0.0);
+    pool += 0.22 / (1.0 + beyond * (1.4 + 1.8 * beyond));
 
     // The way down the cone, and the place across it, -1 to 1 from edge to edge.
     float way = (lamp.y - p.y) / (lamp.y - ground);
     float open = max(way, 0.02);
-    float across = (p.x - mix(lamp.x, lamp.z, way)) / (lamp.w * open);
+    float perWidth = 1.0 / (lamp.w * open);
+    float across = (p.x - mix(lamp.x, lamp.z, way)) * perWidth;
     float bulge = sqrt(max(1.0 - across * across, 0.0));
-    float soft = 0.07 + 0.16 * saturate(way) + kCell / (lamp.w * open);
+    float soft = 0.07 + 0.16 * saturate(way) + kCell * perWidth;
     float body = (1.0 - smoothstep(1.0 - soft, 1.0 + soft, abs(across))) * (0.55 + 0.45 * bulge);
     // It ends on the far half of the pool's rim.
     float end = 1.0 - smoothstep(0.97, 1.03, way - flatness * lamp.w / (lamp.y - ground) * bulge);
@@ -78,9 +89,10 @@ float pattern(vec2 p, vec4 k[8])
     float mote = 1.0 - smoothstep(0.3 * size, size, length(fract(place) - 0.25 - 0.5 * unit2(bits)));
     mote *= smoothstep(0.72, 0.8, unit(mixBits(bits)));
 
-    vec2 light = kStrength.x * cone(p, kCone(0), k) + kStrength.y * cone(p, kCone(1), k);
+    vec2 light = cone(p, kCone(0), kGround.x, k) + 0.75 * cone(p, kCone(1), kGround.y, k);
+    light += 0.6 * cone(p, kCone(2), kGround.z, k);
     float air = light.x * kAir * (max(dust, 0.2) + 0.8 * mote);
     // The floor runs back to a dim wall.
-    float back = 1.0 - smoothstep(-0.1, 0.3, (p.y - kGround) / kHalfHeight - 0.2);
+    float back = 1.0 - smoothstep(-0.1, 0.3, (p.y - kBack) * kGround.w);
     return 0.03 + 0.05 * back + 1.02 * expose(air + 1.35 * light.y * (0.94 + 0.06 * dust));
 }

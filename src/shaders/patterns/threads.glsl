@@ -6,6 +6,8 @@
 
 #define kTurn k[0].xy
 #define kSpread k[0].z
+#define kStrings k[0].w // how many of a sheet's strings there are
+#define kHair k[6].x // half the width of a string in cells
 #define kSpin k[1]
 #define kPlaces k[2]
 #define kSheet(i) k[3 + (i)] // middle line: height, swing and its phase; phase of the pinching
@@ -18,6 +20,8 @@ void prepare(inout vec4 k[8])
     float extent = dot(abs(vec2(sin(turn), cos(turn))), aspect);
     kTurn = vec2(cos(turn), sin(turn));
     kSpread = 0.35 + 0.6 * extent;
+    kStrings = pow(coarseness(), -1.25);
+    kHair = 0.45 + 0.3 * saturate(coarseness() - 1.0);
     kSpin = spin(0.06);
     kPlaces = vec4(seedOffset(2) + 0.3 * loopCircle(0.04), seedOffset(3));
     for (int i = 0; i < 3; ++i) {
@@ -30,9 +34,12 @@ void prepare(inout vec4 k[8])
 }
 
 /// One sheet of strings: its light at this place. `bend` are two noises with their slopes along the current.
-float sheet(vec2 q, vec4 shape, vec4 bend, float spread, float count, float rate, float cell)
+float sheet(vec2 q, vec4 shape, vec4 bend, float count, float rate, vec4 k[8])
 {
     vec2 way = vec2(1.1 * q.x * rate + shape.z, 0.9 * q.x * rate + shape.w + bend.y);
+    float spread = kSpread;
+    float cell = cellWidth();
+    count *= kStrings;
     float middle = spread * (shape.x + shape.y * sin(way.x)) + 0.22 * bend.x;
     float pinch = 0.5 + 0.5 * sin(way.y);
     float width = spread * (0.09 + 0.95 * pinch * pinch);
@@ -45,7 +52,7 @@ float sheet(vec2 q, vec4 shape, vec4 bend, float spread, float count, float rate
     float spacing = width / count * inversesqrt(1.0 + lean * lean);
     float d = (string - nearest) * spacing;
     float own = unit(hashBits(ivec2(int(nearest), int(count))));
-    float halfWidth = max(0.006, 0.45 * cell);
+    float halfWidth = max(0.006, kHair * cell);
     float coverage = min(2.0 * halfWidth / spacing, 1.0);
     float line = stroke(d, halfWidth, 1.2 * cell) * (0.45 + 0.55 * own);
     // Crowded strings become a sheet, brighter toward one rim.
@@ -61,10 +68,9 @@ float pattern(vec2 p, vec4 k[8])
     vec3 sway = noiseGradient(q * stretch + kPlaces.xy, kSpin);
     vec3 ease = noiseGradient(q * stretch + kPlaces.zw, kSpin);
     vec4 bend = 0.8 * lookWarp * vec4(sway.x, ease.x, stretch.x * sway.y, stretch.x * ease.y);
-    float cell = cellWidth();
-    float light = sheet(q, kSheet(0), bend, kSpread, 12.0, 0.9, cell);
-    light += 0.8 * sheet(q, kSheet(1), bend.yxwz, kSpread, 10.0, 1.15, cell);
-    light += 0.6 * sheet(q, kSheet(2), -bend, kSpread, 14.0, 0.75, cell);
+    float light = sheet(q, kSheet(0), bend, 12.0, 0.9, k);
+    light += 0.8 * sheet(q, kSheet(1), bend.yxwz, 10.0, 1.15, k);
+    light += 0.6 * sheet(q, kSheet(2), -bend, 14.0, 0.75, k);
     float ground = 0.27 + 0.13 * clamp(bend.x, -1.0, 1.0) + 0.24 * q.x / (1.0 + abs(q.x));
     return ground + 0.85 * expose(1.3 * light) * (1.0 - 0.5 * ground);
 }

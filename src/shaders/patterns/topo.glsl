@@ -14,6 +14,8 @@
 #define kHollowFall k[4].w
 #define kLines k[5].x
 #define kZoom k[5].y
+#define kHair k[5].z // half the width of a fine line in cells
+#define kDetail k[5].w
 
 void prepare(inout vec4 k[8])
 {
@@ -31,9 +33,11 @@ void prepare(inout vec4 k[8])
     kSummitFall = 1.0 / (0.35 + 0.5 * seedRandom(12));
     kHollowDepth = 0.16 + 0.2 * seedRandom(13);
     kHollowFall = 1.0 / (0.3 + 0.5 * seedRandom(14));
-    float lines = 11.0 + 6.0 * seedRandom(15);
-    kLines = lines;
-    kZoom = 0.36 + 0.22 * seedRandom(16);
+    kLines = (11.0 + 6.0 * seedRandom(15)) / coarseness();
+    kHair = 0.5 + 0.25 * saturate(coarseness() - 1.0);
+    // In coarse cells there are fewer hills too.
+    kZoom = (0.36 + 0.22 * seedRandom(16)) * pow(coarseness(), -0.5);
+    kDetail = 0.09 / coarseness();
 }
 
 /// The height, about 0 to 1, and its gradient.
@@ -47,10 +51,10 @@ vec3 relief(vec2 p, vec4 k[8])
     vec2 w = q + bend * vec2(bendX.x, bendY.x);
     vec3 land = noiseGradient(w + kLandPlaces.xy, kSpin);
     vec3 detail = noiseGradient(octaveTurn * w + kLandPlaces.zw, kSpin);
-    vec2 slope = 0.26 * land.yz + 0.09 * (detail.yz * octaveTurn);
+    vec2 slope = 0.26 * land.yz + kDetail * (detail.yz * octaveTurn);
     // The chain rule through the bent domain.
     slope = zoom * (slope + 1.3 * bend * (slope.x * bendX.yz + slope.y * bendY.yz));
-    vec3 height = vec3(0.42 + 0.26 * land.x + 0.09 * detail.x, slope);
+    vec3 height = vec3(0.42 + 0.26 * land.x + kDetail * detail.x, slope);
     vec2 up = p - kSummit;
     vec2 down = p - kHollow;
     float summit = kSummitHeight * exp(-dot(up, up) * kSummitFall);
@@ -68,7 +72,7 @@ float pattern(vec2 p, vec4 k[8])
     float slope = max(length(height.yz) * kLines, 1e-3);
     float cell = cellWidth();
     bool heavy = mod(nearest, 5.0) < 0.5;
-    float halfWidth = heavy ? max(0.014, 1.0 * cell) : max(0.006, 0.5 * cell);
+    float halfWidth = heavy ? max(0.014, 2.0 * kHair * cell) : max(0.006, kHair * cell);
     float line = stroke((level - nearest) / slope, halfWidth, cell);
     // Where lines would touch, they give way to the tint.
     float room = 0.5 / (slope * halfWidth);

@@ -23,7 +23,7 @@ void prepare(inout vec4 k[8])
     kBendPlaces = vec4(seedOffset(2), seedOffset(3));
     float turn = tau * seedRandom(8);
     kTurn = vec2(cos(turn), sin(turn));
-    kSize = 1.1 + 0.6 * seedRandom(9);
+    kSize = (1.1 + 0.6 * seedRandom(9)) * pow(coarseness(), -0.4);
     kSecondSize = 0.5 + 0.25 * seedRandom(10);
     kBendSpin = spin(0.05);
     float light = tau * seedRandom(11);

@@ -24,7 +24,7 @@ void prepare(inout vec4 k[8])
         vec2 arm = (0.05 + 0.3 * seedRandom(11 + i)) * vec2(cos(turn), sin(turn));
         kStroke(i) = vec4(middle - arm, middle + arm);
     }
-    float waves = tau / (0.125 + 0.05 * seedRandom(14));
+    float waves = tau / (0.125 + 0.05 * seedRandom(14)) * pow(coarseness(), -0.85);
     float light = tau * seedRandom(15);
     kRidgeRate = waves;
     kClock = loopAngle(0.3);
