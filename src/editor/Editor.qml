@@ -27,7 +27,7 @@ FocusScope {
     Accessible.name: qsTr("Tessel Broth")
     Accessible.role: Accessible.Pane
     LayoutMirroring.childrenInherit: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     focus: true
 
     // Where nothing in it has a use for that.

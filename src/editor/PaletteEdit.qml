@@ -38,6 +38,7 @@ Item {
     width: 312
 
     Component.onCompleted: open(palette.openIndex)
+    Keys.onEscapePressed: palette.cancel() // and no more than that
 
     Repeater {
         id: chips
