@@ -200,9 +200,7 @@ private:
 
 } // namespace
 
-LookPictures::LookPictures()
-    : m_painter(new Painter)
-    , m_worker(QStringLiteral("look pictures"), lowerThreadPriority)
+LookPictures::LookPictures() : m_painter(new Painter), m_worker(QStringLiteral("look pictures"))
 {
     m_worker.adopt(m_painter);
 }

@@ -226,6 +226,13 @@ void FrameEncoder::restrictTo(const Target& target, GridSize grid, float cell)
     glScissor(0, first, grid.width, last - first + 1);
 }
 
+void FrameEncoder::bindGlyphs(Dither dither)
+{
+    if (dither == Dither::ascii && !m_glyphs)
+        m_glyphs = makeGlyphs();
+    bind(TextureUnit::glyphs, m_glyphs ? m_glyphs.name() : m_placeholder.name());
+}
+
 void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Target& target)
 {
     const float cell = cellSize(pass.block, pass.slot);
@@ -235,9 +242,7 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
                                     : m_programs.composite(pass.look.dither);
     const bool smooth = pass.look.dither == Dither::smooth;
     prepareColors(pass);
-    if (pass.look.dither == Dither::ascii && !m_glyphs)
-        m_glyphs = makeGlyphs();
-    bind(TextureUnit::glyphs, m_glyphs ? m_glyphs.name() : m_placeholder.name());
+    bindGlyphs(pass.look.dither);
     if (!direct) {
         const GridSize grid = fieldSize(frame.width, frame.height, cell);
         restrictTo(target, grid, cell);
@@ -339,6 +344,7 @@ bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
     const Program& program = m_programs.map(frame.current.dither);
     setBlending(1.0F);
     bind(TextureUnit::lower, numbers.name());
+    bindGlyphs(frame.current.dither);
     glUseProgram(program.object.name());
     glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
                 1.0F / static_cast<float>(grid.height));
@@ -372,7 +378,7 @@ void FrameEncoder::prepare(const Frame& frame)
     // compile a shader anew for textures of other sizes.
     const Target target{.framebuffer = m_smallTarget.name(), .height = smallSide};
     encode(frame, target);
-    if (shaders::hasMap(frame.current.dither))
+    if (shaders::kind(frame.current.dither) == shaders::DitherKind::screen)
         encodeMap(frame, target);
     glFinish();
 }

@@ -96,10 +96,11 @@ public:
     /// one. Otherwise as encodeField() says.
     const CellTextures* encodeCells(const Frame& frame);
 
-    /// Draws the map of the frame's current look, whose dither must have one, instead of its picture: of each
-    /// pixel the number of its cell, row by row, in the lower three bytes of RGBA, and in the fourth the
-    /// largest share of the cell's upper ink, in 255ths, with which it still shows the lower one. \return
-    /// false if there is no room for it \throws DrawingError
+    /// Draws the map of the frame's current look, whose dither must be a screen, instead of its picture. Of
+    /// each pixel it has the number of its cell, row by row, in the lower three bytes of RGBA, and in the
+    /// fourth the largest share of the cell's upper ink, in 255ths, with which it still shows the lower one;
+    /// of characters a bit for each that shows the upper ink there. \return false if there is no room for it
+    /// \throws DrawingError
     bool encodeMap(const Frame& frame, const Target& target);
 
     /// Whether everything that the frame needs is there, so that encode() has nothing to build or load.
@@ -145,6 +146,7 @@ private:
               float extentY, RowOrder rows, int firstRow = 0);
     CellTextures* drawCells(const Pass& pass, GridSize grid);
     void prepareColors(const Pass& pass);
+    void bindGlyphs(Dither dither);
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
     static void restrictTo(const Target& target, GridSize grid, float cell);
     void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);

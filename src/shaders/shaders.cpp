@@ -141,16 +141,15 @@ Source composite(Dither dither, Dialect dialect)
                      {"prelude", "ink_pair", "inks_fetch", "screen", fileOf(dither), "fmain"})};
 }
 
-bool hasMap(Dither dither)
-{
-    return kind(dither) == DitherKind::screen && dither != Dither::ascii;
-}
-
 Source map(Dither dither, Dialect dialect)
 {
-    return {
-        assemble(dialect, Stage::vertex, "", {"prelude", "vmain"}),
-        assemble(dialect, Stage::fragment, "", {"prelude", "map_inks", "screen", fileOf(dither), "fmap"})};
+    std::string fragment =
+        dither == Dither::ascii
+            ? assemble(dialect, Stage::fragment, "",
+                       {"prelude", "ink_pair", "map_glyphs", fileOf(dither), "fmap_glyphs"})
+            : assemble(dialect, Stage::fragment, "",
+                       {"prelude", "map_inks", "screen", fileOf(dither), "fmap"});
+    return {assemble(dialect, Stage::vertex, "", {"prelude", "vmain"}), std::move(fragment)};
 }
 
 Source direct(Pattern pattern, Dither dither, Dialect dialect)

@@ -55,12 +55,9 @@ inline constexpr int maxLevels = 16;
 /// Draws the picture from what the passes above have left.
 [[nodiscard]] Source composite(Dither dither, Dialect dialect);
 
-/// Whether a screen dither has a map: one whose pixels each take the upper ink above a share that never
-/// changes.
-[[nodiscard]] bool hasMap(Dither dither);
-
-/// Draws the map of a screen dither: of each pixel the number of the cell that it takes its inks from, in the
-/// three colours, the lowest byte in red, and the threshold in alpha.
+/// Draws the map of a screen dither, which never changes for a size and cell: of each pixel the number of the
+/// cell that it takes its inks from, in the three colours, the lowest byte in red, and in alpha the share
+/// above which it takes the upper one. The map of characters has a bit for each of them that has ink there.
 [[nodiscard]] Source map(Dither dither, Dialect dialect);
 
 /// Draws the picture without them, evaluating the pattern at every pixel: for cells of one pixel.

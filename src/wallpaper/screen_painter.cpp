@@ -3,6 +3,7 @@
 
 #include "wallpaper/screen_painter.h"
 
+#include "render/glyph_atlas.h"
 #include "shaders/shaders.h"
 
 #include <algorithm>
@@ -46,7 +47,8 @@ void readPixels(GLuint framebuffer, GLenum attachment, int width, int height, GL
 
 bool ScreenPainter::canPaint(const Frame& frame)
 {
-    return frame.mix >= 1.0F && shaders::hasMap(frame.current.dither) && cellOf(frame) > 1.0F;
+    return frame.mix >= 1.0F && shaders::kind(frame.current.dither) == shaders::DitherKind::screen &&
+           cellOf(frame) > 1.0F;
 }
 
 bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
@@ -64,8 +66,14 @@ bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
     if (!readInks(encoder, frame))
         return false;
     std::uint32_t* const pixels = canvas.pixels();
-    for (std::size_t cell = 0; cell < m_shown.size(); ++cell)
-        repaint(cell, pixels);
+    for (std::size_t cell = 0; cell < m_shown.size(); ++cell) {
+        if (m_valid && m_lower[cell] == m_shown[cell].lower && m_upper[cell] == m_shown[cell].upper)
+            continue;
+        if (frame.current.dither == Dither::ascii)
+            repaintCharacter(cell, pixels);
+        else
+            repaint(cell, pixels);
+    }
     m_valid = true;
     findAreas();
     if (m_areas.empty())
@@ -89,19 +97,26 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_lower.resize(cells);
     m_upper.resize(cells);
     m_shown.resize(cells);
-    m_first.assign(cells + 1, 0);
     const auto bands = static_cast<std::size_t>((frame.height + bandHeight - 1) / bandHeight);
     m_dirty.assign(bands, 0);
     m_areas.reserve(bands);
-    m_places.resize(map.size());
-    m_thresholds.resize(map.size());
-    sortMap(map);
+    if (frame.current.dither == Dither::ascii) {
+        m_places = {};
+        m_thresholds = {};
+        m_characters = std::move(map);
+    } else {
+        m_characters = {};
+        sortMap(map);
+    }
     return true;
 }
 
 /// By counting: the pixels by their thresholds first, and those in that order by their cells.
 void ScreenPainter::sortMap(std::span<const std::uint32_t> map)
 {
+    m_places.resize(map.size());
+    m_thresholds.resize(map.size());
+    m_first.assign(m_shown.size() + 1, 0);
     std::array<std::uint32_t, 257> begins{};
     for (const std::uint32_t pixel : map) {
         ++begins.at((pixel >> topByte) + 1);
@@ -139,9 +154,7 @@ void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)
 {
     Shown& shown = m_shown[cell];
     const std::uint32_t nextLower = m_lower[cell];
-    const std::uint32_t nextUpper = m_upper[cell] & colorBits;
-    if (m_valid && nextLower == shown.lower && nextUpper == shown.upper)
-        return;
+    const std::uint32_t nextUpper = m_upper[cell];
     const Range all{m_first[cell], m_first[cell + 1]};
     const std::uint32_t share = nextLower >> topByte;
     // From where it was, which is seldom far: the pixels between are those that change.
@@ -150,11 +163,32 @@ void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)
         --border;
     while (border < all.end && m_thresholds[border] < share)
         ++border;
-    const bool keepsUpper = m_valid && nextUpper == shown.upper;
+    const bool keepsUpper = m_valid && ((nextUpper ^ shown.upper) & colorBits) == 0;
     const bool keepsLower = m_valid && ((nextLower ^ shown.lower) & colorBits) == 0;
     fill({keepsUpper ? std::min(shown.border, border) : all.begin, border}, nextUpper, pixels);
     fill({border, keepsLower ? std::max(shown.border, border) : all.end}, nextLower, pixels);
     shown = {nextLower, nextUpper, border};
+}
+
+/// Its cell is a square, and changes as a whole.
+void ScreenPainter::repaintCharacter(std::size_t cell, std::uint32_t* pixels)
+{
+    const std::uint32_t lower = m_lower[cell];
+    const std::uint32_t upper = m_upper[cell];
+    m_shown[cell] = {lower, upper, 0};
+    const std::uint32_t bit = 1U << ((lower >> topByte) * glyphCount / 255U);
+    const int side = static_cast<int>(m_shape.cell);
+    const int left = static_cast<int>(cell) % m_grid.width * side;
+    const int top = static_cast<int>(cell) / m_grid.width * side;
+    const int right = std::min(left + side, m_shape.width);
+    const int bottom = std::min(top + side, m_shape.height);
+    for (int y = top; y < bottom; ++y) {
+        m_dirty[static_cast<std::size_t>(y >> bandShift)] = 1;
+        const std::size_t row = areaOf(m_shape.width, y);
+        for (std::size_t at = row + static_cast<std::size_t>(left);
+             at < row + static_cast<std::size_t>(right); ++at)
+            pixels[at] = ((m_characters[at] & bit) != 0 ? upper : lower) | opaque;
+    }
 }
 
 void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels)

@@ -12,10 +12,10 @@
 
 namespace tessel {
 
-/// Paints frames of dithers that have a map, and only the pixels that change. Such a pixel shows the upper
-/// one of its cell's two inks above a share that never changes for a dither, size and cell, so that a cell
-/// keeps its pixels in the order of their shares, and those that change with its tone stand together. It
-/// allocates nothing as long as the dither, the size and the cell stay.
+/// Paints frames of screen dithers, and only what changes. A pixel of theirs shows the upper one of its
+/// cell's two inks above a share that never changes for a dither, size and cell, so that a cell keeps its
+/// pixels in the order of their shares, and those that change with its tone stand together. Of characters a
+/// cell is painted whole. It allocates nothing as long as the dither, the size and the cell stay.
 class ScreenPainter
 {
 public:
@@ -66,6 +66,7 @@ private:
     void sortMap(std::span<const std::uint32_t> map);
     bool readInks(FrameEncoder& encoder, const Frame& frame);
     void repaint(std::size_t cell, std::uint32_t* pixels);
+    void repaintCharacter(std::size_t cell, std::uint32_t* pixels);
     void fill(Range range, std::uint32_t color, std::uint32_t* pixels);
     void findAreas();
 
@@ -74,7 +75,8 @@ private:
     bool m_valid = false;
     std::vector<std::uint32_t> m_first; ///< of each cell, the place of its first pixel; and one for the end
     std::vector<Place> m_places;        ///< of all pixels, by cell and then by threshold
-    std::vector<std::uint8_t> m_thresholds; ///< of the same pixels
+    std::vector<std::uint8_t> m_thresholds;  ///< of the same pixels
+    std::vector<std::uint32_t> m_characters; ///< of each pixel, which of them have ink there
     std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
     std::vector<Shown> m_shown;

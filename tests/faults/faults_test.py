@@ -283,7 +283,7 @@ class FaultTest(unittest.TestCase):
         log = scene.folder.parent / "log"
         done = self.inject(scene, "fsync", "delay_enter=20s", "1", log)
         self.assertEqual(done.returncode, 0, done.stderr)
-        self.assertRegex(log.read_text(), r"fsync resumed>\) += \?", "it was waited for")
+        self.assertRegex(log.read_text(), r"fsync(\(\d+| resumed>)\) += \?", "it was waited for")
         self.check_after(scene, [after])
 
     def test_settings_killed(self) -> None:

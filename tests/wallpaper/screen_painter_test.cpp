@@ -41,7 +41,8 @@ protected:
 
 TEST_F(ScreenPainterTest, ShowsWhatTheRendererDraws)
 {
-    for (const Dither dither : {Dither::halftone, Dither::lines, Dither::diamond, Dither::benday}) {
+    for (const Dither dither :
+         {Dither::halftone, Dither::lines, Dither::diamond, Dither::benday, Dither::ascii}) {
         for (const float pixel : {2.0F, 7.0F, 12.0F, 31.0F}) {
             Look look;
             look.seed = 4;
@@ -80,7 +81,8 @@ TEST_F(ScreenPainterTest, LeavesTheRestToOpenGl)
     Look look;
     for (const Dither dither : allDithers()) {
         look.dither = dither;
-        EXPECT_EQ(ScreenPainter::canPaint(frameOf(look, 0.0)), shaders::hasMap(dither));
+        EXPECT_EQ(ScreenPainter::canPaint(frameOf(look, 0.0)),
+                  shaders::kind(dither) == shaders::DitherKind::screen);
     }
     look.dither = Dither::lines;
     Frame fading = frameOf(look, 0.0);

@@ -334,12 +334,10 @@ void X11Occlusion::askRoot()
     const auto list = askProperty(server, m_connection.root(), m_atoms->clientList);
     const auto desktop = askProperty(server, m_connection.root(), m_atoms->currentDesktop);
     const auto showing = askProperty(server, m_connection.root(), m_atoms->showingDesktop);
-    const auto selection = xcb_get_selection_owner(server, m_atoms->compositor);
     followList(readProperty(server, list));
     m_workspace = firstOr(readProperty(server, desktop), 0);
     m_isShowingDesktop = firstOr(readProperty(server, showing), 0) != 0;
-    const auto owner = readReply(xcb_get_selection_owner_reply, server, selection);
-    followCompositor(owner != nullptr ? owner->owner : xcb_window_t{XCB_WINDOW_NONE});
+    followCompositor();
 }
 
 void X11Occlusion::followList(const std::vector<std::uint32_t>& listed)
@@ -355,18 +353,28 @@ void X11Occlusion::followList(const std::vector<std::uint32_t>& listed)
     }
 }
 
-void X11Occlusion::followCompositor(xcb_window_t owner)
+xcb_window_t X11Occlusion::askCompositor() const
 {
-    if (owner == m_compositor)
-        return;
+    xcb_connection_t* server = m_connection.get();
+    const auto owner = readReply(xcb_get_selection_owner_reply, server,
+                                 xcb_get_selection_owner(server, m_atoms->compositor));
+    return owner != nullptr ? owner->owner : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+void X11Occlusion::followCompositor()
+{
     const bool wasBlending = isBlending();
-    m_compositor = owner;
-    static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    // Its end is the end of blending. A manager that composes may own this with one of the listed windows'
-    // kin, or with the root, whose events are chosen already.
-    if (owner != XCB_WINDOW_NONE && owner != m_connection.root() && !m_windows.contains(owner))
-        xcb_change_window_attributes(m_connection.get(), owner, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(m_connection.get());
+    xcb_window_t owner = askCompositor();
+    while (owner != m_compositor) {
+        m_compositor = owner;
+        static constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        // Its end is the end of blending. A manager that composes may own this with one of the listed
+        // windows' kin, or with the root, whose events are chosen already.
+        if (owner != XCB_WINDOW_NONE && owner != m_connection.root() && !m_windows.contains(owner))
+            xcb_change_window_attributes(m_connection.get(), owner, XCB_CW_EVENT_MASK, &events);
+        // It may have ended before it could be heard.
+        owner = askCompositor();
+    }
     if (wasBlending != isBlending())
         Q_EMIT blendingChanged();
 }

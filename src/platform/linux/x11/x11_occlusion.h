@@ -76,7 +76,8 @@ private:
     void refresh();
     void askRoot();
     void followList(const std::vector<std::uint32_t>& listed);
-    void followCompositor(xcb_window_t owner);
+    [[nodiscard]] xcb_window_t askCompositor() const;
+    void followCompositor();
     void askWindows();
     void addUp();
     [[nodiscard]] bool computeCovered(const QRect& pixels) const;
