@@ -45,6 +45,8 @@ TEST_P(EveryShader, IsValid)
     }
     for (const Dither dither : allDithers()) {
         add(composite(dither, GetParam()));
+        if (kind(dither) == DitherKind::screen)
+            add(map(dither, GetParam()));
         add(direct(Pattern::flow, dither, GetParam()));
         if (kind(dither) != DitherKind::continuous)
             add(inks(dither, GetParam()));
