@@ -20,8 +20,13 @@ class EditorTest(EdgeTest):
 
     def drag(self, name: str, x: int, y: int) -> None:
         """Drags from a control to a place, and lets go there."""
-        self.desktop.point_at(*self.reader.find(name).middle())
-        self.desktop.output("xdotool", "mousedown", "1", "mousemove", str(x // 2), str(y), "mousemove", str(x), str(y))
+        left, top = self.reader.find(name).middle()
+        before = self.draft()
+        self.desktop.point_at(left, top)
+        # On the control first, as a hand does: the press is seen while the pointer is still there.
+        self.desktop.output("xdotool", "mousedown", "1", "mousemove", str(left + 12), str(top))
+        wait_until(lambda: self.draft() != before, f"a drag of {name}")
+        self.desktop.output("xdotool", "mousemove", str(x // 2), str(y), "mousemove", str(x), str(y))
         self.desktop.output("xdotool", "mouseup", "1")
 
     def wait_for_draft(self, what: str, **values: object) -> None:
