@@ -10,7 +10,8 @@ namespace tessel {
 class LookPictures;
 
 /// Makes "import TesselBroth.Controls" work in an engine: its types, typefaces, symbols, shapes and pictures
-/// of looks. There must be a QGuiApplication. \param pictures must outlive the engine
+/// of looks. There must be a QGuiApplication.
+/// \param pictures must outlive the engine
 void installControls(QQmlEngine& engine, LookPictures& pictures);
 
 } // namespace tessel

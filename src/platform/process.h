@@ -22,7 +22,7 @@ void shareUnusedMemory();
 void releaseUnusedMemory();
 
 /// Lets go of the pages of code that were needed once: to start, to compile shaders, to show an editor. What
-/// is needed again comes back from the system's cache as it is used, about 0.2 microseconds a page.
+/// is needed again comes back from the system's cache as it is used.
 void releaseUnusedCode();
 
 } // namespace tessel

@@ -76,8 +76,7 @@ PhotoSize sizeOf(const std::shared_ptr<const Photo>& photo)
 /// The number of each cell, row by row, as a colour.
 GlTexture makeNumbers(GridSize grid)
 {
-    std::vector<std::uint32_t> numbers(static_cast<std::size_t>(grid.width) *
-                                       static_cast<std::size_t>(grid.height));
+    std::vector<std::uint32_t> numbers(cellCount(grid));
     std::iota(numbers.begin(), numbers.end(), 0U);
     return makeTexture(colorFormat, grid.width, grid.height, numbers.data());
 }
@@ -91,6 +90,14 @@ bool makeUpper(CellTextures& cells, GridSize size)
     if (cells.upper)
         cells.inkTarget = makeFramebuffer(cells.lower, &cells.upper);
     return static_cast<bool>(cells.inkTarget);
+}
+
+/// Tells a program how many cells its textures have.
+void setGrid(const Program& program, GridSize grid)
+{
+    glUseProgram(program.object.name());
+    glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
+                1.0F / static_cast<float>(grid.height));
 }
 
 /// The first look of a cross-fade is drawn over whatever was there, the second blended on top of it.
@@ -189,8 +196,7 @@ CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
     const GlFramebuffer& target = twoInks ? cells->inkTarget : cells->lowerTarget;
     bind(TextureUnit::field, cells->field.name());
     bind(TextureUnit::blueNoise, m_blueNoise.name());
-    glUseProgram(inks.object.name());
-    glUniform2f(inks.perCell, 1.0F / columns, 1.0F / rows);
+    setGrid(inks, grid);
     draw(pass, inks, target.name(), grid, columns, rows, RowOrder::topFirst);
     return cells;
 }
@@ -252,9 +258,7 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
              smooth ? m_linear.name() : 0);
         bind(TextureUnit::upper,
              cells != nullptr && cells->upper ? cells->upper.name() : m_placeholder.name());
-        glUseProgram(program.object.name());
-        glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
-                    1.0F / static_cast<float>(grid.height));
+        setGrid(program, grid);
     } else {
         bind(TextureUnit::photo, pass.photo);
         bind(TextureUnit::blueNoise, m_blueNoise.name());
@@ -345,9 +349,7 @@ bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
     setBlending(1.0F);
     bind(TextureUnit::lower, numbers.name());
     bindGlyphs(frame.current.dither);
-    glUseProgram(program.object.name());
-    glUniform2f(program.perCell, 1.0F / static_cast<float>(grid.width),
-                1.0F / static_cast<float>(grid.height));
+    setGrid(program, grid);
     draw(Pass{block, Slot::current, frame.current, 0}, program, target.framebuffer,
          {frame.width, frame.height}, static_cast<float>(frame.width) / cell,
          static_cast<float>(frame.height) / cell, target.rows, target.firstRow);

@@ -99,7 +99,8 @@ public:
     /// Draws the map of the frame's current look, whose dither must be a screen, instead of its picture. Of
     /// each pixel it has the number of its cell, row by row, in the lower three bytes of RGBA, and in the
     /// fourth the largest share of the cell's upper ink, in 255ths, with which it still shows the lower one;
-    /// of characters a bit for each that shows the upper ink there. \return false if there is no room for it
+    /// of characters a bit for each that shows the upper ink there.
+    /// \return false if there is no room for it
     /// \throws DrawingError
     bool encodeMap(const Frame& frame, const Target& target);
 

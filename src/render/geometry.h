@@ -5,6 +5,8 @@
 
 #include "model/look.h"
 
+#include <cstddef>
+
 namespace tessel {
 
 /// The screen length, in points, at which a look's `pixel` means points: that of the desktop.
@@ -19,6 +21,11 @@ struct GridSize
     int height = 0;
     bool operator==(const GridSize&) const = default;
 };
+
+[[nodiscard]] constexpr std::size_t cellCount(GridSize grid)
+{
+    return static_cast<std::size_t>(grid.width) * static_cast<std::size_t>(grid.height);
+}
 
 /// The side, in target pixels, of one cell of `look` on a target of `width` x `height` pixels; at least 1,
 /// and no longer than the target.

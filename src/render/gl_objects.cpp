@@ -53,4 +53,13 @@ GlFramebuffer makeFramebuffer(const GlTexture& first, const GlTexture* second)
     return complete ? std::move(framebuffer) : GlFramebuffer();
 }
 
+void readColors(const GlFramebuffer& framebuffer, int width, int height, std::uint32_t* pixels,
+                GLenum attachment, GLenum format)
+{
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.name());
+    glReadBuffer(attachment);
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, width, height, format, GL_UNSIGNED_INT_8_8_8_8_REV, pixels);
+}
+
 } // namespace tessel

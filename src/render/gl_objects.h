@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <epoxy/gl.h>
 
 #include <utility>
@@ -88,5 +89,11 @@ inline constexpr TextureFormat maskFormat{GL_R8, GL_RED, GL_UNSIGNED_BYTE};
 
 /// A framebuffer that draws into these textures; an empty object if the driver cannot draw into them.
 [[nodiscard]] GlFramebuffer makeFramebuffer(const GlTexture& first, const GlTexture* second = nullptr);
+
+/// Reads colours back, first row first and without gaps: 0xAARRGGBB, or with GL_RGBA the bytes as they are.
+/// Leaves the framebuffer bound.
+/// \param attachment which of its textures
+void readColors(const GlFramebuffer& framebuffer, int width, int height, std::uint32_t* pixels,
+                GLenum attachment = GL_COLOR_ATTACHMENT0, GLenum format = GL_BGRA);
 
 } // namespace tessel

@@ -74,10 +74,7 @@ bool StillDrawing::advance(FrameEncoder& encoder, StillTiming* timing)
     glFinish();
     taken.passes = watch.lap();
     const int rows = std::min(m_targetRows, m_frame.height - m_done);
-    glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer.name());
-    glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, m_frame.width, rows, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
-                 m_picture->row(m_done).data());
+    readColors(m_framebuffer, m_frame.width, rows, m_picture->row(m_done).data());
     taken.readBack = watch.lap();
     if (timing != nullptr)
         *timing = taken;
@@ -108,10 +105,8 @@ std::optional<Field> renderField(FrameEncoder& encoder, const Frame& frame)
     if (cells == nullptr)
         return std::nullopt;
     Field field;
-    field.size = fieldSize(frame.width, frame.height,
-                           cellSize(frame.current, frame.width, frame.height, frame.reference));
-    field.tones.resize(static_cast<std::size_t>(field.size.width) *
-                       static_cast<std::size_t>(field.size.height));
+    field.size = fieldSize(frame.width, frame.height, cellSize(frame));
+    field.tones.resize(cellCount(field.size));
     glBindFramebuffer(GL_FRAMEBUFFER, cells->fieldTarget.name());
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, field.size.width, field.size.height, GL_RED, GL_FLOAT, field.tones.data());

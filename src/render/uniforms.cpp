@@ -83,7 +83,7 @@ UniformBlock makeUniforms(const Frame& frame, PhotoSize previousPhoto, PhotoSize
                        previousPhoto.height,
                        previousPhoto.present ? 1.0F : 0.0F,
                        cellSize(frame.previous, frame.width, frame.height, frame.reference),
-                       cellSize(frame.current, frame.width, frame.height, frame.reference)};
+                       cellSize(frame)};
     auto out = block.begin() + frameHeaderLength;
     out = std::ranges::copy(cache.block(frame.previous), out).out;
     std::ranges::copy(cache.block(frame.current), out);
@@ -110,6 +110,11 @@ UniformBlock withEdge(UniformBlock block, Edge edge)
 float cellSize(const UniformBlock& block, Slot slot)
 {
     return block[cellSizeIndex + static_cast<std::size_t>(slot)];
+}
+
+float cellSize(const Frame& frame)
+{
+    return cellSize(frame.current, frame.width, frame.height, frame.reference);
 }
 
 } // namespace tessel

@@ -83,4 +83,7 @@ private:
 /// The cell size of one of the two looks.
 [[nodiscard]] float cellSize(const UniformBlock& block, Slot slot);
 
+/// The cell size of the frame's current look.
+[[nodiscard]] float cellSize(const Frame& frame);
+
 } // namespace tessel

@@ -13,27 +13,17 @@ namespace {
 
 constexpr std::uint32_t colorBits = 0xFFFFFF;
 
-float cellOf(const Frame& frame)
-{
-    return cellSize(frame.current, frame.width, frame.height, frame.reference);
-}
-
-std::size_t cellCount(GridSize grid)
-{
-    return static_cast<std::size_t>(grid.width) * static_cast<std::size_t>(grid.height);
-}
-
 } // namespace
 
 bool CellPainter::canPaint(const Frame& frame)
 {
     return frame.mix >= 1.0F && shaders::kind(frame.current.dither) == shaders::DitherKind::cell &&
-           cellOf(frame) > 1.0F;
+           cellSize(frame) > 1.0F;
 }
 
 bool CellPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
 {
-    const int cell = static_cast<int>(cellOf(frame));
+    const int cell = static_cast<int>(cellSize(frame));
     const GridSize grid = fieldSize(frame.width, frame.height, static_cast<float>(cell));
     if (grid != m_grid || cell != m_cell) {
         m_grid = grid;
@@ -61,9 +51,7 @@ bool CellPainter::readCells(FrameEncoder& encoder, const Frame& frame)
     const CellTextures* cells = encoder.encodeCells(frame);
     if (cells == nullptr)
         return false;
-    glBindFramebuffer(GL_FRAMEBUFFER, cells->lowerTarget.name());
-    glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, m_next.data());
+    readColors(cells->lowerTarget, m_grid.width, m_grid.height, m_next.data());
     return true;
 }
 

@@ -127,9 +127,7 @@ void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
         m_buffer.framebuffer = makeFramebuffer(m_buffer.texture);
     }
     m_graphics.encoder().encode(frame, {.framebuffer = m_buffer.framebuffer.name()});
-    glBindFramebuffer(GL_FRAMEBUFFER, m_buffer.framebuffer.name());
-    glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, frame.width, frame.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, canvas.pixels());
+    readColors(m_buffer.framebuffer, frame.width, frame.height, canvas.pixels());
     canvas.presentPixels(std::array{
         PixelRect{0, 0, static_cast<std::uint16_t>(frame.width), static_cast<std::uint16_t>(frame.height)}});
     m_cells.invalidate();

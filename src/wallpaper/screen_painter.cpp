@@ -23,37 +23,17 @@ constexpr int topByte = 24;
 constexpr int bandShift = 5;
 constexpr int bandHeight = 1 << bandShift;
 
-std::size_t areaOf(int width, int height)
-{
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-}
-
-float cellOf(const Frame& frame)
-{
-    return cellSize(frame.current, frame.width, frame.height, frame.reference);
-}
-
-void readPixels(GLuint framebuffer, GLenum attachment, int width, int height, GLenum format, GLenum type,
-                std::uint32_t* pixels)
-{
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    glReadBuffer(attachment);
-    glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, width, height, format, type, pixels);
-    glReadBuffer(GL_COLOR_ATTACHMENT0);
-}
-
 } // namespace
 
 bool ScreenPainter::canPaint(const Frame& frame)
 {
     return frame.mix >= 1.0F && shaders::kind(frame.current.dither) == shaders::DitherKind::screen &&
-           cellOf(frame) > 1.0F;
+           cellSize(frame) > 1.0F;
 }
 
 bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
 {
-    const Shape shape{frame.current.dither, frame.width, frame.height, cellOf(frame)};
+    const Shape shape{frame.current.dither, frame.width, frame.height, cellSize(frame)};
     if (shape != m_shape) {
         m_valid = false;
         m_grid = fieldSize(frame.width, frame.height, shape.cell);
@@ -90,10 +70,9 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     const GlFramebuffer framebuffer = makeFramebuffer(texture);
     if (!framebuffer || !encoder.encodeMap(frame, {.framebuffer = framebuffer.name()}))
         return false;
-    std::vector<std::uint32_t> map(areaOf(frame.width, frame.height));
-    readPixels(framebuffer.name(), GL_COLOR_ATTACHMENT0, frame.width, frame.height, GL_RGBA,
-               GL_UNSIGNED_INT_8_8_8_8_REV, map.data());
-    const std::size_t cells = areaOf(m_grid.width, m_grid.height);
+    std::vector<std::uint32_t> map(cellCount({frame.width, frame.height}));
+    readColors(framebuffer, frame.width, frame.height, map.data(), GL_COLOR_ATTACHMENT0, GL_RGBA);
+    const std::size_t cells = cellCount(m_grid);
     m_lower.resize(cells);
     m_upper.resize(cells);
     m_shown.resize(cells);
@@ -142,11 +121,8 @@ bool ScreenPainter::readInks(FrameEncoder& encoder, const Frame& frame)
     const CellTextures* cells = encoder.encodeCells(frame);
     if (cells == nullptr)
         return false;
-    const GLuint inks = cells->inkTarget.name();
-    readPixels(inks, GL_COLOR_ATTACHMENT0, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
-               m_lower.data());
-    readPixels(inks, GL_COLOR_ATTACHMENT1, m_grid.width, m_grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
-               m_upper.data());
+    readColors(cells->inkTarget, m_grid.width, m_grid.height, m_lower.data());
+    readColors(cells->inkTarget, m_grid.width, m_grid.height, m_upper.data(), GL_COLOR_ATTACHMENT1);
     return true;
 }
 
@@ -184,7 +160,7 @@ void ScreenPainter::repaintCharacter(std::size_t cell, std::uint32_t* pixels)
     const int bottom = std::min(top + side, m_shape.height);
     for (int y = top; y < bottom; ++y) {
         m_dirty[static_cast<std::size_t>(y >> bandShift)] = 1;
-        const std::size_t row = areaOf(m_shape.width, y);
+        const std::size_t row = cellCount({m_shape.width, y});
         for (std::size_t at = row + static_cast<std::size_t>(left);
              at < row + static_cast<std::size_t>(right); ++at)
             pixels[at] = ((m_characters[at] & bit) != 0 ? upper : lower) | opaque;

@@ -23,8 +23,9 @@ public:
     [[nodiscard]] static bool canPaint(const Frame& frame);
 
     /// Paints a frame that canPaint(), with an OpenGL context current for working out the cells and the map.
-    /// The pixels of the canvas must be as they were left. \return whether anything had to be painted; false
-    /// also where the GPU has no room for what it works out \throws DrawingError
+    /// The pixels of the canvas must be as they were left.
+    /// \return whether anything had to be painted; false also where the GPU has no room for what it works out
+    /// \throws DrawingError
     bool paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas);
 
     /// The canvas no longer shows what was painted: the next frame is painted whole.

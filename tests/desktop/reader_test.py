@@ -7,9 +7,9 @@ from contextlib import suppress
 
 from gi.repository import GLib
 
-from accessibility import CHECKED, ENABLED, FOCUSABLE, SELECTED, Element, ScreenReader
-from application import ApplicationTest
+from accessibility import CHECKED, ENABLED, FOCUSABLE, SELECTED, Element
 from desktop import Desktop, wait_until
+from edge import EdgeTest
 
 UNAVAILABLE = "Not available now"
 
@@ -20,23 +20,12 @@ READ_OUT = {"application", "frame", "panel", "heading", "label", "list", "page t
             "progress bar"}
 
 
-class ReaderTest(ApplicationTest):
+class ReaderTest(EdgeTest):
     """Every control of every state has a name, a role, a state or value, and an action that works."""
 
     @classmethod
     def make_desktop(cls) -> Desktop:
         return Desktop(800, 800)
-
-    @classmethod
-    def setUpClass(cls) -> None:
-        super().setUpClass()
-        cls.reader = ScreenReader(cls.desktop)
-
-    def setUp(self) -> None:
-        super().setUp()
-        self.application.write_settings(handleHidden="false", motion="false")
-        self.desktop.point_at(600, 20)
-        self.application.start()
 
     # What holds everywhere
 

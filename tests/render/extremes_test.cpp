@@ -96,9 +96,8 @@ TEST_F(ExtremeCells, AreThoseOfTheStill)
             const Picture still = draw(look, width, height);
             const CellTextures* cells = encoder.encodeCells(frame);
             ASSERT_NE(cells, nullptr) << named(look);
-            std::vector<std::uint32_t> colors(static_cast<std::size_t>(grid.width * grid.height));
-            glBindFramebuffer(GL_FRAMEBUFFER, cells->lowerTarget.name());
-            glReadPixels(0, 0, grid.width, grid.height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, colors.data());
+            std::vector<std::uint32_t> colors(cellCount(grid));
+            readColors(cells->lowerTarget, grid.width, grid.height, colors.data());
             std::size_t different = 0;
             for (int y = 0; y < height; ++y) {
                 const int row = static_cast<int>(static_cast<float>(y) / cell) * grid.width;

@@ -83,8 +83,7 @@ TEST_F(Still, IsTurnedOverForWindows)
     encoder.encode({.previous = look, .current = look, .width = 200, .height = 150},
                    {framebuffer.name(), RowOrder::bottomFirst});
     Picture turned(200, 150);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.name());
-    glReadPixels(0, 0, 200, 150, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, turned.pixels.get());
+    readColors(framebuffer, 200, 150, turned.pixels.get());
     const Picture upright = draw(look, 200, 150);
     for (int y = 0; y < 150; ++y)
         EXPECT_TRUE(std::ranges::equal(turned.row(149 - y), upright.row(y))) << y;
