@@ -26,6 +26,23 @@ function(tessel_add_library name)
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE tessel_options)
 endfunction()
 
+# tessel_add_wayland_protocols(TARGET file...)
+# What is generated from descriptions of protocols: FILE-client.h, and the code that it declares.
+function(tessel_add_wayland_protocols target)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/protocols)
+    file(MAKE_DIRECTORY ${folder})
+    foreach(description ${ARGN})
+        get_filename_component(name ${description} NAME_WE)
+        add_custom_command(OUTPUT ${folder}/${name}-client.h ${folder}/${name}.c
+            COMMAND ${WAYLAND_SCANNER} client-header ${description} ${folder}/${name}-client.h
+            COMMAND ${WAYLAND_SCANNER} private-code ${description} ${folder}/${name}.c
+            DEPENDS ${description})
+        target_sources(${target} PRIVATE ${folder}/${name}-client.h ${folder}/${name}.c)
+        set_source_files_properties(${folder}/${name}.c PROPERTIES COMPILE_OPTIONS -w)
+    endforeach()
+    target_include_directories(${target} SYSTEM PRIVATE ${folder})
+endfunction()
+
 # tessel_add_tests(NAME SOURCES file... DEPENDS target...)
 # One test program for a subsystem; every test case in it becomes a test of its own.
 function(tessel_add_tests name)

@@ -40,9 +40,9 @@ Interface::Interface(const InterfaceParts& parts)
         if (!m_edge.state().isOpen())
             m_pictures.release();
     });
-    connect(&m_quickActions, &QuickActions::presetsRequested, this, &Interface::popUpPresets);
-    m_presetsMenu.menu().setAccessibleName(tr("Presets"));
-    connect(&m_presetsMenu.menu(), &QMenu::aboutToHide, this, [this] { m_edge.setHeld(false); });
+    connect(&m_quickActions, &QuickActions::presetsRequested, &m_presetsMenu, &PresetsMenu::open);
+    connect(&m_presetsMenu, &PresetsMenu::opened, this, [this] { m_edge.setMenuOpen(true); });
+    connect(&m_presetsMenu, &PresetsMenu::closed, this, [this] { m_edge.setMenuOpen(false); });
     const Session& session = parts.scene.session;
     const auto followSession = [&session] {
         Surroundings::instance().setReducedMotion(session.state().reducedMotion);
@@ -61,18 +61,10 @@ std::unique_ptr<EdgePanel> Interface::makePanel()
     return EdgePanel::make(m_parts.windows, m_engine,
                            {{QStringLiteral("edge"), QVariant::fromValue(&m_edge.state())},
                             {QStringLiteral("actions"), QVariant::fromValue(&m_quickActions)},
+                            {QStringLiteral("presets"), QVariant::fromValue(&m_presetsMenu)},
                             {QStringLiteral("thumb"), QVariant::fromValue(&m_thumb)},
                             {QStringLiteral("preview"), QVariant::fromValue(&m_preview)},
                             {QStringLiteral("editor"), QVariant::fromValue(&m_editor)}});
-}
-
-void Interface::popUpPresets()
-{
-    m_edge.setHeld(true);
-    QMenu& menu = m_presetsMenu.menu();
-    m_presetsMenu.refresh();
-    menu.popup(
-        presetsMenuPosition(m_edge.screenFrame(Mode::quick), m_parts.store.edge(), menu.sizeHint().width()));
 }
 
 } // namespace tessel

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "app/dialogs.h"
-#include "app/menu_view.h"
+#include "app/presets_menu.h"
 #include "controls/live_picture.h"
 #include "controls/look_pictures.h"
 #include "edge/edge_controller.h"
@@ -38,7 +38,6 @@ public:
 
 private:
     std::unique_ptr<EdgePanel> makePanel();
-    void popUpPresets();
 
     const InterfaceParts m_parts;
     LookPictures m_pictures;
@@ -48,7 +47,7 @@ private:
     EditorModel m_editor;
     LivePicture m_thumb;
     LivePicture m_preview;
-    MenuView m_presetsMenu;
+    PresetsMenu m_presetsMenu;
 };
 
 } // namespace tessel

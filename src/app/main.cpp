@@ -110,7 +110,7 @@ int runApplication(QApplication& application)
     AnimationClocks clocks;
     LookPreparer preparer;
     const std::unique_ptr<Session> session = makeSession();
-    const std::unique_ptr<DesktopPictures> pictures = makeDesktopPictures();
+    const std::unique_ptr<DesktopPictures> pictures = windows->makePictures();
     Wallpaper wallpaper({.store = store,
                          .windows = *windows,
                          .session = *session,

@@ -6,8 +6,8 @@ import QtQuick
 import TesselBroth.Controls
 
 /**
- * A menu that opens above what it fills and stays inside it. Its rows are objects with `text`, and maybe `detail` (set
- * off from the text), `separated` (a line before it) and `disabled`.
+ * A menu that opens above what it fills and stays inside it; it scrolls where there are too many rows. They are objects
+ * with `text`, and maybe `detail` (set off from the text), `checked`, `separated` (a line before it) and `disabled`.
  */
 FocusScope {
     id: root
@@ -18,6 +18,8 @@ FocusScope {
     property bool isOpen: false
     /** The row under the pointer, or where the keyboard is; -1 for none. */
     property int current: -1
+    readonly property rect cardFrame: Qt.rect(card.x, card.y, card.width, card.height)
+    readonly property bool isMarked: rows.some(row => row.checked !== undefined)
     /** What had the focus before. */
     property Item before: null
 
@@ -34,6 +36,11 @@ FocusScope {
     function openAt(item: Item, x: real, y: real) {
         const spot = item.mapToItem(root, x, y)
         open(LayoutMirroring.enabled ? spot.x - card.width : spot.x, spot.y, spot.y)
+    }
+
+    /** Opens it with its corner at a point, higher up where it does not fit. */
+    function openBeside(x: real, y: real) {
+        open(x, y, Math.max(y, height - 6))
     }
 
     /** Opens it with its corner at a point, or with its lower corner at `above` where that does not fit. */
@@ -71,7 +78,9 @@ FocusScope {
             const row = ((index + i * step) % rows.length + rows.length) % rows.length
             if (rows[row].disabled !== true) {
                 current = row
-                items.itemAt(row).forceActiveFocus(Qt.OtherFocusReason)
+                const item = items.itemAt(row)
+                item.forceActiveFocus(Qt.OtherFocusReason)
+                view.contentY = Math.max(item.y + item.height - view.height, Math.min(item.y, view.contentY))
                 return
             }
         }
@@ -139,52 +148,57 @@ FocusScope {
         id: card
 
         color: Theme.pan
-        height: column.height + 12
+        height: Math.min(column.height + 12, root.height - 12)
         radius: 2
         shadowed: true
         width: Math.min(root.width - 2 * root.margin, column.widest + 12)
 
-        Column {
-            id: column
+        Flickable {
+            id: view
 
-            readonly property real widest: {
-                let most = 100
-                for (let i = 0; i < items.count; ++i) {
-                    const row = items.itemAt(i) as PopupMenuRow
-                    if (row)
-                        most = Math.max(most, row.implicitWidth)
+            anchors.fill: parent
+            anchors.margins: 6
+            boundsBehavior: Flickable.StopAtBounds
+            clip: contentHeight > height
+            contentHeight: column.height
+
+            Column {
+                id: column
+
+                readonly property real widest: {
+                    let most = 100
+                    for (let i = 0; i < items.count; ++i) {
+                        const row = items.itemAt(i) as PopupMenuRow
+                        if (row)
+                            most = Math.max(most, row.implicitWidth)
+                    }
+                    return most
                 }
-                return most
-            }
 
-            anchors {
-                left: parent.left
-                right: parent.right
-                rightMargin: 6
-                leftMargin: 6
-                top: parent.top
-                topMargin: 6
-            }
+                width: view.width
 
-            Repeater {
-                id: items
+                Repeater {
+                    id: items
 
-                model: root.rows
+                    model: root.rows
 
-                PopupMenuRow {
-                    required property int index
-                    required property var modelData
+                    PopupMenuRow {
+                        required property int index
+                        required property var modelData
 
-                    detail: modelData.detail ?? ""
-                    enabled: modelData.disabled !== true
-                    isCurrent: index === root.current
-                    separated: modelData.separated === true
-                    text: modelData.text
-                    width: column.width
+                        detail: modelData.detail ?? ""
+                        enabled: modelData.disabled !== true
+                        isCurrent: index === root.current
+                        isMarked: root.isMarked
+                        mark: modelData.checked
+                        separated: modelData.separated === true
+                        text: modelData.text
+                        width: column.width
 
-                    onEntered: root.current = index
-                    onExited: if (root.current === index) root.current = -1
-                    onPressed: root.trigger(index)
+                        onEntered: root.current = index
+                        onExited: if (root.current === index) root.current = -1
+                        onPressed: root.trigger(index)
+                    }
                 }
             }
         }

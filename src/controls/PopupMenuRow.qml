@@ -10,6 +10,10 @@ Item {
     required property string text
     property string detail
     property bool isCurrent: false
+    /** Whether it is the one that is chosen, if it can be. */
+    property var mark
+    /** Whether there is room for such marks before the text. */
+    property bool isMarked: false
     /** A line stands before it. */
     property bool separated: false
 
@@ -17,14 +21,17 @@ Item {
     signal exited
     signal pressed
 
+    readonly property real indent: isMarked ? 28 : 10
     readonly property color ink: !enabled ? Theme.disabledText : isCurrent ? Theme.amber : Theme.steam
 
+    Accessible.checkable: mark !== undefined
+    Accessible.checked: mark === true
     Accessible.focusable: true
     Accessible.name: detail === "" ? text : `${text}  ·  ${detail}`
     Accessible.onPressAction: if (enabled) pressed()
     Accessible.role: Accessible.MenuItem
     height: separated ? 35 : 26
-    implicitWidth: 20 + words.implicitWidth + (detail === "" ? 0 : dot.implicitWidth + more.implicitWidth)
+    implicitWidth: indent + 10 + words.implicitWidth + (detail === "" ? 0 : dot.implicitWidth + more.implicitWidth)
 
     Rectangle {
         color: Theme.line
@@ -47,11 +54,21 @@ Item {
 
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.leftMargin: 10
+        anchors.leftMargin: root.indent
         color: root.ink
+        elide: Text.ElideRight
         height: 26
         text: root.text
-        width: Math.min(implicitWidth, root.width - 20)
+        width: Math.min(implicitWidth, root.width - root.indent - 10)
+    }
+    Symbol {
+        anchors.left: parent.left
+        anchors.leftMargin: 7
+        anchors.verticalCenter: words.verticalCenter
+        box: 16
+        color: root.ink
+        name: "check"
+        visible: root.mark === true
     }
     Label {
         id: dot

@@ -10,6 +10,8 @@ Item {
 
     required property EdgeState edge
     required property QuickActions actions
+    /** The menu that opens beside the strip: `rows`, `run(row)`, `close()` and the signal `opened`. */
+    required property var presets
     required property LivePicture thumb
     required property LivePicture preview
     /** What the editor works on; its QML is loaded when it first opens. */
@@ -24,6 +26,8 @@ Item {
             parts.push({ frame: frameOf(shell), radius: shell.radius })
         if (capsule.visible)
             parts.push({ frame: frameOf(capsule), radius: 6 })
+        if (presetsMenu.isOpen)
+            parts.push({ frame: presetsMenu.cardFrame, radius: 2 })
         return parts
     }
 
@@ -148,6 +152,36 @@ Item {
             function onQuickHoverChanged() {
                 if (root.edge.quickHover >= 0)
                     capsule.shownRow = root.edge.quickHover
+            }
+
+            target: root.edge
+        }
+    }
+
+    PopupMenu {
+        id: presetsMenu
+
+        anchors.fill: parent
+        label: qsTr("Presets")
+        margin: 6
+        rows: root.presets.rows ?? []
+
+        onClosed: root.presets.close()
+        onTriggered: index => root.presets.run(index)
+
+        Connections {
+            function onOpened() {
+                const strip = root.edge.quickFrame
+                const x = root.edge.isOnRight ? strip.x - 6 - presetsMenu.cardFrame.width : strip.x + strip.width + 6
+                const y = strip.y + strip.height - 80
+                presetsMenu.openBeside(x, y)
+            }
+
+            target: root.presets
+        }
+        Connections {
+            function onModeChanged() {
+                presetsMenu.close()
             }
 
             target: root.edge

@@ -99,8 +99,7 @@ void EdgeController::setMode(Mode mode)
     m_state.setMode(mode);
     m_state.setHovering(false);
     m_state.setQuickHover(std::nullopt);
-    if (m_panel != nullptr)
-        m_panel->setKeyboardFocus(mode == Mode::open ? KeyboardFocus::taken : KeyboardFocus::never);
+    updateKeyboard();
     update();
     if (isOther)
         Q_EMIT modeChanged();
@@ -127,6 +126,20 @@ void EdgeController::setHeld(bool held)
     update();
 }
 
+void EdgeController::setMenuOpen(bool isOpen)
+{
+    m_isMenuOpen = isOpen;
+    updateKeyboard();
+    setHeld(isOpen);
+}
+
+void EdgeController::updateKeyboard()
+{
+    if (m_panel != nullptr)
+        m_panel->setKeyboardFocus(m_isMenuOpen || m_state.mode() == Mode::open ? KeyboardFocus::taken
+                                                                               : KeyboardFocus::never);
+}
+
 QRect EdgeController::screenFrame(Mode mode) const
 {
     const EdgeLayout& layout = m_state.layout();
@@ -140,9 +153,7 @@ bool EdgeController::isPeeking() const
 
 bool EdgeController::isInside() const
 {
-    const EdgeLayout& layout = m_state.layout();
-    return m_pointer &&
-           layout.activeFrame(m_state.mode()).contains(*m_pointer - layout.panelFrame().topLeft());
+    return m_pointer && m_state.layout().activeFrame(m_state.mode()).contains(*m_pointer);
 }
 
 void EdgeController::follow(QPoint position)
@@ -159,7 +170,9 @@ void EdgeController::update()
     const bool isOff = mode == Mode::handle && m_state.isHandleHidden();
     const bool inside = !isOff && isInside();
     if (m_panel != nullptr)
-        m_panel->setActive(isOff ? QRect() : layout.activeFrame(mode));
+        m_panel->setActive(isOff          ? QRect()
+                           : m_isMenuOpen ? QRect({}, layout.panelFrame().size())
+                                          : layout.activeFrame(mode));
     if (mode == Mode::handle) {
         if (m_state.hovering() != inside) {
             inside ? m_hoverWork.start() : m_hoverWork.stop();
@@ -169,8 +182,7 @@ void EdgeController::update()
     }
     if (mode == Mode::open)
         return;
-    m_state.setQuickHover(inside ? layout.quickRow(m_pointer->y() - layout.panelFrame().top())
-                                 : std::nullopt);
+    m_state.setQuickHover(inside && !m_isMenuOpen ? layout.quickRow(m_pointer->y()) : std::nullopt);
     if (inside) {
         m_pointerEntered = true;
         m_collapseWork.stop();
@@ -181,7 +193,11 @@ void EdgeController::update()
 
 void EdgeController::clickOutside(QPoint position)
 {
-    if (m_state.mode() != Mode::handle && !m_isHeld && !screenFrame(m_state.mode()).contains(position))
+    if (m_state.mode() == Mode::handle)
+        return;
+    const bool isOutside = m_isMenuOpen ? !m_state.layout().panelFrame().contains(position)
+                                        : !m_isHeld && !screenFrame(m_state.mode()).contains(position);
+    if (isOutside)
         setMode(Mode::handle);
 }
 

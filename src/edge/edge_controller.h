@@ -65,6 +65,9 @@ public:
     /// it is, wherever the pointer is and clicks.
     void setHeld(bool held);
 
+    /// While a menu is open in the panel, all of the panel takes clicks, and the keyboard.
+    void setMenuOpen(bool isOpen);
+
     /// A content frame among all screens, in points.
     [[nodiscard]] QRect screenFrame(Mode mode) const;
 
@@ -73,6 +76,7 @@ Q_SIGNALS:
 
 private:
     void place();
+    void updateKeyboard();
     void update();
     void follow(QPoint position);
     void clickOutside(QPoint position);
@@ -86,13 +90,14 @@ private:
     const EdgeDelays m_delays;
     EdgeState m_state;
     std::unique_ptr<EdgePanel> m_panel;
-    std::optional<QPoint> m_pointer; ///< among all screens, while it is over the panel
+    std::optional<QPoint> m_pointer; ///< in the panel, while it is over that
     QTimer m_hoverWork;
     QTimer m_collapseWork;
     QTimer m_peekEnd;
     QDeadlineTimer m_hoverOpened;  ///< until when a click means what the hover has done
     bool m_pointerEntered = false; ///< it has been inside the strip since that opened
     bool m_isHeld = false;
+    bool m_isMenuOpen = false;
 };
 
 } // namespace tessel

@@ -38,10 +38,12 @@ public:
     [[nodiscard]] QQuickView& view() { return m_view; }
 
 Q_SIGNALS:
-    /// The pointer is over the active part; a point among all screens.
+    /// The pointer is over the active part.
+    /// \param position from the panel's top left corner
     void pointerMoved(QPoint position);
     void pointerLeft();
     /// Something was pressed that is no window of ours, or this one.
+    /// \param position among all screens
     void pressed(QPoint position);
     void handleClicked();
     void closeRequested();

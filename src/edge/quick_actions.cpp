@@ -104,12 +104,4 @@ void QuickActions::run(int row)
     }
 }
 
-QPoint presetsMenuPosition(const QRect& strip, Edge edge, int menuWidth)
-{
-    static constexpr int gap = 6;
-    static constexpr int aboveBottom = 80;
-    const int x = edge == Edge::right ? strip.left() - menuWidth - gap : strip.left() + strip.width() + gap;
-    return {x, strip.top() + strip.height() - aboveBottom};
-}
-
 } // namespace tessel

@@ -56,8 +56,4 @@ private:
     EdgeController& m_controller;
 };
 
-/// Where the menu of presets opens: beside the strip, never over it.
-/// \param strip among all screens, in points, as are the others
-[[nodiscard]] QPoint presetsMenuPosition(const QRect& strip, Edge edge, int menuWidth);
-
 } // namespace tessel

@@ -51,7 +51,4 @@ Q_SIGNALS:
     void replaced();
 };
 
-/// Looks which desktop runs.
-[[nodiscard]] std::unique_ptr<DesktopPictures> makeDesktopPictures();
-
 } // namespace tessel

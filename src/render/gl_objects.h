@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include <cstdint>
 #include <epoxy/gl.h>
 
+#include <cstdint>
 #include <utility>
 
 namespace tessel {

@@ -176,7 +176,7 @@ class Application:
         self.wait_for_motion()
 
     def wait_for_motion(self) -> None:
-        wait_until(self.desktop.wallpapers, "a window of the desktop")
+        self.desktop.wait_for_wallpaper()
         self.desktop.wait_for_change()
 
     def show_still(self) -> None:

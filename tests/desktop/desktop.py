@@ -84,17 +84,12 @@ class Desktop:
         ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1)
         try:
             self._make_environment()
-            size = "{}x{}x24".format(*self.size)
-            display = self._start_telling(
-                lambda told: ("Xvfb", "-displayfd", told, "-screen", "0", size, "-nolisten", "tcp",
-                              "-noreset"))
-            self.environment["DISPLAY"] = f":{display}"
+            self._start_display()
             for variable in ("DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"):
                 self.environment[variable] = self._start_bus()
             self.bus = connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
             self.panel = Panel(self.bus)
-            self.start(*self.manager)
-            wait_until(lambda: "#" in self.root_property("_NET_SUPPORTING_WM_CHECK"), "a window manager")
+            self._start_manager()
         except BaseException:
             self.__exit__()
             raise
@@ -128,6 +123,16 @@ class Desktop:
             "XDG_CACHE_HOME": str(home / "cache"),
             "LIBGL_ALWAYS_SOFTWARE": "1",
         }
+
+    def _start_display(self) -> None:
+        size = "{}x{}x24".format(*self.size)
+        display = self._start_telling(
+            lambda told: ("Xvfb", "-displayfd", told, "-screen", "0", size, "-nolisten", "tcp", "-noreset"))
+        self.environment["DISPLAY"] = f":{display}"
+
+    def _start_manager(self) -> None:
+        self.start(*self.manager)
+        wait_until(lambda: "#" in self.root_property("_NET_SUPPORTING_WM_CHECK"), "a window manager")
 
     def _start_telling(self, command: Callable[[str], tuple[str, ...]]) -> str:
         """Starts a server that is given a file descriptor, and returns the line that it writes there."""
@@ -208,6 +213,9 @@ class Desktop:
         return [window for window in self.windows()
                 if window.program() == "tessel-broth" and window.is_mapped()
                 and "_NET_WM_WINDOW_TYPE_DESKTOP" in window.property("_NET_WM_WINDOW_TYPE")]
+
+    def wait_for_wallpaper(self) -> None:
+        wait_until(self.wallpapers, "a window of the desktop")
 
     def wallpaper_places(self) -> list[Place]:
         """Where these windows are, from left to right."""

@@ -51,6 +51,7 @@ protected:
                 return EdgePanel::make(m_windows, m_engine,
                                        {{QStringLiteral("edge"), QVariant::fromValue(&state)},
                                         {QStringLiteral("actions"), QVariant::fromValue(m_actions.get())},
+                                        {QStringLiteral("presets"), QVariant::fromValue(&m_presets)},
                                         {QStringLiteral("thumb"), QVariant::fromValue(&m_thumb)},
                                         {QStringLiteral("preview"), QVariant::fromValue(&m_preview)},
                                         {QStringLiteral("editor"), QVariant::fromValue(&m_editor)}});
@@ -61,7 +62,10 @@ protected:
     }
 
     [[nodiscard]] QPoint middleOf(Mode mode) { return m_controller->screenFrame(mode).center(); }
-    void moveTo(QPoint position) { Q_EMIT m_windows.pointer->moved(position); }
+    void moveTo(QPoint position)
+    {
+        Q_EMIT m_windows.pointer->moved(position - m_windows.panel->frame.topLeft());
+    }
     void press(QPoint position) { Q_EMIT m_windows.pointer->pressed(position); }
 
     QPoint m_elsewhere{700, 100};
@@ -75,6 +79,7 @@ protected:
     LivePicture m_thumb{Source::thumb, m_services, m_windows.screens()};
     LivePicture m_preview{Source::editor, m_services, m_windows.screens()};
     QObject m_editor;
+    QObject m_presets;
     LookPictures m_pictures;
     QQmlEngine m_engine;
     std::unique_ptr<QuickActions> m_actions;
@@ -146,6 +151,23 @@ TEST_F(EdgeControllerTest, AStripThatNobodyEnteredStaysUntilAClickElsewhere)
     press(m_elsewhere);
     EXPECT_EQ(edge.mode(), Mode::handle);
     EXPECT_EQ(m_windows.panel->focus, KeyboardFocus::never);
+}
+
+TEST_F(EdgeControllerTest, AMenuHasThePanelAndTheKeyboardUntilSomethingElseIsClicked)
+{
+    EdgeController& edge = open({.hover = never, .click = soon, .collapse = soon});
+    edge.clickHandle();
+    edge.setMenuOpen(true);
+    EXPECT_EQ(m_windows.panel->inputRegion, QRegion(QRect(0, 0, 372, 760)));
+    EXPECT_EQ(m_windows.panel->focus, KeyboardFocus::taken);
+    press(m_windows.panel->frame.topLeft() + QPoint(200, 20));
+    EXPECT_EQ(edge.mode(), Mode::quick);
+    edge.setMenuOpen(false);
+    EXPECT_EQ(m_windows.panel->inputRegion, QRegion(QRect(2, 352, 56, 248)));
+    EXPECT_EQ(m_windows.panel->focus, KeyboardFocus::never);
+    edge.setMenuOpen(true);
+    press(m_elsewhere);
+    EXPECT_EQ(edge.mode(), Mode::handle);
 }
 
 TEST_F(EdgeControllerTest, APeekEndsUnlessThePointerHasComeIn)

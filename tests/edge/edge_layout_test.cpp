@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "edge/edge_layout.h"
-#include "edge/quick_actions.h"
 
 #include <gtest/gtest.h>
 
@@ -45,13 +44,6 @@ TEST(EdgeLayout, RowsBeginBelowTheHandle)
     EXPECT_EQ(layout.quickRow(firstRow + 36), 1);
     EXPECT_EQ(layout.quickRow(firstRow + 179), 4);
     EXPECT_EQ(layout.quickRow(firstRow + 180), std::nullopt);
-}
-
-TEST(EdgeLayout, TheMenuOfPresetsOpensBesideTheStrip)
-{
-    const QRect strip(6, 300, 48, 240);
-    EXPECT_EQ(presetsMenuPosition(strip, Edge::left, 150), QPoint(60, 460));
-    EXPECT_EQ(presetsMenuPosition(strip.translated(1000, 0), Edge::right, 150), QPoint(850, 460));
 }
 
 } // namespace

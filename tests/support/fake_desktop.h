@@ -199,6 +199,7 @@ public:
         return std::make_unique<MemoryWindow>(record);
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override { picturesBehind = pictures; }
+    [[nodiscard]] std::unique_ptr<DesktopPictures> makePictures() override { return nullptr; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override
     {
         return panel != nullptr ? std::make_unique<MemoryPanel>(window, panel) : nullptr;

@@ -3,13 +3,21 @@
 
 #include "platform/linux/plain_window_system.h"
 
+#include "platform/linux/desktops/picture_backend.h"
 #include "platform/linux/qt_gl_context.h"
+
+#include <QDBusConnection>
 
 namespace tessel {
 
 std::unique_ptr<GlContext> PlainWindowSystem::makeContext()
 {
     return std::make_unique<QtGlContext>();
+}
+
+std::unique_ptr<DesktopPictures> PlainWindowSystem::makePictures()
+{
+    return makeDesktopPictures(QDBusConnection::sessionBus());
 }
 
 } // namespace tessel

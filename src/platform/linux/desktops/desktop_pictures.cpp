@@ -15,6 +15,7 @@
 
 #include <QDBusMessage>
 
+#include <algorithm>
 #include <array>
 
 namespace tessel {
@@ -60,9 +61,9 @@ bool runs(const Signs& signs, const KnownDesktop& desktop)
     return signs.services.contains(QLatin1String(desktop.service));
 }
 
-bool isNamed(const Signs& signs, const KnownDesktop& desktop)
+bool isNamed(const QStringList& sessionNames, const KnownDesktop& desktop)
 {
-    return signs.sessionNames.contains(QLatin1String(desktop.sessionName), Qt::CaseInsensitive);
+    return sessionNames.contains(QLatin1String(desktop.sessionName), Qt::CaseInsensitive);
 }
 
 QStringList serviceNames(const QDBusConnection& bus)
@@ -73,11 +74,14 @@ QStringList serviceNames(const QDBusConnection& bus)
     return bus.call(question, QDBus::Block, 1000).arguments().value(0).toStringList();
 }
 
+QStringList sessionNames()
+{
+    return QString::fromLocal8Bit(qgetenv("XDG_CURRENT_DESKTOP")).split(QLatin1Char(':'), Qt::SkipEmptyParts);
+}
+
 Signs readSigns(const QDBusConnection& bus)
 {
-    Signs signs{bus, serviceNames(bus), {}, {}};
-    signs.sessionNames =
-        QString::fromLocal8Bit(qgetenv("XDG_CURRENT_DESKTOP")).split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    Signs signs{bus, serviceNames(bus), sessionNames(), {}};
     X11Connection connection;
     if (!connection.isValid())
         return signs;
@@ -106,12 +110,12 @@ std::vector<std::pair<KnownDesktop, BackendPointer>> running(const Signs& signs)
             found.emplace_back(desktop,
                                std::make_unique<GnomePictures>(signs.bus, QLatin1String(desktop.schema)));
     }
-    if (runs(signs, unity) && isNamed(signs, unity))
+    if (runs(signs, unity) && isNamed(signs.sessionNames, unity))
         found.emplace_back(unity, std::make_unique<GnomePictures>(signs.bus, QLatin1String(unity.schema)));
     // The file manager is one program with the desktop, and may run for its windows only.
     if (runs(signs, lxqt) &&
         (signs.windowClass == QLatin1String("pcmanfm-qt") ||
-         (signs.windowClass.isEmpty() && !signs.isX11WithoutDesktop && isNamed(signs, lxqt))))
+         (signs.windowClass.isEmpty() && !signs.isX11WithoutDesktop && isNamed(signs.sessionNames, lxqt))))
         found.emplace_back(lxqt, std::make_unique<LxqtPictures>(signs.bus));
     return found;
 }
@@ -133,7 +137,7 @@ std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus)
     const Signs signs = readSigns(bus);
     auto found = running(signs);
     for (auto& [desktop, backend] : found)
-        if (isNamed(signs, desktop))
+        if (isNamed(signs.sessionNames, desktop))
             return std::move(backend);
     if (!found.empty())
         return std::move(found.front().second);
@@ -142,18 +146,26 @@ std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus)
     return nullptr;
 }
 
-std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus)
+bool isSessionOfDesktop()
 {
-    const std::unique_ptr<PictureBackend> backend = findPictureBackend(bus);
-    auto pictures = std::make_unique<QueuedPictures>(backend == nullptr ? QString() : backend->desktop(),
-                                                     [bus] { return findPictureBackend(bus); });
-    pictures->watch(bus, knownServices());
-    return pictures;
+    const QStringList session = sessionNames();
+    return std::ranges::any_of(gnomeFamily, [&](const auto& each) { return isNamed(session, each); }) ||
+           std::ranges::any_of(std::array{plasma, xfce, lxqt, unity},
+                               [&](const auto& each) { return isNamed(session, each); });
 }
 
-std::unique_ptr<DesktopPictures> makeDesktopPictures()
+std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus,
+                                                     const MakePictureBackend& makeOther)
 {
-    return makeDesktopPictures(QDBusConnection::sessionBus());
+    const auto find = [bus, makeOther] {
+        BackendPointer backend = findPictureBackend(bus);
+        return backend == nullptr && makeOther ? makeOther() : std::move(backend);
+    };
+    const BackendPointer backend = find();
+    auto pictures =
+        std::make_unique<QueuedPictures>(backend == nullptr ? QString() : backend->desktop(), find);
+    pictures->watch(bus, knownServices());
+    return pictures;
 }
 
 } // namespace tessel

@@ -5,6 +5,8 @@
 
 #include "platform/desktop_pictures.h"
 
+#include <functional>
+
 class QDBusConnection;
 
 namespace tessel {
@@ -57,7 +59,16 @@ public:
 /// \param bus of the session
 [[nodiscard]] std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus);
 
-/// makeDesktopPictures() on a given bus.
-[[nodiscard]] std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus);
+/// Whether the session calls itself after a desktop that draws its own background, which may not run yet.
+[[nodiscard]] bool isSessionOfDesktop();
+
+/// Makes one for where no known desktop runs.
+using MakePictureBackend = std::function<std::unique_ptr<PictureBackend>()>;
+
+/// Looks which desktop runs.
+/// \param bus of the session
+/// \param makeOther called on another thread; none if nothing can be done there
+[[nodiscard]] std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus,
+                                                                   const MakePictureBackend& makeOther = {});
 
 } // namespace tessel

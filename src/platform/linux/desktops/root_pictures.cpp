@@ -3,13 +3,12 @@
 
 #include "platform/linux/desktops/root_pictures.h"
 
-#include "base/picture_limit.h"
+#include "platform/linux/desktops/picture_file.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_upload.h"
 
 #include <QCryptographicHash>
 #include <QImage>
-#include <QImageReader>
 #include <QRandomGenerator>
 #include <QtEndian>
 
@@ -38,21 +37,6 @@ QRect placeOf(const Shown& one)
 {
     return {static_cast<int>(one[0]), static_cast<int>(one[1]), static_cast<int>(one[2]),
             static_cast<int>(one[3])};
-}
-
-/// \param problem why it cannot be read
-QImage readPicture(const DesktopPicture& picture, QString& problem)
-{
-    limitPictures();
-    QImageReader reader(picture.file);
-    const QImage image = reader.read();
-    if (image.isNull())
-        problem = QStringLiteral("the file %1 cannot be read: %2.").arg(picture.file, reader.errorString());
-    const QSize size = picture.screen.pixels().size();
-    return image.size() == size || image.isNull()
-               ? image.convertToFormat(QImage::Format_RGB32)
-               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                     .convertToFormat(QImage::Format_RGB32);
 }
 
 /// The root window's background as programs agree on it.

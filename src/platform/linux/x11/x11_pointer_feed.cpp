@@ -6,8 +6,6 @@
 #include "platform/linux/x11/x11_connection.h"
 
 #include <QCursor>
-#include <QEnterEvent>
-#include <QWindow>
 
 #include <xcb/xinput.h>
 
@@ -21,9 +19,9 @@ constexpr std::uint32_t rightButton = 3;
 } // namespace
 
 X11PointerFeed::X11PointerFeed(X11Connection& connection, X11Events& events, QWindow& window)
-    : m_connection(connection)
+    : WindowPointerFeed(window)
+    , m_connection(connection)
 {
-    window.installEventFilter(this);
     if (!hasExtension(connection.get(), xcb_input_id))
         return;
     m_extension = xcb_get_extension_data(connection.get(), &xcb_input_id)->major_opcode;
@@ -62,24 +60,6 @@ void X11PointerFeed::handle(const xcb_generic_event_t& event)
     if (general.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
         (button.detail == leftButton || button.detail == rightButton))
         Q_EMIT pressed(QCursor::pos());
-}
-
-bool X11PointerFeed::eventFilter(QObject* /*watched*/, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::Enter:
-        Q_EMIT moved(static_cast<QEnterEvent&>(*event).globalPosition().toPoint());
-        break;
-    case QEvent::MouseMove:
-        Q_EMIT moved(static_cast<QMouseEvent&>(*event).globalPosition().toPoint());
-        break;
-    case QEvent::Leave:
-        Q_EMIT left();
-        break;
-    default:
-        break;
-    }
-    return false;
 }
 
 } // namespace tessel

@@ -3,12 +3,10 @@
 
 #pragma once
 
-#include "platform/pointer_feed.h"
+#include "platform/linux/window_pointer_feed.h"
 
 #include <cstdint>
 #include <xcb/xcb.h>
-
-class QWindow;
 
 namespace tessel {
 
@@ -16,7 +14,7 @@ class X11Connection;
 class X11Events;
 
 /// Over the window what Qt tells of it; of buttons what XInput tells, whichever window they are pressed over.
-class X11PointerFeed final : public PointerFeed
+class X11PointerFeed final : public WindowPointerFeed
 {
     Q_OBJECT
 
@@ -29,7 +27,6 @@ public:
     ~X11PointerFeed() override;
 
 private:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void choose(std::uint32_t events);
     void handle(const xcb_generic_event_t& event);
 

@@ -3,10 +3,13 @@
 
 #include "platform/linux/x11/x11_window_system.h"
 
+#include "platform/linux/desktops/picture_backend.h"
 #include "platform/linux/qt_gl_context.h"
 #include "platform/linux/x11/x11_panel_window.h"
 #include "platform/linux/x11/x11_pointer_feed.h"
 #include "platform/linux/x11/x11_wallpaper_window.h"
+
+#include <QDBusConnection>
 
 #include <algorithm>
 
@@ -48,6 +51,11 @@ void X11WindowSystem::leaveIconsFree(const std::vector<DesktopPicture>& pictures
     for (const auto& [screen, window] : m_windows)
         if (window != nullptr)
             window->setPictureBehind(fileFor(screen, m_pictures));
+}
+
+std::unique_ptr<DesktopPictures> X11WindowSystem::makePictures()
+{
+    return makeDesktopPictures(QDBusConnection::sessionBus());
 }
 
 std::unique_ptr<PanelWindow> X11WindowSystem::makePanelWindow(QWindow& window)

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/screens.h"
+
+#include <QTimer>
+
+namespace tessel {
+
+class WaylandConnection;
+
+/// The monitors as the compositor tells them: their pixels too, whatever their scale is.
+class WaylandScreens final : public Screens
+{
+    Q_OBJECT
+
+public:
+    /// \param connection must outlive this
+    explicit WaylandScreens(WaylandConnection& connection);
+
+    /// The first one counts as the primary one, as no compositor says which it is.
+    [[nodiscard]] std::vector<Screen> list() const override;
+
+private:
+    WaylandConnection& m_connection;
+    QTimer m_burst; ///< runs through a burst of changes
+};
+
+} // namespace tessel

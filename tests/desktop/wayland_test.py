@@ -1,0 +1,130 @@
+# SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The whole application on a Wayland compositor that lets programs stand below and above windows."""
+
+import shutil
+import unittest
+
+from PIL import Image
+
+from application import ApplicationTest
+from desktop import wait_until
+from sway import SwayDesktop
+
+SHELL = (0x14, 0x10, 0x0D)  # the ground of strip and editor
+HAS_SWAY = all(map(shutil.which, ("sway", "swaybg", "grim", "foot", "wtype")))
+
+
+@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
+class WaylandTest(ApplicationTest):
+    """Nothing but the compositor and its protocols: no X server, no desktop that draws a background."""
+
+    desktop: SwayDesktop
+
+    @classmethod
+    def make_desktop(cls) -> SwayDesktop:
+        return SwayDesktop()
+
+    def shows_panel(self) -> bool:
+        return SHELL in self.desktop.screenshot().crop((0, 100, 60, 500)).getdata()
+
+    def test_it_plays_and_rests_as_a_picture(self) -> None:
+        self.application.start()
+        self.application.play()
+        self.application.show_still()
+        self.application.wait_until_idle()
+        # The picture is there again as soon as the program is.
+        self.assertEqual(self.application.quit(), 0)
+        self.application.start()
+        wait_until(self.application.shows_still, "the same picture")
+        self.application.play()
+        self.application.quit()
+        self.application.start()
+        self.application.wait_for_motion()
+
+    def test_nothing_is_drawn_under_a_window_that_fills_the_screen(self) -> None:
+        self.application.start()
+        self.application.play()
+        window = self.desktop.start("foot", "--fullscreen", "sleep", "1000")
+        self.addCleanup(window.kill)
+        self.application.wait_until_idle()
+        window.kill()
+        window.wait()
+        self.application.wait_for_motion()
+
+    def test_it_stays_above_another_wallpaper(self) -> None:
+        self.application.start()
+        self.application.play()
+        self.application.show_still()
+        self.application.play()
+        other = self.desktop.start("swaybg", "-c", "#00ff00")
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        wait_until(lambda: (0, 255, 0) not in self.desktop.screenshot().getdata(), "our wallpaper")
+        self.application.wait_for_motion()
+
+    def test_handle_and_editor_are_there_and_take_keys(self) -> None:
+        self.application.write_settings(handleHidden="false")
+        self.application.start()
+        self.application.new_wallpaper()
+        self.application.open_editor()
+        wait_until(self.shows_panel, "the editor")
+        # The keyboard is there only while the tool runs; it waits until that is known.
+        wait_until(lambda: self.desktop.output("wtype", "-s", "1000", "-k", "Escape", "-s", "500") or
+                   not self.shows_panel(), "the editor's end", 60)
+
+
+@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
+class MonitorsTest(ApplicationTest):
+    """Monitors that come and change."""
+
+    desktop: SwayDesktop
+
+    @classmethod
+    def make_desktop(cls) -> SwayDesktop:
+        return SwayDesktop(900, 600)  # whole numbers of points at a scale of 1.5 too
+
+    def shows_still_in_pixels(self) -> bool:
+        """Whether each monitor shows, in its own pixels, the newest picture that was made for it."""
+        outputs = self.desktop.outputs()
+        newest = self.application.pictures()[-len(outputs):]
+        if len(newest) < len(outputs):
+            return False
+        shown = []
+        for output, file in zip(outputs, newest):
+            with Image.open(file) as picture:
+                shown.append(picture.convert("RGB").tobytes() ==
+                             self.desktop.screenshot(output["name"]).tobytes())
+        return all(shown)
+
+    def test_each_shows_its_own_pixels(self) -> None:
+        self.application.start()
+        self.application.play()
+        self.desktop.tell("create_output")
+        wait_until(lambda: len(self.desktop.outputs()) == 2, "another monitor")
+        second = self.desktop.outputs()[1]["name"]
+        self.application.show_still()
+        for change in (("scale", "1.5"), ("transform", "90"), ("scale", "2"), ("transform", "normal")):
+            with self.subTest(change=change):
+                self.desktop.tell("output", second, *change)
+                wait_until(self.shows_still_in_pixels, "pictures of the monitors' own pixels", 60)
+        self.application.play()
+
+
+@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
+class EndOfCompositorTest(ApplicationTest):
+    """A compositor that dies takes every program with it."""
+
+    desktop: SwayDesktop
+
+    @classmethod
+    def make_desktop(cls) -> SwayDesktop:
+        return SwayDesktop()
+
+    def test_nothing_is_lost(self) -> None:
+        self.application.start()
+        look = self.application.new_wallpaper()
+        wait_until(self.application.pictures, "a picture")
+        self.desktop.compositor.kill()
+        self.application.process.wait(20)
+        self.assertEqual(self.application.look(), look)

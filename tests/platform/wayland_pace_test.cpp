@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/wayland/wayland_wallpaper_window.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace tessel {
+namespace {
+
+/// How many pictures of the monitor lie between two frames: the next is drawn after the pause, and shown with
+/// the picture after that.
+int picturesBetween(int framesPerSecond, double refreshSeconds)
+{
+    const double pause = pauseBetweenFrames(framesPerSecond, refreshSeconds) / 1000.0;
+    return static_cast<int>(std::floor(pause / refreshSeconds)) + 1;
+}
+
+TEST(WaylandPace, IsAWholeNumberOfTheMonitorsPicturesAndNeverMoreThanWanted)
+{
+    for (const double perSecond : {48.0, 59.94, 60.0, 75.0, 119.88, 144.0, 165.0, 239.76}) {
+        for (const int wanted : {4, 10, 12, 15, 20, 24, 30, 60}) {
+            const int pictures = picturesBetween(wanted, 1 / perSecond);
+            const double shown = perSecond / pictures;
+            EXPECT_LE(shown, wanted * 1.01) << wanted << " of " << perSecond;
+            EXPECT_TRUE(pictures == 1 || perSecond / (pictures - 1) > wanted)
+                << wanted << " of " << perSecond << ": one picture sooner was early enough";
+        }
+    }
+}
+
+TEST(WaylandPace, NeedsNoPauseWhereTheMonitorIsSlowEnough)
+{
+    EXPECT_EQ(pauseBetweenFrames(60, 1 / 60.0), 0);
+    EXPECT_EQ(pauseBetweenFrames(60, 1 / 59.94), 0);
+    EXPECT_EQ(pauseBetweenFrames(30, 1 / 24.0), 0);
+    EXPECT_EQ(pauseBetweenFrames(20, 0), 0) << "of an output that is gone";
+}
+
+} // namespace
+} // namespace tessel
