@@ -37,6 +37,7 @@ Item {
     property bool wasQuick: false
 
     signal handleClicked
+    signal menuRequested
     signal closeRequested
 
     function frameOf(item: Item): rect {
@@ -167,6 +168,7 @@ Item {
         y: root.edge.handleFrame.y
 
         onClicked: root.handleClicked()
+        onMenuRequested: root.menuRequested()
     }
 
     // The editor stands where it will be from the start, and the shell opens on it.

@@ -44,6 +44,8 @@ Q_SIGNALS:
     /// Something was pressed that is no window of ours, or this one.
     void pressed(QPoint position);
     void handleClicked();
+    /// The other button was pressed on the handle.
+    void menuRequested();
     void closeRequested();
 
 private:

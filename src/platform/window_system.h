@@ -38,6 +38,9 @@ public:
     /// free by wallpaper windows from now on.
     virtual void leaveIconsFree(const std::vector<DesktopPicture>& pictures) = 0;
 
+    /// Whether there are windows that float.
+    [[nodiscard]] virtual bool hasPanelWindows() const = 0;
+
     /// nullptr where there are no such windows.
     /// \param window not shown yet; must outlive what is returned
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;

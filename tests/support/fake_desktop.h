@@ -199,6 +199,7 @@ public:
         return std::make_unique<MemoryWindow>(record);
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override { picturesBehind = pictures; }
+    [[nodiscard]] bool hasPanelWindows() const override { return panel != nullptr; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override
     {
         return panel != nullptr ? std::make_unique<MemoryPanel>(window, panel) : nullptr;

@@ -21,6 +21,7 @@ public:
         return nullptr;
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& /*pictures*/) override {}
+    [[nodiscard]] bool hasPanelWindows() const override { return false; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/) override
     {
         return nullptr;

@@ -25,6 +25,7 @@ public:
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                        Rasterizer rasterizer) override;
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override;
+    [[nodiscard]] bool hasPanelWindows() const override { return true; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) override;
     [[nodiscard]] Focus* focus() override;
