@@ -10,7 +10,7 @@ Item {
     id: root
 
     /** Texts in order. */
-    required property list<string> titles
+    required property var titles
     /** Names of symbols before them, or none. */
     property list<string> symbols
     property int current: 0

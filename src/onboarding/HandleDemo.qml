@@ -54,14 +54,18 @@ Item {
             from: 0
             to: 1
         }
-        ScriptAction {
-            script: root.isHovered = true
+        PropertyAction {
+            property: "isHovered"
+            target: root
+            value: true
         }
         PauseAnimation {
             duration: 200
         }
-        ScriptAction {
-            script: root.isOpen = true
+        PropertyAction {
+            property: "isOpen"
+            target: root
+            value: true
         }
         NumberAnimation {
             duration: Theme.springTime
@@ -73,23 +77,31 @@ Item {
             duration: 300
             to: 2
         }
-        ScriptAction {
-            script: root.isAtRow = true
+        PropertyAction {
+            property: "isAtRow"
+            target: root
+            value: true
         }
         PauseAnimation {
             duration: 1200
         }
-        ScriptAction {
-            script: {
-                root.isAtRow = false
-                root.isHovered = false
-            }
+        PropertyAction {
+            property: "isAtRow"
+            target: root
+            value: false
+        }
+        PropertyAction {
+            property: "isHovered"
+            target: root
+            value: false
         }
         Travel {
             to: 3
         }
-        ScriptAction {
-            script: root.isOpen = false
+        PropertyAction {
+            property: "isOpen"
+            target: root
+            value: false
         }
         NumberAnimation {
             duration: 400
@@ -101,6 +113,7 @@ Item {
     Shell {
         height: root.grown(36, 240)
         radius: 12
+        shadowed: true // here everything is blended
         visible: root.progress > 0
         width: root.grown(36, 48)
         x: root.grown(root.stripX + 6, root.stripX)

@@ -91,37 +91,9 @@ FocusScope {
                 to: 1
             }
         }
-        // What later steps show is drawn meanwhile.
-        Loader {
-            active: page.item !== null
-            visible: false
-
-            sourceComponent: Item {
-                Item {
-                    height: 560
-                    width: 880
-
-                    TilePicture {
-                        source: root.model.examplePicture
-                    }
-                }
-                Repeater {
-                    model: root.model.bowlPictures
-
-                    Item {
-                        id: tile
-
-                        required property string modelData
-
-                        height: 132
-                        width: 132
-
-                        TilePicture {
-                            source: tile.modelData
-                        }
-                    }
-                }
-            }
+        PicturesAhead {
+            begun: page.status === Loader.Ready // the first page's come first
+            model: root.model
         }
         Footer {
             id: footer

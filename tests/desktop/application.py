@@ -117,7 +117,8 @@ class Application:
         """Makes the settings file before the start; what is no text is written as JSON in quotes. Unless they
         say otherwise there is no handle, which would stand in the picture, and no introduction."""
         quoted = {key: value if isinstance(value, str) else json.dumps(json.dumps(value))
-                  for key, value in {"handleHidden": "true", "onboarded": "true", **settings}.items()}
+                  for key, value in {**settings, "handleHidden": settings.get("handleHidden", "true"),
+                                     "onboarded": settings.get("onboarded", "true")}.items()}
         self.settings_file.parent.mkdir(parents=True, exist_ok=True)
         self.settings_file.write_text("".join(["[General]\n", *(f"{key}={quoted[key]}\n" for key in quoted)]))
 
