@@ -31,6 +31,9 @@ constexpr std::array menuSignals{&Store::desktopChanged,       &Store::desktopHi
 /// How long after a change everything is done that comes of it, cross-fades and stills too.
 constexpr std::chrono::seconds timeToRest{15};
 
+/// How long the strip shows itself after the introduction.
+constexpr std::chrono::milliseconds firstPeek{3500};
+
 /// Damaged settings stay as they are until they are changed, so that there is nothing for the user to do.
 void reportProblems(const std::vector<SettingProblem>& problems)
 {
@@ -62,9 +65,14 @@ void AppDelegate::start()
     connectStore();
     connectSystem();
     m_shuffleTimer.start();
-    m_parts.edge.install();
+    // Whoever has a wallpaper has found the way before there was an introduction.
+    if (m_parts.store.desktop())
+        m_parts.store.setOnboarded(true);
+    const bool isFirst = !m_parts.store.onboarded();
+    if (!isFirst)
+        m_parts.edge.install();
     installMenu();
-    greet();
+    isFirst ? showOnboarding() : greet();
 }
 
 void AppDelegate::quit()
@@ -95,7 +103,7 @@ void AppDelegate::connectStore()
 
 void AppDelegate::connectSystem()
 {
-    connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::openEditor);
+    connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::reopen);
     connect(&m_parts.instance, &RunningInstance::actionRequested, this, [this](const QString& name) {
         if (const auto action = actionNamed(name))
             perform(*action);
@@ -125,6 +133,11 @@ void AppDelegate::installMenu()
     m_tray = std::make_unique<TrayIcon>(m_panelMenu.menu(), m_parts.trayHost, m_parts.panelShade);
     connect(m_tray.get(), &TrayIcon::clicked, this, &AppDelegate::popUpMenu);
     connect(&m_parts.edge, &EdgeController::modeChanged, &m_panelMenu, &MenuView::refreshLater);
+    connect(&m_parts.edge, &EdgeController::menuRequested, this, [this] {
+        m_parts.edge.setHeld(true);
+        popUpMenu();
+    });
+    connect(&m_popupMenu.menu(), &QMenu::aboutToHide, this, [this] { m_parts.edge.setHeld(false); });
     // A panel may need other titles for the same.
     connect(m_tray.get(), &TrayIcon::shown, &m_panelMenu, &MenuView::refreshLater);
     m_panelMenu.refresh();
@@ -160,6 +173,64 @@ QString AppDelegate::wayToBegin() const
         "Point at the round handle at the edge of your screen and choose New wallpaper for your first one.");
 }
 
+/// What starting the program once more does.
+void AppDelegate::reopen()
+{
+    m_parts.store.onboarded() ? openEditor() : showOnboarding();
+}
+
+void AppDelegate::showOnboarding()
+{
+    if (m_onboarding == nullptr) {
+        m_onboarding = std::make_unique<Onboarding>(m_parts.store, onboardingServices());
+        connect(m_onboarding.get(), &Onboarding::finished, this, &AppDelegate::finishOnboarding);
+        m_onboardingWindow = m_parts.makeOnboardingWindow(*m_onboarding);
+        // Not from within the window, which goes with it.
+        connect(m_onboardingWindow.get(), &OnboardingWindow::quitRequested, this, &AppDelegate::quit,
+                Qt::QueuedConnection);
+    }
+    m_onboardingWindow->bringForward();
+}
+
+/// Called from within what it takes away.
+void AppDelegate::finishOnboarding(Ending ending)
+{
+    m_onboardingWindow->view().hide();
+    QMetaObject::invokeMethod(this, &AppDelegate::closeOnboarding, Qt::QueuedConnection);
+    m_parts.edge.install();
+    m_panelMenu.refreshLater();
+    if (ending == Ending::completed)
+        m_parts.edge.peek(firstPeek);
+}
+
+void AppDelegate::closeOnboarding()
+{
+    m_onboardingWindow.reset();
+    m_onboarding.reset();
+    m_rest.start();
+}
+
+OnboardingServices AppDelegate::onboardingServices()
+{
+    return {.menuPlace = [this] { return menuPlace(); },
+            .hasHandle = m_parts.edge.canInstall(),
+            .opensAtLogin = [this] { return m_parts.login.status() == LoginItem::Status::enabled; },
+            .setOpensAtLogin =
+                [this](bool on, const std::function<void()>& done) {
+                    setLaunchAtLogin(m_parts.login, m_parts.dialogs, on, [this, done](bool) {
+                        m_panelMenu.refreshLater();
+                        done();
+                    });
+                }};
+}
+
+MenuPlace AppDelegate::menuPlace() const
+{
+    if (TrayIcon::hasPanel())
+        return MenuPlace::panel;
+    return m_parts.edge.canInstall() ? MenuPlace::handle : MenuPlace::reopening;
+}
+
 void AppDelegate::popUpMenu()
 {
     QMenu& menu = m_popupMenu.menu();
@@ -171,6 +242,7 @@ void AppDelegate::popUpMenu()
 /// Where no window of ours can float, the menu is all there is.
 void AppDelegate::openEditor()
 {
+    m_parts.edge.install();
     if (m_parts.edge.isInstalled())
         m_parts.edge.setMode(Mode::open);
     else
@@ -179,7 +251,10 @@ void AppDelegate::openEditor()
 
 void AppDelegate::toggleEditor()
 {
-    m_parts.edge.setMode(m_parts.edge.mode() == Mode::open ? Mode::handle : Mode::open);
+    if (m_parts.edge.mode() == Mode::open)
+        m_parts.edge.setMode(Mode::handle);
+    else
+        openEditor();
 }
 
 void AppDelegate::perform(Action action)
@@ -210,6 +285,9 @@ void AppDelegate::leave()
         return;
     Q_EMIT leaving();
     m_parts.dialogs.closeAll();
+    if (m_onboarding != nullptr)
+        m_onboarding->keepBowl();
+    closeOnboarding();
     static_cast<void>(m_parts.store.saveNow());
     m_tray.reset();
     // This may take a moment, and keeps something itself.
@@ -239,7 +317,7 @@ std::vector<MenuRow> AppDelegate::menuRows()
     };
     const EdgeController& edge = m_parts.edge;
     return statusMenuRows(m_parts.store, m_parts.login.status(),
-                          edge.isInstalled() ? std::optional(edge.mode()) : std::nullopt, commands);
+                          edge.canInstall() ? std::optional(edge.mode()) : std::nullopt, commands);
 }
 
 } // namespace tessel

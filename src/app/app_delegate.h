@@ -10,6 +10,7 @@
 #include "app/tray_icon.h"
 #include "edge/edge_controller.h"
 #include "model/store.h"
+#include "onboarding/onboarding_window.h"
 #include "platform/login_item.h"
 #include "platform/notifications.h"
 #include "platform/quit_signals.h"
@@ -19,6 +20,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace tessel {
@@ -37,6 +39,8 @@ struct AppParts
     TrayHost& trayHost;
     PanelShade& panelShade;
     EdgeController& edge;
+    /// Shows the introduction of the first start.
+    std::function<std::unique_ptr<OnboardingWindow>(Onboarding& onboarding)> makeOnboardingWindow;
 };
 
 /// Runs the application: brings its parts together at the start, puts its menu into the panel, hears what is
@@ -49,7 +53,7 @@ public:
     explicit AppDelegate(const AppParts& parts);
     ~AppDelegate() override;
 
-    /// Shows the wallpaper and the menu; to be called once.
+    /// Shows the wallpaper and the menu, and at the first start the introduction; to be called once.
     void start();
 
     /// Saves everything, takes the windows down and ends the event loop.
@@ -64,6 +68,12 @@ private:
     void connectSystem();
     void installMenu();
     void greet();
+    void reopen();
+    void showOnboarding();
+    void finishOnboarding(Ending ending);
+    void closeOnboarding();
+    [[nodiscard]] OnboardingServices onboardingServices();
+    [[nodiscard]] MenuPlace menuPlace() const;
     [[nodiscard]] QString wayToBegin() const;
     void popUpMenu();
     void openEditor();
@@ -79,6 +89,8 @@ private:
     MenuView m_popupMenu; ///< the same where a panel does not show it
     QTimer m_rest;        ///< runs while something that was done may leave things behind
     std::unique_ptr<TrayIcon> m_tray;
+    std::unique_ptr<Onboarding> m_onboarding; ///< while the introduction is open, as is its window
+    std::unique_ptr<OnboardingWindow> m_onboardingWindow;
     bool m_hasLeft = false;
 };
 

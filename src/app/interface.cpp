@@ -67,4 +67,9 @@ std::unique_ptr<EdgePanel> Interface::makePanel()
                             {QStringLiteral("editor"), QVariant::fromValue(&m_editor)}});
 }
 
+std::unique_ptr<OnboardingWindow> Interface::makeOnboardingWindow(Onboarding& onboarding)
+{
+    return std::make_unique<OnboardingWindow>(onboarding, m_pictures, m_parts.windows.focus());
+}
+
 } // namespace tessel

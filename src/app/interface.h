@@ -10,6 +10,7 @@
 #include "edge/edge_controller.h"
 #include "edge/quick_actions.h"
 #include "editor/editor_model.h"
+#include "onboarding/onboarding_window.h"
 #include "scene/scene.h"
 
 #include <QQmlEngine>
@@ -25,7 +26,7 @@ struct InterfaceParts
     Dialogs& dialogs;
 };
 
-/// Everything drawn with Qt Quick: the handle, the strip and the editor.
+/// Everything drawn with Qt Quick: the handle, the strip, the editor and the introduction.
 class Interface : public QObject
 {
     Q_OBJECT
@@ -35,6 +36,10 @@ public:
     ~Interface() override;
 
     [[nodiscard]] EdgeController& edge() { return m_edge; }
+
+    /// Shows the introduction.
+    /// \param onboarding must outlive what is returned, as must this
+    [[nodiscard]] std::unique_ptr<OnboardingWindow> makeOnboardingWindow(Onboarding& onboarding);
 
 private:
     std::unique_ptr<EdgePanel> makePanel();

@@ -136,7 +136,10 @@ int runApplication(QApplication& application)
                           .quitSignals = *quitSignals,
                           .trayHost = *trayHost,
                           .panelShade = *panelShade,
-                          .edge = interface.edge()});
+                          .edge = interface.edge(),
+                          .makeOnboardingWindow = [&interface](Onboarding& onboarding) {
+                              return interface.makeOnboardingWindow(onboarding);
+                          }});
     QObject::connect(&delegate, &AppDelegate::leaving, [] { endWithin(longestEnd); });
     delegate.start();
     return QApplication::exec();

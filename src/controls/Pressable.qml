@@ -18,6 +18,8 @@ Item {
     property bool keyed: false
     /** Pressing it with the pointer moves the focus to it. */
     property bool takesFocus: true
+    /** Return presses it, as Space does, and is not left to what it is in. */
+    property bool takesReturn: true
 
     signal clicked
     /** The other button, or the menu key; at a point in the item. */
@@ -37,7 +39,7 @@ Item {
     activeFocusOnTab: enabled
 
     Keys.onPressed: event => {
-        if (event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
+        if (event.key === Qt.Key_Space || takesReturn && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)) {
             keyed = !event.isAutoRepeat || keyed
             event.accepted = true
         } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {

@@ -10,11 +10,12 @@ Item {
     id: root
 
     /** Texts in order. */
-    required property list<string> titles
+    required property var titles
     /** Names of symbols before them, or none. */
     property list<string> symbols
     property int current: 0
     property string label
+    property real textSize: 11
     /** The group or one of its segments has the focus. */
     property bool focused: false
 
@@ -24,7 +25,7 @@ Item {
         const next = (current + step + titles.length) % titles.length
         chosen(next)
         const segment = segments.itemAt(next)
-        if (segment)
+        if (segment && segment.visible)
             segment.forceActiveFocus(Qt.OtherFocusReason)
     }
 
@@ -76,6 +77,7 @@ Item {
                 activeFocusOnTab: isChosen || activeFocus // what has the focus cannot leave the chain
                 height: row.height
                 label: modelData
+                takesReturn: false // it has nothing to do there
                 width: row.segmentWidth
 
                 Keys.onLeftPressed: root.move(root.LayoutMirroring.enabled ? 1 : -1)
@@ -97,6 +99,7 @@ Item {
                     }
                     Label {
                         color: segment.ink
+                        font.pixelSize: root.textSize
                         font.weight: segment.isChosen ? Font.DemiBold : Font.Medium
                         text: segment.modelData
                     }

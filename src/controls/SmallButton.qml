@@ -3,7 +3,7 @@
 import QtQuick
 import TesselBroth.Controls
 
-/** A button with a text, and a symbol before it if one is named. */
+/** A button with a text, and a symbol before or behind it if one is named. */
 Pressable {
     id: root
 
@@ -17,6 +17,8 @@ Pressable {
     property string symbol
     property real symbolBox: 14
     property real symbolStroke: 2
+    /** The symbol points to where the button leads: it is behind the text, and mirrored with it. */
+    property bool symbolLeads: false
     property int kind: SmallButton.Plain
     property real padding: 10
     property real textSize: 11
@@ -40,8 +42,12 @@ Pressable {
         return pressed ? Theme.plainPressed : hovered ? Theme.plainHover : Theme.plain
     }
 
+    readonly property real gap: symbolLeads ? 8 : 6
+    /** A symbol at the end needs less room beside it than text does. */
+    readonly property real paddings: 2 * padding - (symbolLeads ? 4 : 0)
+
     height: 26
-    implicitWidth: 2 * padding + Math.ceil(words.implicitWidth) + (symbol === "" ? 0 : symbolBox + 6)
+    implicitWidth: paddings + Math.ceil(words.implicitWidth) + (symbol === "" ? 0 : symbolBox + gap)
     label: text
     scale: pressed ? Theme.pressScale : 1
     width: implicitWidth
@@ -69,12 +75,15 @@ Pressable {
         id: row
 
         anchors.centerIn: parent
-        spacing: 6
+        anchors.horizontalCenterOffset: root.symbolLeads ? 2 : 0
+        layoutDirection: root.symbolLeads ? Qt.RightToLeft : Qt.LeftToRight
+        spacing: root.gap
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
             box: root.symbolBox
             color: root.ink
+            mirror: root.symbolLeads && root.LayoutMirroring.enabled
             name: root.symbol
             stroke: root.symbolStroke
             visible: name !== ""

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
 #include <string_view>
 
 namespace tessel::art {
@@ -19,24 +18,6 @@ bool takesSecond(int column, int row, double share)
     static constexpr std::array<int, 16> bayer = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
     const int order = bayer[static_cast<std::size_t>((row % 4) * 4 + column % 4)];
     return share > (order + 0.5) / 16.0;
-}
-
-using CellColour = std::function<QRgb(int column, int row)>;
-
-QImage drawCells(QSize cells, qreal scale, const CellColour& colourOf)
-{
-    QImage image(edge(cells.width(), scale), edge(cells.height(), scale),
-                 QImage::Format_ARGB32_Premultiplied);
-    for (int row = 0; row < cells.height(); ++row) {
-        for (int column = 0; column < cells.width(); ++column) {
-            const QRgb colour = colourOf(column, row);
-            for (int y = edge(row, scale); y < edge(row + 1, scale); ++y) {
-                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-                std::fill(line + edge(column, scale), line + edge(column + 1, scale), colour);
-            }
-        }
-    }
-    return image;
 }
 
 std::vector<QRgb> premultiplied(const std::vector<QColor>& colours)
@@ -58,11 +39,71 @@ QRgb mixed(const std::vector<QRgb>& colours, double position, int column, int ro
     return colours[takesSecond(column, row, at - static_cast<double>(first)) ? second : first];
 }
 
+constexpr QRgb foot = 0xFF0A0806;
+
+// Lit from the top left: there, across, and opposite.
+using GlazeColours = std::array<QRgb, 3>;
+constexpr GlazeColours restingGlaze = {0xFFF6EDE2, 0xFFCDBDAA, 0xFF93806C};
+constexpr GlazeColours litGlaze = {0xFFFFE3B0, 0xFFFFB454, 0xFFC2701F};
+
+QRgb glazeAt(const GlazeColours& colours, const Bowl& bowl, int column, int row)
+{
+    const double x = column + 0.5 - bowl.radius;
+    const double y = row + 0.5 - bowl.radius;
+    const double toLight = -(x + y) / std::sqrt(2.0 * (x * x + y * y));
+    if (toLight > bowl.lit)
+        return colours[0];
+    return toLight < bowl.shade ? colours[2] : colours[1];
+}
+
+// A round thing of cells, in the middle of a square of them.
+class Disc
+{
+public:
+    Disc(int radius, int squareRadius)
+        : m_insets(cornerInsets(radius))
+        , m_margin(squareRadius - radius)
+        , m_side(2 * radius)
+    {
+    }
+
+    [[nodiscard]] bool contains(int column, int row) const
+    {
+        const int line = row - m_margin;
+        const int place = column - m_margin;
+        if (line < 0 || line >= m_side)
+            return false;
+        const int inset = m_insets[static_cast<std::size_t>(std::min(line, m_side - 1 - line))];
+        return place >= inset && place < m_side - inset;
+    }
+
+private:
+    std::vector<int> m_insets;
+    int m_margin;
+    int m_side;
+};
+
 } // namespace
 
 int edge(int cell, qreal scale)
 {
     return static_cast<int>(std::lround(cell * cellPoints * scale));
+}
+
+QImage drawCells(QSize cells, qreal scale, const CellColour& colourOf)
+{
+    QImage image(edge(cells.width(), scale), edge(cells.height(), scale),
+                 QImage::Format_ARGB32_Premultiplied);
+    for (int row = 0; row < cells.height(); ++row) {
+        for (int column = 0; column < cells.width(); ++column) {
+            const QRgb colour = colourOf(column, row);
+            for (int y = edge(row, scale); y < edge(row + 1, scale); ++y) {
+                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+                std::fill(line + edge(column, scale), line + edge(column + 1, scale), colour);
+            }
+        }
+    }
+    return image;
 }
 
 std::vector<int> cornerInsets(int radius)
@@ -179,6 +220,35 @@ QImage productMark(qreal scale)
     return drawCells(QSize(side, side), scale / cellPoints, [&](int column, int row) {
         return inkOf(lines[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
     });
+}
+
+QImage bowlFromAbove(const Bowl& bowl, Glaze glaze, const QImage& opening, qreal scale)
+{
+    const GlazeColours& colours = glaze == Glaze::Lit ? litGlaze : restingGlaze;
+    const Disc whole(bowl.radius, bowl.radius);
+    const Disc rim(bowl.radius - bowl.foot, bowl.radius);
+    const Disc open(bowl.radius - bowl.foot - bowl.glaze, bowl.radius);
+    const int side = 2 * bowl.radius;
+    QImage image = drawCells({side, side}, scale, [&](int column, int row) -> QRgb {
+        if (!whole.contains(column, row) || open.contains(column, row))
+            return 0;
+        return rim.contains(column, row) ? glazeAt(colours, bowl, column, row) : foot;
+    });
+    if (opening.isNull())
+        return image;
+    const int start = (image.width() - opening.width()) / 2;
+    for (int row = 0; row < side; ++row) {
+        for (int column = 0; column < side; ++column) {
+            if (!open.contains(column, row))
+                continue;
+            for (int y = edge(row, scale); y < edge(row + 1, scale); ++y) {
+                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+                for (int x = edge(column, scale); x < edge(column + 1, scale); ++x)
+                    line[x] = opening.pixel(x - start, y - start);
+            }
+        }
+    }
+    return image;
 }
 
 } // namespace tessel::art

@@ -9,6 +9,7 @@
 #include <QRegion>
 #include <QSize>
 
+#include <functional>
 #include <vector>
 
 /// The interface's own pixels: cells of 2 points, of which the outlines of its shells and its dithered ramps
@@ -20,6 +21,12 @@ inline constexpr int cellPoints = 2;
 
 /// Where the cell of that index begins, in device pixels.
 int edge(int cell, qreal scale);
+
+/// What a cell of a picture is filled with, premultiplied.
+using CellColour = std::function<QRgb(int column, int row)>;
+
+/// A picture of columns x rows cells.
+QImage drawCells(QSize cells, qreal scale, const CellColour& colourOf);
 
 /// How many cells every row of a round corner is drawn in, from the outermost row; radius in cells.
 std::vector<int> cornerInsets(int radius);
@@ -57,5 +64,27 @@ QImage ditheredVignette(const std::vector<QColor>& colours, QSize cells, qreal s
 
 /// The product's mark, a bowl with steam: 18 x 18 art pixels of one point each.
 QImage productMark(qreal scale);
+
+/// A bowl seen from above, in cells: a foot and a glazed rim, and in them a round opening.
+struct Bowl
+{
+    int radius = 0; ///< of the whole
+    int foot = 0;
+    int glaze = 0;
+    /// How far towards the light, which is at the top left, the glaze is lit, and how far from it in shade: 1
+    /// is right under it, -1 opposite.
+    double lit = 0;
+    double shade = 0;
+};
+
+/// How a bowl's glaze takes the light.
+enum class Glaze
+{
+    Resting,
+    Lit, ///< hovered, pressed or chosen
+};
+
+/// \param opening lies in the middle and is seen through the opening; a null image leaves that transparent
+QImage bowlFromAbove(const Bowl& bowl, Glaze glaze, const QImage& opening, qreal scale);
 
 } // namespace tessel::art

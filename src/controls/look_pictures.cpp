@@ -32,8 +32,8 @@ constexpr std::chrono::seconds patience{4};
 /// What is drawn where QML asks for no size.
 constexpr QSize usualSize{140, 80};
 
-/// More than any tile, so that no address can ask for all memory.
-constexpr int longestSide = 2048;
+/// More than any window of ours, so that no address can ask for all memory.
+constexpr int longestSide = 4096;
 
 class Response;
 

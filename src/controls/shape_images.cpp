@@ -83,7 +83,8 @@ QImage ShapeImages::requestImage(const QString& id, QSize* size, const QSize& /*
 {
     const QStringList parts = id.split(u'/');
     const double scale = parts.back().toDouble();
-    if (!(scale > 0) || scale > 8)
+    const double largest = parts.size() == 4 ? 8 : 32; // the mark is small
+    if (!(scale > 0) || scale > largest)
         return {};
     QImage image;
     if (parts.size() == 4)

@@ -41,6 +41,7 @@ Item {
     property bool wasQuick: false
 
     signal handleClicked
+    signal menuRequested
     signal closeRequested
 
     function frameOf(item: Item): rect {
@@ -201,6 +202,7 @@ Item {
         y: root.edge.handleFrame.y
 
         onClicked: root.handleClicked()
+        onMenuRequested: root.menuRequested()
     }
 
     // The editor stands where it will be from the start, and the shell opens on it.

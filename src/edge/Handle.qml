@@ -14,6 +14,7 @@ Item {
     required property bool isAlone
 
     signal clicked
+    signal menuRequested
 
     Accessible.description: isAlone ? qsTr("Shows quick actions") : qsTr("Opens the wallpaper editor")
     Accessible.name: isAlone ? "Tessel Broth" : qsTr("Open editor")
@@ -35,9 +36,10 @@ Item {
     MouseArea {
         id: area
 
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
         anchors.fill: parent
         hoverEnabled: true
 
-        onClicked: root.clicked()
+        onClicked: mouse => mouse.button === Qt.RightButton ? root.menuRequested() : root.clicked()
     }
 }

@@ -64,6 +64,7 @@ void EdgeController::install()
     });
     connect(m_panel.get(), &EdgePanel::pressed, this, &EdgeController::clickOutside);
     connect(m_panel.get(), &EdgePanel::handleClicked, this, &EdgeController::clickHandle);
+    connect(m_panel.get(), &EdgePanel::menuRequested, this, &EdgeController::menuRequested);
     connect(m_panel.get(), &EdgePanel::closeRequested, this, [this] { setMode(Mode::handle); });
     place();
 }

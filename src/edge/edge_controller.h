@@ -47,6 +47,9 @@ public:
     /// Whether there is a panel to be seen.
     [[nodiscard]] bool isInstalled() const { return m_panel != nullptr; }
 
+    /// Whether install() can show one.
+    [[nodiscard]] bool canInstall() const { return m_windows.hasPanelWindows(); }
+
     /// Shows the panel and obeys the pointer from now on; does nothing the second time.
     void install();
 
@@ -73,6 +76,8 @@ public:
 
 Q_SIGNALS:
     void modeChanged();
+    /// The program's menu is to open where the pointer is, on the handle.
+    void menuRequested();
 
 private:
     void place();

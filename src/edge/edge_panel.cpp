@@ -70,6 +70,7 @@ bool EdgePanel::open(WindowSystem& windows, const QVariantMap& properties)
     if (root == nullptr)
         throw std::logic_error("the panel's QML cannot be loaded");
     connect(root, SIGNAL(handleClicked()), this, SIGNAL(handleClicked()));
+    connect(root, SIGNAL(menuRequested()), this, SIGNAL(menuRequested()));
     connect(root, SIGNAL(closeRequested()), this, SIGNAL(closeRequested()));
     connect(root, SIGNAL(shapesChanged()), this, SLOT(shapesChanged()));
     connect(m_panel.get(), &PanelWindow::blendingChanged, this, [this] {

@@ -46,6 +46,8 @@ Q_SIGNALS:
     /// \param position among all screens
     void pressed(QPoint position);
     void handleClicked();
+    /// The other button was pressed on the handle.
+    void menuRequested();
     void closeRequested();
 
 private:

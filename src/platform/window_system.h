@@ -41,6 +41,9 @@ public:
     /// What the desktop is given its pictures by. It looks which desktop runs.
     [[nodiscard]] virtual std::unique_ptr<DesktopPictures> makePictures() = 0;
 
+    /// Whether there are windows that float.
+    [[nodiscard]] virtual bool hasPanelWindows() const = 0;
+
     /// nullptr where there are no such windows.
     /// \param window not shown yet; must outlive what is returned
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;

@@ -4,11 +4,14 @@
 #include "app/app_delegate.h"
 #include "app/fake_login_item.h"
 #include "app/open_dialogs.h"
+#include "controls/look_pictures.h"
 #include "edge/edge_panel.h"
 #include "support/fake_desktop.h"
 #include "support/test_store.h"
 
 #include <QDir>
+#include <QFile>
+#include <QPointer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -75,19 +78,28 @@ public:
 class AppDelegateTest : public testing::Test
 {
 protected:
+    AppDelegateTest() { m_store->setOnboarded(true); }
+
     AppDelegate& start()
     {
-        m_delegate = std::make_unique<AppDelegate>(AppParts{.instance = m_instance,
-                                                            .store = *m_store,
-                                                            .wallpaper = m_wallpaper,
-                                                            .session = m_session,
-                                                            .login = m_login,
-                                                            .notifications = m_notifications,
-                                                            .dialogs = m_dialogs,
-                                                            .quitSignals = m_quitSignals,
-                                                            .trayHost = m_trayHost,
-                                                            .panelShade = m_shade,
-                                                            .edge = m_edge});
+        m_delegate = std::make_unique<AppDelegate>(
+            AppParts{.instance = m_instance,
+                     .store = *m_store,
+                     .wallpaper = m_wallpaper,
+                     .session = m_session,
+                     .login = m_login,
+                     .notifications = m_notifications,
+                     .dialogs = m_dialogs,
+                     .quitSignals = m_quitSignals,
+                     .trayHost = m_trayHost,
+                     .panelShade = m_shade,
+                     .edge = m_edge,
+                     .makeOnboardingWindow = [this](Onboarding& onboarding) {
+                         m_onboarding = &onboarding;
+                         auto window = std::make_unique<OnboardingWindow>(onboarding, m_pictures, nullptr);
+                         m_window = window.get();
+                         return window;
+                     }});
         m_delegate->start();
         return *m_delegate;
     }
@@ -105,7 +117,14 @@ protected:
     TrayHost m_trayHost;
     FakeShade m_shade;
     FakeWindowSystem m_windows;
-    EdgeController m_edge{*m_store, m_windows, [](EdgeState&) { return nullptr; }};
+    int m_panels = 0; ///< that were asked for
+    EdgeController m_edge{*m_store, m_windows, [this](EdgeState&) {
+                              ++m_panels;
+                              return nullptr;
+                          }};
+    LookPictures m_pictures;
+    QPointer<Onboarding> m_onboarding;
+    QPointer<OnboardingWindow> m_window;
     std::unique_ptr<AppDelegate> m_delegate;
 };
 
@@ -159,6 +178,8 @@ TEST_F(AppDelegateTest, TellsOnceThatSettingsCannotBeSavedAndWhenTheyAre)
     m_store->setDesktopPhase(1.0);
     start();
     m_notifications.messages.clear();
+    m_store->saveNow();
+    QFile::remove(m_store.settingsFile());
     ASSERT_TRUE(QDir().mkpath(m_store.settingsFile()));
     m_store->setHandleHidden(true);
     EXPECT_FALSE(m_store->saveNow());
@@ -204,6 +225,64 @@ TEST_F(AppDelegateTest, GreetsUntilThereIsAWallpaper)
     m_delegate.reset();
     start();
     EXPECT_THAT(m_notifications.messages, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, IntroducesItselfOnce)
+{
+    m_store->setOnboarded(false);
+    start();
+    ASSERT_NE(m_window, nullptr);
+    EXPECT_EQ(m_panels, 0) << "the handle comes at the end";
+    EXPECT_THAT(m_notifications.messages, IsEmpty());
+    const QPointer<OnboardingWindow> first = m_window;
+    Q_EMIT m_instance.activated();
+    EXPECT_EQ(m_window, first);
+
+    m_onboarding->setBowl(2);
+    m_window->view().close();
+    EXPECT_TRUE(m_store->onboarded());
+    EXPECT_TRUE(m_store->desktop());
+    EXPECT_EQ(m_panels, 1);
+    EXPECT_EQ(m_edge.mode(), Mode::handle);
+    EXPECT_TRUE(waitUntil([&] { return first.isNull() && m_onboarding.isNull(); }));
+    m_delegate.reset();
+    start();
+    EXPECT_EQ(m_window, nullptr);
+}
+
+TEST_F(AppDelegateTest, TheLastButtonOfTheIntroductionShowsTheStrip)
+{
+    m_store->setOnboarded(false);
+    start();
+    for (int step = 0; step < 4; ++step)
+        m_onboarding->goForward();
+    EXPECT_EQ(m_edge.mode(), Mode::quick);
+    EXPECT_EQ(m_panels, 1);
+}
+
+TEST_F(AppDelegateTest, AnIntroductionLeftOpenComesAgain)
+{
+    m_store->setOnboarded(false);
+    start();
+    m_onboarding->setBowl(1);
+    const Look before = m_store->look();
+    Q_EMIT m_window->quitRequested();
+    EXPECT_TRUE(waitUntil([&] { return m_window.isNull(); }));
+    EXPECT_NE(m_store->look(), before);
+    EXPECT_FALSE(m_store->desktop());
+    m_delegate.reset();
+    start();
+    EXPECT_NE(m_window, nullptr);
+}
+
+TEST_F(AppDelegateTest, WhoeverHasAWallpaperNeedsNoIntroduction)
+{
+    m_store->setOnboarded(false);
+    m_store->applyToDesktop(lookWithSeed(2), RecordHistory::yes, {}, ContinueFromEditor::no);
+    start();
+    EXPECT_EQ(m_window, nullptr);
+    EXPECT_TRUE(m_store->onboarded());
+    EXPECT_EQ(m_panels, 1);
 }
 
 } // namespace

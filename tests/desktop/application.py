@@ -115,9 +115,10 @@ class Application:
 
     def write_settings(self, **settings: object) -> None:
         """Makes the settings file before the start; what is no text is written as JSON in quotes. Unless they
-        say otherwise there is no handle, which would stand in the picture."""
+        say otherwise there is no handle, which would stand in the picture, and no introduction."""
         quoted = {key: value if isinstance(value, str) else json.dumps(json.dumps(value))
-                  for key, value in {**settings, "handleHidden": settings.get("handleHidden", "true")}.items()}
+                  for key, value in {**settings, "handleHidden": settings.get("handleHidden", "true"),
+                                     "onboarded": settings.get("onboarded", "true")}.items()}
         self.settings_file.parent.mkdir(parents=True, exist_ok=True)
         self.settings_file.write_text("".join(["[General]\n", *(f"{key}={quoted[key]}\n" for key in quoted)]))
 

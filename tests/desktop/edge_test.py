@@ -56,6 +56,16 @@ class StripTest(EdgeTest):
                    "no menu")
         self.wait_for_handle()
 
+    def test_the_menu_opens_with_the_other_button(self) -> None:
+        self.wait_for_handle()
+        self.desktop.point_at(30, self.middle)
+        self.desktop.output("xdotool", "click", "3")
+        self.reader.find("New Wallpaper", "menu item")
+        self.desktop.press_keys("Escape")
+        wait_until(lambda: not self.desktop.menus(), "no menu")
+        self.desktop.point_at(600, 20)
+        self.wait_for_handle()
+
     def test_edges_and_hiding_are_obeyed_at_once(self) -> None:
         self.wait_for_handle()
         self.desktop.panel.choose("Handle Position", "Right")

@@ -62,7 +62,7 @@ class MenuTest(ApplicationTest):
         self.application.new_wallpaper()
         self.assertEqual(self.panel.text(), with_look.replace("Previous Wallpaper ~", "Previous Wallpaper"))
 
-    def test_first_start_says_what_to_do(self) -> None:
+    def test_a_start_without_a_wallpaper_says_what_to_do(self) -> None:
         wait_until(lambda: self.panel.messages, "a greeting")
         self.assertIn("choose New Wallpaper", self.panel.messages[0][1])
 

@@ -200,6 +200,7 @@ public:
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override { picturesBehind = pictures; }
     [[nodiscard]] std::unique_ptr<DesktopPictures> makePictures() override { return nullptr; }
+    [[nodiscard]] bool hasPanelWindows() const override { return panel != nullptr; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override
     {
         return panel != nullptr ? std::make_unique<MemoryPanel>(window, panel) : nullptr;

@@ -22,6 +22,7 @@ public:
     }
     void leaveIconsFree(const std::vector<DesktopPicture>& /*pictures*/) override {}
     [[nodiscard]] std::unique_ptr<DesktopPictures> makePictures() override;
+    [[nodiscard]] bool hasPanelWindows() const override { return false; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/) override
     {
         return nullptr;

@@ -46,6 +46,11 @@ std::unique_ptr<DesktopPictures> WaylandWindowSystem::makePictures()
     return makeDesktopPictures(bus, [this] { return std::make_unique<WaylandPictures>(m_backdrops); });
 }
 
+bool WaylandWindowSystem::hasPanelWindows() const
+{
+    return m_x11 != nullptr || QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
 std::unique_ptr<PanelWindow> WaylandWindowSystem::makePanelWindow(QWindow& window)
 {
     if (m_x11 != nullptr)

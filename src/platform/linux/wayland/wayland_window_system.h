@@ -28,6 +28,7 @@ public:
     /// There are none where our windows are.
     void leaveIconsFree(const std::vector<DesktopPicture>& /*pictures*/) override {}
     [[nodiscard]] std::unique_ptr<DesktopPictures> makePictures() override;
+    [[nodiscard]] bool hasPanelWindows() const override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) override;
     [[nodiscard]] Focus* focus() override;

@@ -26,6 +26,7 @@ public:
                                                                        Rasterizer rasterizer) override;
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override;
     [[nodiscard]] std::unique_ptr<DesktopPictures> makePictures() override;
+    [[nodiscard]] bool hasPanelWindows() const override { return true; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) override;
     [[nodiscard]] Focus* focus() override;

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import TesselBroth.Controls
+
+/** A picture as large as the window that dissolves towards the text. */
+Item {
+    id: root
+
+    required property string picture
+    /** How much of it is seen: wide or narrow. */
+    required property string extent
+    /** The text is on the right. */
+    required property bool isMirrored
+
+    height: 560
+    width: 880
+
+    TilePicture {
+        source: root.picture
+    }
+    Art {
+        anchors.fill: parent
+        drawing: `dissolve/${root.extent}`
+        mirror: root.isMirrored
+    }
+}
