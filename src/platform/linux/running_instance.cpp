@@ -113,16 +113,16 @@ WallpaperInterface::WallpaperInterface(QDBusConnection bus, RunningInstance* ins
 {
 }
 
-QString WallpaperInterface::Wallpaper(const QDBusMessage& message, bool& animated)
+void WallpaperInterface::Wallpaper(const QDBusMessage& message, QString& look, bool& animated)
 {
     const auto& wallpaper = m_instance->answers().wallpaper;
     if (!wallpaper) {
         refuse(m_bus, message, stillStarting);
-        return {};
+        return;
     }
     const ShownWallpaper shown = wallpaper();
+    look = shown.look;
     animated = shown.isAnimated;
-    return shown.look;
 }
 
 BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))

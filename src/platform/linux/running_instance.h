@@ -87,7 +87,7 @@ public:
     WallpaperInterface(QDBusConnection bus, RunningInstance* instance);
 
     /// The look on the desktop as JSON, empty while there is none, and whether it is animated.
-    Q_SLOT QString Wallpaper(const QDBusMessage& message, bool& animated);
+    Q_SLOT void Wallpaper(const QDBusMessage& message, QString& look, bool& animated);
 
 private:
     QDBusConnection m_bus;
