@@ -50,12 +50,13 @@ if(TESSEL_DEBIAN_PACKAGE)
     set(CPACK_PACKAGE_NAME tessel-broth)
     set(CPACK_PACKAGE_VENDOR "The Tessel Broth developers")
     set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
-    set(CPACK_STRIP_FILES ON)
+    set(CPACK_STRIP_FILES ON) # scripts/package puts the symbols into a package of their own
     set(CPACK_SET_DESTDIR OFF)
     set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
     set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
         OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
     set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+    set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
     set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
     set(CPACK_DEBIAN_PACKAGE_MAINTAINER ${maintainer})
     set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://tesselbroth.org)
@@ -67,15 +68,14 @@ if(TESSEL_DEBIAN_PACKAGE)
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
         "fonts-dejavu-core, libgl1-mesa-dri, qt6-wayland, xdg-utils, xwayland")
     set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "generative wallpapers, simmered one pixel at a time
- A wallpaper is not a picture here but a recipe: one of 36 patterns, a palette,
- a dither, a pixel size, a few sliders and a seed. The recipe becomes pixels at
- any size, as a still picture of the desktop's own or played live behind
- everything else.
- .
- The package holds tessel-broth, which keeps a bowl in the panel and an editor
- at the edge of the screen, and tessel, which draws without a display.")
+A wallpaper is not a picture here but a recipe: one of 36 patterns, a palette,
+a dither, a pixel size, a few sliders and a seed. The recipe becomes pixels at
+any size, as a still picture of the desktop's own or played live behind
+everything else.
+
+The package holds tessel-broth, which keeps a bowl in the panel and an editor
+at the edge of the screen, and tessel, which draws without a display.")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/postrm)
     set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-    set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
     include(CPack)
 endif()
