@@ -3,8 +3,8 @@
 
 #include "app/app_delegate.h"
 
-#include "app/actions.h"
 #include "app/commands.h"
+#include "app/requests.h"
 #include "app/status_menu.h"
 #include "platform/process.h"
 
@@ -56,7 +56,10 @@ AppDelegate::AppDelegate(const AppParts& parts)
     m_rest.setInterval(timeToRest);
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    m_parts.instance.setAnswers({});
+}
 
 void AppDelegate::start()
 {
@@ -104,10 +107,7 @@ void AppDelegate::connectStore()
 void AppDelegate::connectSystem()
 {
     connect(&m_parts.instance, &RunningInstance::activated, this, &AppDelegate::reopen);
-    connect(&m_parts.instance, &RunningInstance::actionRequested, this, [this](const QString& name) {
-        if (const auto action = actionNamed(name))
-            perform(*action);
-    });
+    m_parts.instance.setAnswers(requestAnswers(m_parts.store, [this](Action action) { perform(action); }));
     // After the wallpaper, which has heard of it before us and keeps where the animation is.
     connect(&m_parts.session, &Session::aboutToSleep, this,
             [this] { static_cast<void>(m_parts.store.saveNow()); });

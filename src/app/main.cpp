@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/actions.h"
 #include "app/app_delegate.h"
 #include "app/interface.h"
 #include "app/menu_accessibility.h"
@@ -98,7 +97,7 @@ std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& 
 
 int runApplication(QApplication& application)
 {
-    const std::unique_ptr<RunningInstance> instance = claimInstance(actionNames());
+    const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
         return EXIT_SUCCESS;
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();

@@ -23,6 +23,9 @@ int run(int argc, char** argv)
     addListCommand(app);
     addInspectCommand(app);
     addReadCommand(app);
+    addDoCommand(app);
+    addSetCommand(app);
+    addGetCommand(app);
     addCheckCommand(app);
     try {
         app.parse(argc, argv);

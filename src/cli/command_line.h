@@ -20,6 +20,9 @@ void addSheetCommand(CLI::App& app);
 void addListCommand(CLI::App& app);
 void addInspectCommand(CLI::App& app);
 void addReadCommand(CLI::App& app);
+void addDoCommand(CLI::App& app);
+void addSetCommand(CLI::App& app);
+void addGetCommand(CLI::App& app);
 void addCheckCommand(CLI::App& app);
 
 } // namespace tessel::cli

@@ -5,11 +5,31 @@
 
 #include <QObject>
 #include <QString>
-#include <QStringList>
+#include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tessel {
+
+/// What is on the desktop, for other programs.
+struct ShownWallpaper
+{
+    QString look; ///< as JSON; empty while there is none
+    bool isAnimated = false;
+};
+
+/// What the program does for others, and tells them. They may ask for anything, with anything.
+struct InstanceAnswers
+{
+    /// Does what is asked for by name, such as "new-wallpaper".
+    /// \param parameter what it is asked with; invalid for nothing
+    /// \return why it is refused, for whoever has asked; nothing when it is done
+    std::function<std::optional<QString>(const QString& action, const QVariant& parameter)> perform;
+    std::function<ShownWallpaper()> wallpaper;
+};
 
 /// Makes sure that the program runs once for each user session, and hears what others ask of it.
 class RunningInstance : public QObject
@@ -20,15 +40,19 @@ public:
     /// Whether this process is the one; if it is not, the one that is has been asked to come forward.
     [[nodiscard]] virtual bool isFirst() const = 0;
 
+    /// Answers others from now on; before, and after this was called with none, they are told to wait.
+    void setAnswers(InstanceAnswers answers) { m_answers = std::move(answers); }
+    [[nodiscard]] const InstanceAnswers& answers() const { return m_answers; }
+
 Q_SIGNALS:
     /// The user has started the program once more.
     void activated();
-    /// One of the program's actions was asked for by name, such as "new-wallpaper".
-    void actionRequested(const QString& name);
+
+private:
+    InstanceAnswers m_answers;
 };
 
 /// Takes the place of the running instance if it is free.
-/// \param actions the names that can be asked for
-[[nodiscard]] std::unique_ptr<RunningInstance> claimInstance(const QStringList& actions);
+[[nodiscard]] std::unique_ptr<RunningInstance> claimInstance();
 
 } // namespace tessel

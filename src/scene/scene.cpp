@@ -140,7 +140,7 @@ Scene::Pace Scene::pace(int ceiling, double now) const
         return ThumbPace{.speed = m_current.speed,
                          .preference =
                              session.reducedMotion ? MotionPreference::reduced : MotionPreference::full,
-                         .state = m_thumbState};
+                         .state = thumbState(now)};
     case Source::desktop:
         break;
     }
@@ -181,17 +181,24 @@ int Scene::framesPerSecond(int ceiling, double now) const
     const double speed = std::visit([](const auto& each) { return clockSpeed(each); }, current);
     if (m_source == Source::desktop && speed == 0.0 && now - m_transitionStart >= transitionDuration)
         return 0;
-    if (m_source == Source::thumb && isThumbAtRest(speed))
+    if (m_source == Source::thumb && isThumbAtRest(speed, now))
         return 0;
     return std::visit([](const auto& each) { return tessel::framesPerSecond(each); }, current);
 }
 
 /// Beside a desktop that does not move the handle only does while it is looked at.
-bool Scene::isThumbAtRest(double speed) const
+bool Scene::isThumbAtRest(double speed, double now) const
 {
-    const bool isUsed = m_thumbState == ThumbState::inUse;
-    return m_thumbState == ThumbState::hidden || speed == 0.0 ||
-           (!isUsed && !m_services.store.appliedMotion());
+    const ThumbState state = thumbState(now);
+    return state == ThumbState::hidden || speed == 0.0 ||
+           (state == ThumbState::resting && !m_services.store.appliedMotion());
+}
+
+/// Looks cross-fade in it as if it were looked at: it would stay at the one before.
+ThumbState Scene::thumbState(double now) const
+{
+    const bool isFading = now - m_transitionStart < transitionDuration;
+    return isFading && m_thumbState == ThumbState::resting ? ThumbState::inUse : m_thumbState;
 }
 
 void Scene::giveUp(const QString& problem)

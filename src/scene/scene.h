@@ -87,7 +87,8 @@ private:
 
     [[nodiscard]] const Look& wanted() const;
     [[nodiscard]] Pace pace(int ceiling, double now) const;
-    [[nodiscard]] bool isThumbAtRest(double speed) const;
+    [[nodiscard]] bool isThumbAtRest(double speed, double now) const;
+    [[nodiscard]] ThumbState thumbState(double now) const;
     [[nodiscard]] bool isPrepared(const CrossFade& fade, const std::vector<ViewSize>& views) const;
     void prepare(const CrossFade& fade, const std::vector<ViewSize>& views, std::function<void()> done);
     [[nodiscard]] CrossFade withoutKnownPhotos(CrossFade fade) const;

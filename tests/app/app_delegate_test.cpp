@@ -104,7 +104,15 @@ protected:
         return *m_delegate;
     }
 
-    void ask(const char* action) { Q_EMIT m_instance.actionRequested(QString::fromLatin1(action)); }
+    /// Asks as another program does.
+    /// \return why it is refused; empty when it is done
+    std::string ask(const char* action, const QVariant& parameter = {})
+    {
+        return m_instance.answers()
+            .perform(QString::fromLatin1(action), parameter)
+            .value_or(QString())
+            .toStdString();
+    }
 
     TestStore m_store;
     FakeInstance m_instance;
@@ -155,13 +163,43 @@ TEST_F(AppDelegateTest, DoesWhatIsAskedForByName)
     EXPECT_TRUE(m_store->appliedMotion());
     ask("toggle-motion");
     EXPECT_FALSE(m_store->appliedMotion());
-    ask("boil-over");
+    EXPECT_THAT(ask("boil-over"), HasSubstr("The actions are new-wallpaper, "));
+    EXPECT_THAT(ask("quit", true), HasSubstr("takes no parameter"));
     EXPECT_THAT(m_wallpaper.steps, ElementsAre("start", "apply", "apply", "apply", "apply"));
     ask("open-editor");
     EXPECT_NE(QApplication::activePopupWidget(), nullptr);
     QApplication::activePopupWidget()->close();
     ask("quit");
+    EXPECT_EQ(m_wallpaper.steps.back(), "apply") << "the answer comes first";
+    QCoreApplication::processEvents();
     EXPECT_EQ(m_wallpaper.steps.back(), "stop");
+}
+
+TEST_F(AppDelegateTest, PutsLooksOfOtherProgramsOnTheDesktop)
+{
+    start();
+    EXPECT_EQ(m_instance.answers().wallpaper().look, QString());
+    EXPECT_EQ(ask("set-motion", false), "");
+    EXPECT_EQ(ask("set-look", QStringLiteral(R"({"seed":31})")), "");
+    EXPECT_EQ(m_store->desktop(), lookWithSeed(31));
+    EXPECT_EQ(m_store->look(), lookWithSeed(31));
+    EXPECT_FALSE(m_store->appliedMotion());
+    const ShownWallpaper shown = m_instance.answers().wallpaper();
+    EXPECT_THAT(shown.look.toStdString(), HasSubstr(R"("seed":31)"));
+    EXPECT_FALSE(shown.isAnimated);
+    EXPECT_EQ(ask("set-look", shown.look), "");
+    EXPECT_THAT(m_store->desktopHistory(), IsEmpty());
+
+    EXPECT_THAT(ask("set-look"), HasSubstr("takes a look as JSON"));
+    EXPECT_THAT(ask("set-look", QStringList(QStringLiteral("{}"))), HasSubstr("takes a look as JSON"));
+    EXPECT_THAT(ask("set-look", QStringLiteral(R"({"pattern":36})")), HasSubstr("\"pattern\" holds 36"));
+    EXPECT_THAT(ask("set-look", QString(20 << 20, QLatin1Char(' '))), HasSubstr("too long"));
+    EXPECT_THAT(ask("set-motion", QStringLiteral("true")), HasSubstr("a Boolean"));
+    EXPECT_THAT(ask("set-motion"), HasSubstr("a Boolean"));
+    EXPECT_EQ(m_store->desktop(), lookWithSeed(31));
+    EXPECT_THAT(m_wallpaper.steps, ElementsAre("start", "apply", "apply"));
+    EXPECT_EQ(ask("set-motion", true), "");
+    EXPECT_TRUE(m_store->appliedMotion());
 }
 
 TEST_F(AppDelegateTest, WhatIsKeptBeforeSleepIsOnDiskWhenSleepBegins)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/surroundings.h"
 #include "tool.h"
 
 #include <gmock/gmock.h>
@@ -44,6 +45,21 @@ TEST_F(BadInput, LooksAreRefusedWithTheKeyAndWhatWouldBeRight)
     EXPECT_THAT(lookComplaint(""), HasSubstr("standard input"));
     EXPECT_THAT(lookComplaint(nested), HasSubstr("standard input"));
     EXPECT_THAT(complaint(1, {"inspect", "/dev/zero", "--size", "9x9"}), HasSubstr("too long to be a look"));
+}
+
+TEST_F(BadInput, TheDesktopIsAskedOnlyForWhatItCanDo)
+{
+    EXPECT_THAT(complaint(2, {"set"}), HasSubstr("a LOOK, --still or --animated"));
+    EXPECT_THAT(complaint(2, {"set", "{}", "--still", "--animated"}), HasSubstr("--animated"));
+    EXPECT_THAT(complaint(1, {"set", R"({"pattern":36})"}), HasSubstr("\"pattern\" holds 36"));
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
+    EXPECT_THAT(complaint(1, {"get"}), HasSubstr("no session bus"));
+    EXPECT_THAT(complaint(1, {"set", "{}"}), HasSubstr("no session bus"));
+    const PrivateBus bus;
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
+    EXPECT_THAT(complaint(1, {"get"}), HasSubstr("not running"));
+    EXPECT_THAT(complaint(1, {"do", "new-wallpaper"}), HasSubstr("not running"));
+    EXPECT_THAT(complaint(1, {"set", "--still"}), HasSubstr("not running"));
 }
 
 TEST_F(BadInput, FilesThatHoldNoLookAreNamed)

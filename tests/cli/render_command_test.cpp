@@ -6,6 +6,8 @@
 #include <QImage>
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 namespace tessel {
 namespace {
 
@@ -55,6 +57,43 @@ TEST_F(RenderCommand, DrawsFadesTimesAndReferences)
     EXPECT_EQ(picture({"--previous", R"({"seed":9})", "--mix", "1"}), plain);
     EXPECT_EQ(picture({"--previous", R"({"seed":9})", "--mix", "0"}), picture({R"({"seed":9})"}));
     EXPECT_NE(picture({"--previous", R"({"seed":9})", "--mix", "0.5"}), plain);
+}
+
+TEST_F(RenderCommand, DrawsAnimationsThatMeetTheirBeginning)
+{
+    const std::string look = R"({"pattern":2,"speed":4,"dither":0})";
+    const std::vector<std::string> base{"render", look, "--size", "96x54", "--fps", "4", "--animate"};
+    const auto frames = [&](const std::string& name, const std::vector<std::string>& more) {
+        std::vector<std::string> arguments = base;
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        arguments.insert(arguments.end(), {"--out", name});
+        EXPECT_EQ(run(arguments).out, name + '\n');
+        std::vector<QImage> pictures;
+        for (int i = 1; !load(name + "/000" + std::to_string(i) + ".png").isNull(); ++i)
+            pictures.push_back(load(name + "/000" + std::to_string(i) + ".png"));
+        return pictures;
+    };
+    const std::vector<QImage> plain = frames("plain", {"2"});
+    ASSERT_EQ(plain.size(), 8U);
+    ASSERT_EQ(run({"render", look, "--size", "96x54", "--time", "3", "--out", "at3.png"}).exitCode, 0);
+    EXPECT_EQ(plain[3], load("at3.png")) << "4 of phase a second, at its fourth frame";
+    EXPECT_THAT(run({"read", "plain/0001.png"}).out, HasSubstr(R"("speed":4)"));
+
+    const auto difference = [](const QImage& a, const QImage& b) {
+        double sum = 0;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x)
+                sum += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y)));
+        return sum;
+    };
+    const std::vector<QImage> looped = frames("looped", {"1", "--loop-fade", "0.5"});
+    ASSERT_EQ(looped.size(), 4U);
+    EXPECT_EQ(looped[0], plain[2]) << "it begins where the fade ends";
+    EXPECT_LT(difference(looped[3], looped[0]), difference(plain[5], plain[2]));
+
+    const Outcome again = run({"render", look, "--size", "96x54", "--animate", "1", "--out", "plain"});
+    EXPECT_EQ(again.exitCode, 1);
+    EXPECT_THAT(again.error, HasSubstr("plain: is not empty"));
 }
 
 TEST_F(RenderCommand, DrawsContactSheets)

@@ -29,8 +29,8 @@ def on_full_disk(free: int) -> tuple[str, ...]:
     return "sh", "-c", f'trap "" XFSZ; ulimit -f {free}; exec "$0"'
 
 
-def action(name: str) -> GLib.Variant:
-    return GLib.Variant("(sava{sv})", (name, [], {}))
+def action(name: str, *parameter: GLib.Variant) -> GLib.Variant:
+    return GLib.Variant("(sava{sv})", (name, parameter, {}))
 
 
 class Application:
@@ -69,9 +69,9 @@ class Application:
         self.desktop.panel.choose("Quit Tessel Broth")
         return self.process.wait(15)
 
-    def do(self, name: str) -> None:
+    def do(self, name: str, *parameter: GLib.Variant) -> None:
         """Has one of its actions done; GLib.Error if it refuses."""
-        call(self.desktop.bus, NAME, PATH, "org.freedesktop.Application.ActivateAction", action(name))
+        call(self.desktop.bus, NAME, PATH, "org.freedesktop.Application.ActivateAction", action(name, *parameter))
 
     def ask_for(self, name: str) -> None:
         """The same, without waiting for it to be done."""

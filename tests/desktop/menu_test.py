@@ -2,10 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the user chooses in the panel's menu, and what other programs ask for."""
 
+import json
+import subprocess
 import unittest
 
+from gi.repository import Gio, GLib
+
 from accessibility import ScreenReader
-from application import NAME, PROGRAM, ApplicationTest
+from application import NAME, PROGRAM, TOOL, ApplicationTest
 from desktop import wait_until
 
 FIRST_MENU = """\
@@ -162,6 +166,35 @@ class BusTest(ApplicationTest):
         wait_until(lambda: self.application.settings()["appliedMotion"] == "false", "a still")
         self.application.do("quit")
         self.assertEqual(self.application.process.wait(15), 0)
+
+    def tool(self, *arguments: str) -> subprocess.CompletedProcess:
+        return subprocess.run([TOOL, *arguments], env=self.desktop.environment, capture_output=True, text=True,
+                              timeout=60)
+
+    def test_tool_puts_looks_on_the_desktop(self) -> None:
+        self.assertIn("no wallpaper", self.tool("get").stderr)
+        done = self.tool("set", '{"pattern":24,"palette":178,"dither":3}', "--still")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.application.wait_for_still()
+        got = json.loads(self.tool("get", "--json").stdout)
+        self.assertEqual(got, {"look": self.application.look(), "animated": False})
+        self.assertEqual((got["look"]["pattern"], got["look"]["palette"]), (24, 178))
+        self.assertIn("The actions are", self.tool("do", "boil-over").stderr)
+        self.assertEqual(self.tool("do", "toggle-motion").returncode, 0)
+        self.application.wait_for_motion()
+        self.assertEqual(json.loads(self.tool("get").stdout), got["look"])
+
+    def test_what_is_no_look_is_refused(self) -> None:
+        look = self.application.new_wallpaper()
+        for parameter in ("s", ""), ("s", '{"pattern":36}'), ("as", ["{}"]), ("ay", b"{}"), ("v", GLib.Variant("s", "{")):
+            with self.assertRaises(GLib.Error) as refusal:
+                self.application.do("set-look", GLib.Variant(*parameter))
+            self.assertEqual(Gio.DBusError.get_remote_error(refusal.exception),
+                             "org.freedesktop.DBus.Error.InvalidArgs")
+        self.assertEqual(self.application.look(), look)
+        self.assertTrue(self.application.runs())
+        self.application.kill()
+        self.assertIn("not running", self.tool("set", "--still").stderr)
 
 
 if __name__ == "__main__":

@@ -28,7 +28,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 const auto name = QStringLiteral("org.tesselbroth.TesselBroth");
-const QStringList actions{QStringLiteral("stir"), QStringLiteral("serve")};
 
 class RunningInstanceTest : public testing::Test
 {
@@ -44,12 +43,22 @@ protected:
         return answer.reply();
     }
 
-    void note(const RunningInstance& instance)
+    void note(RunningInstance& instance)
     {
         QObject::connect(&instance, &RunningInstance::activated,
                          [this] { m_heard.emplace_back("activated"); });
-        QObject::connect(&instance, &RunningInstance::actionRequested,
-                         [this](const QString& action) { m_heard.push_back(action.toStdString()); });
+        instance.setAnswers(
+            {.perform = [this](const QString& action, const QVariant& parameter) -> std::optional<QString> {
+                 if (action == QStringLiteral("explode"))
+                     return QStringLiteral("There is nothing to explode.");
+                 m_heard.push_back(action.toStdString());
+                 m_heard.emplace_back(parameter.typeName() == nullptr ? "nothing" : parameter.typeName());
+                 return std::nullopt;
+             },
+             .wallpaper =
+                 [] {
+                     return ShownWallpaper{QStringLiteral("{}"), true};
+                 }});
     }
 
     WithApplication<QCoreApplication> m_application;
@@ -60,12 +69,12 @@ protected:
 
 TEST_F(RunningInstanceTest, TheSecondAsksTheFirstToComeForward)
 {
-    std::optional<BusInstance> first(std::in_place, m_bus.connect(), actions);
+    std::optional<BusInstance> first(std::in_place, m_bus.connect());
     note(*first);
     ASSERT_TRUE(first->isFirst());
     const QDBusConnection connection = m_bus.connect();
     bool isFirst = true;
-    std::thread second([&] { isFirst = BusInstance(connection, actions).isFirst(); });
+    std::thread second([&] { isFirst = BusInstance(connection).isFirst(); });
     EXPECT_TRUE(waitUntil([&] { return !m_heard.empty(); }));
     second.join();
     EXPECT_FALSE(isFirst);
@@ -79,35 +88,48 @@ TEST_F(RunningInstanceTest, TheSecondAsksTheFirstToComeForward)
               3U)
         << "the name can be taken away";
     first.reset();
-    EXPECT_TRUE(BusInstance(connection, actions).isFirst());
+    EXPECT_TRUE(BusInstance(connection).isFirst());
 }
 
 TEST_F(RunningInstanceTest, OneThatHangsIsStillTheFirst)
 {
-    const BusInstance first(m_bus.connect(), actions);
+    const BusInstance first(m_bus.connect());
     // Whoever waits in this thread is not answered by it.
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(BusInstance(m_bus.connect(), actions).isFirst());
+    EXPECT_FALSE(BusInstance(m_bus.connect()).isFirst());
     EXPECT_LT(std::chrono::steady_clock::now() - start, 4s);
 }
 
 TEST_F(RunningInstanceTest, HearsWhatTheDesktopAsks)
 {
-    const BusInstance instance(m_bus.connect(), actions);
+    BusInstance instance(m_bus.connect());
+    const auto ask = [&](const QString& action, const QVariantList& parameter) {
+        return call(QStringLiteral("ActivateAction"), {action, parameter, QVariantMap()});
+    };
+    EXPECT_THAT(ask(QStringLiteral("stir"), {}).errorMessage().toStdString(), HasSubstr("is starting"));
     note(instance);
     EXPECT_EQ(call(QStringLiteral("Activate"), {QVariantMap()}).type(), QDBusMessage::ReplyMessage);
     EXPECT_EQ(call(QStringLiteral("Open"), {QStringList(QStringLiteral("file:///a")), QVariantMap()}).type(),
               QDBusMessage::ReplyMessage);
-    const auto ask = [&](const QString& action) {
-        return call(QStringLiteral("ActivateAction"), {action, QVariantList(), QVariantMap()});
-    };
-    for (const QString& known : actions)
-        EXPECT_EQ(ask(known).type(), QDBusMessage::ReplyMessage);
-    const QDBusMessage unknown = ask(QStringLiteral("explode"));
-    EXPECT_EQ(unknown.type(), QDBusMessage::ErrorMessage);
-    EXPECT_THAT(unknown.errorMessage().toStdString(), HasSubstr("\"explode\""));
-    EXPECT_THAT(unknown.errorMessage().toStdString(), HasSubstr("stir, serve"));
-    EXPECT_THAT(m_heard, ElementsAre("activated", "activated", "stir", "serve"));
+    EXPECT_EQ(ask(QStringLiteral("stir"), {}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(ask(QStringLiteral("serve"), {QStringLiteral("hot")}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(ask(QStringLiteral("serve"), {QStringList(QStringLiteral("a"))}).type(),
+              QDBusMessage::ReplyMessage);
+    const QDBusMessage refused = ask(QStringLiteral("explode"), {});
+    EXPECT_EQ(refused.type(), QDBusMessage::ErrorMessage);
+    EXPECT_EQ(refused.errorMessage(), QStringLiteral("There is nothing to explode."));
+    EXPECT_THAT(ask(QStringLiteral("stir"), {1, 2}).errorMessage().toStdString(),
+                HasSubstr("one parameter at most"));
+    EXPECT_EQ(call(QStringLiteral("ActivateAction"), {QStringLiteral("stir")}).type(),
+              QDBusMessage::ErrorMessage);
+    EXPECT_THAT(m_heard, ElementsAre("activated", "activated", "stir", "nothing", "serve", "QString", "serve",
+                                     "QStringList"));
+
+    auto question = QDBusMessage::createMethodCall(name, QStringLiteral("/org/tesselbroth/TesselBroth"), name,
+                                                   QStringLiteral("Wallpaper"));
+    const QDBusPendingCall wallpaper = m_desktop.asyncCall(question);
+    ASSERT_TRUE(waitUntil([&] { return wallpaper.isFinished(); }));
+    EXPECT_EQ(wallpaper.reply().arguments(), QVariantList({QStringLiteral("{}"), true}));
 }
 
 TEST(LockFileInstanceTest, OnlyALivingProcessHoldsTheLock)

@@ -122,6 +122,24 @@ TEST_F(SceneTest, TheHandlesSideCountsFromTheNextLookOn)
     EXPECT_EQ(frame.edge, Edge::right);
 }
 
+TEST_F(SceneTest, ARestingHandleFadesToTheNextLookBeforeItStands)
+{
+    Scene thumb(Source::thumb, m_services);
+    thumb.setThumbState(ThumbState::resting);
+    const auto applyStill = [this](const Look& look) {
+        m_store.applyToDesktop(look, RecordHistory::no, false, ContinueFromEditor::no);
+    };
+    applyStill(lookWithSeed(1));
+    show(thumb);
+    EXPECT_EQ(thumb.framesPerSecond(30, mediaTime()), 0);
+    applyStill(lookWithSeed(2));
+    show(thumb);
+    EXPECT_GT(thumb.framesPerSecond(30, mediaTime()), 1);
+    EXPECT_EQ(thumb.framesPerSecond(30, mediaTime() + transitionDuration), 0);
+    thumb.setThumbState(ThumbState::hidden);
+    EXPECT_EQ(thumb.framesPerSecond(30, mediaTime()), 0);
+}
+
 TEST_F(SceneTest, AViewThatCannotDrawIsToldOfOnce)
 {
     Scene scene(Source::desktop, m_services);

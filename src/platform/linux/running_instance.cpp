@@ -44,6 +44,14 @@ void askToComeForward(const QDBusConnection& bus)
         qWarning().noquote() << "Tessel Broth already runs, but does not answer:" << answer.errorMessage();
 }
 
+const auto stillStarting = QStringLiteral("Tessel Broth is starting or ending. Ask again in a moment.");
+
+void refuse(const QDBusConnection& bus, const QDBusMessage& message, const QString& reason)
+{
+    message.setDelayedReply(true);
+    bus.send(message.createErrorReply(QDBusError::InvalidArgs, reason));
+}
+
 /// Below the folder of this login if there is one, which empties itself.
 QString lockFolder()
 {
@@ -68,11 +76,9 @@ sockaddr_un socketAddress(const QString& path)
 
 } // namespace
 
-ApplicationInterface::ApplicationInterface(QDBusConnection bus, QStringList actions,
-                                           RunningInstance* instance)
-    : QObject(instance)
+ApplicationInterface::ApplicationInterface(QDBusConnection bus, RunningInstance* instance)
+    : QDBusAbstractAdaptor(instance)
     , m_bus(std::move(bus))
-    , m_actions(std::move(actions))
     , m_instance(instance)
 {
 }
@@ -87,24 +93,44 @@ void ApplicationInterface::Open(const QStringList& /*uris*/, const QVariantMap& 
     Activate(platformData);
 }
 
-void ApplicationInterface::ActivateAction(const QString& name, const QVariantList& /*parameter*/,
+void ApplicationInterface::ActivateAction(const QString& name, const QVariantList& parameter,
                                           const QVariantMap& /*platformData*/, const QDBusMessage& message)
 {
-    if (m_actions.contains(name)) {
-        Q_EMIT m_instance->actionRequested(name);
-        return;
-    }
-    message.setDelayedReply(true);
-    m_bus.send(message.createErrorReply(QDBusError::InvalidArgs,
-                                        QStringLiteral("There is no action \"%1\". The actions are %2.")
-                                            .arg(name, m_actions.join(QStringLiteral(", ")))));
+    const auto& perform = m_instance->answers().perform;
+    std::optional<QString> refusal = stillStarting;
+    if (parameter.size() > 1)
+        refusal = QStringLiteral("An action takes one parameter at most, not %1.").arg(parameter.size());
+    else if (perform)
+        refusal = perform(name, parameter.value(0));
+    if (refusal)
+        refuse(m_bus, message, *refusal);
 }
 
-BusInstance::BusInstance(QDBusConnection bus, const QStringList& actions) : m_bus(std::move(bus))
+WallpaperInterface::WallpaperInterface(QDBusConnection bus, RunningInstance* instance)
+    : QDBusAbstractAdaptor(instance)
+    , m_bus(std::move(bus))
+    , m_instance(instance)
 {
+}
+
+void WallpaperInterface::Wallpaper(const QDBusMessage& message, QString& look, bool& animated)
+{
+    const auto& wallpaper = m_instance->answers().wallpaper;
+    if (!wallpaper) {
+        refuse(m_bus, message, stillStarting);
+        return;
+    }
+    const ShownWallpaper shown = wallpaper();
+    look = shown.look;
+    animated = shown.isAnimated;
+}
+
+BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
+{
+    new ApplicationInterface(m_bus, this);
+    new WallpaperInterface(m_bus, this);
     // Before the name is ours, since a call may come the moment that it is.
-    auto* interface = new ApplicationInterface(m_bus, actions, this);
-    m_bus.registerObject(identity::objectPath, interface, QDBusConnection::ExportAllSlots);
+    m_bus.registerObject(identity::objectPath, this, QDBusConnection::ExportAdaptors);
     // Neither waits in a queue for the name, nor lets another take it.
     m_isFirst = m_bus.registerService(identity::id);
     if (m_isFirst)
@@ -173,11 +199,11 @@ void LockFileInstance::askToComeForward() const
         qWarning("Tessel Broth already runs, but does not answer.");
 }
 
-std::unique_ptr<RunningInstance> claimInstance(const QStringList& actions)
+std::unique_ptr<RunningInstance> claimInstance()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected())
-        return std::make_unique<BusInstance>(bus, actions);
+        return std::make_unique<BusInstance>(bus);
     return std::make_unique<LockFileInstance>(lockFolder());
 }
 

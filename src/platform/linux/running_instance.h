@@ -5,10 +5,12 @@
 
 #include "platform/running_instance.h"
 
+#include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QLockFile>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 namespace tessel {
@@ -20,7 +22,7 @@ class BusInstance : public RunningInstance
 
 public:
     /// Waits for the bus, and for up to 2 s for the instance that already runs.
-    BusInstance(QDBusConnection bus, const QStringList& actions);
+    explicit BusInstance(QDBusConnection bus);
     ~BusInstance() override;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
@@ -56,13 +58,13 @@ private:
 };
 
 /// What the desktop calls on the running instance (Desktop Entry rules, "D-Bus Activation").
-class ApplicationInterface : public QObject
+class ApplicationInterface : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    ApplicationInterface(QDBusConnection bus, QStringList actions, RunningInstance* instance);
+    ApplicationInterface(QDBusConnection bus, RunningInstance* instance);
 
     Q_SLOT void Activate(const QVariantMap& platformData);
     /// We open no files: the user has only started the program in another way.
@@ -72,7 +74,23 @@ public:
 
 private:
     QDBusConnection m_bus;
-    const QStringList m_actions;
+    RunningInstance* m_instance;
+};
+
+/// What scripts read of the running instance.
+class WallpaperInterface : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.tesselbroth.TesselBroth")
+
+public:
+    WallpaperInterface(QDBusConnection bus, RunningInstance* instance);
+
+    /// The look on the desktop as JSON, empty while there is none, and whether it is animated.
+    Q_SLOT void Wallpaper(const QDBusMessage& message, QString& look, bool& animated);
+
+private:
+    QDBusConnection m_bus;
     RunningInstance* m_instance;
 };
 

@@ -1,0 +1,155 @@
+# SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What is installed beside the programs: each file is valid, and says of the programs what is so."""
+
+import configparser
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+from pathlib import Path
+
+from PIL import Image
+
+ID = "org.tesselbroth.TesselBroth"
+BUILD = Path(os.environ.get("TESSEL_BUILD") or Path(__file__).parents[2] / "build")
+VERSION = re.search(r"CMAKE_PROJECT_VERSION:STATIC=(.+)", (BUILD / "CMakeCache.txt").read_text())[1]
+
+
+def output(*command: str) -> str:
+    """What a command prints; an error if it fails."""
+    done = subprocess.run(command, capture_output=True, text=True, timeout=120)
+    if done.returncode != 0:
+        raise AssertionError(f"{' '.join(command)}: {done.stdout}{done.stderr}")
+    return done.stdout
+
+
+class InstalledTest(unittest.TestCase):
+    """Everything, installed below a folder."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        cls.root = Path(cls.enterClassContext(tempfile.TemporaryDirectory(prefix="tessel-installed-")))
+        output(os.environ.get("CMAKE", "cmake"), "--install", str(BUILD), "--prefix", str(cls.root))
+        cls.share = cls.root / "share"
+        cls.tool = str(cls.root / "bin/tessel")
+
+    def check(self, program: str, *arguments: str) -> None:
+        """Has a file checked by a program, where there is one."""
+        with self.subTest(program):
+            if shutil.which(program) is None:
+                self.skipTest(f"{program} is not installed")
+            self.assertEqual(output(program, *arguments).replace("Validation was successful: pedantic: 1", "")
+                             .strip(" \n✔"), "")
+
+    def read_page(self, name: str) -> str:
+        return output("gzip", "-dc", str(self.share / f"man/man1/{name}.1.gz"))
+
+    def help_of(self, *command: str) -> str:
+        return output(self.tool, *command, "--help")
+
+    def commands(self) -> list[str]:
+        listed = self.help_of().partition("Subcommands:")[2]
+        return re.findall(r"^  ([a-z]+) ", listed, re.MULTILINE)
+
+    def test_desktop_entry(self) -> None:
+        path = self.share / f"applications/{ID}.desktop"
+        self.check("desktop-file-validate", str(path))
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.optionxform = str
+        entry.read(path)
+        actions = entry["Desktop Entry"]["Actions"].strip(";").split(";")
+        self.assertEqual([f"Desktop Action {action}" for action in actions], entry.sections()[1:])
+        known = self.help_of("do")
+        for action in actions:
+            self.assertIn(action, known)
+        for section in entry.sections():
+            self.assertTrue((self.root / "bin" / entry[section]["Exec"].split()[0]).exists())
+
+    def test_metainfo(self) -> None:
+        path = self.share / f"metainfo/{ID}.metainfo.xml"
+        self.check("appstreamcli", "validate", "--strict", "--no-net", "--no-color", str(path))
+        newest = ElementTree.parse(path).find("releases/release")
+        self.assertEqual(newest.get("version"), VERSION)
+
+    def test_services(self) -> None:
+        service = (self.share / f"dbus-1/services/{ID}.service").read_text()
+        self.assertRegex(service, f"(?m)^Name={ID}$")
+        self.assertRegex(service, "(?m)^Exec=/.*/bin/tessel-broth$")
+        unit = (self.root / "lib/systemd/user/tessel-broth.service").read_text()
+        # Neither the program nor its pages are where they will be.
+        with tempfile.TemporaryDirectory() as folder:
+            copy = Path(folder) / "tessel-broth.service"
+            copy.write_text(re.sub(r"(?m)^Documentation=.*\n", "", re.sub(r"ExecStart=.*", "ExecStart=/bin/true", unit)))
+            os.environ.setdefault("XDG_RUNTIME_DIR", folder)
+            self.check("systemd-analyze", "verify", "--user", str(copy))
+
+    def test_icons(self) -> None:
+        icons = self.share / "icons/hicolor"
+        for path in icons.glob("*x*/apps/*.png"):
+            side = int(path.parts[-3].partition("x")[0])
+            with Image.open(path) as icon:
+                self.assertEqual((icon.size, path.stem), ((side, side), ID))
+                self.assertEqual(icon.getpixel((0, 0))[3] < 255, True, "a corner that is cut")
+        self.assertGreaterEqual(len(list(icons.glob("*/apps/*.png"))), 9)
+        for name in f"scalable/apps/{ID}.svg", f"symbolic/apps/{ID}-symbolic.svg":
+            self.assertGreater(len(ElementTree.parse(icons / name).getroot()), 10)
+
+    def test_manual_pages(self) -> None:
+        for name in "tessel", "tessel-broth":
+            text = self.read_page(name)
+            self.assertIn(VERSION, text)
+            with tempfile.NamedTemporaryFile("w", suffix=".1") as page:
+                page.write(text)
+                page.flush()
+                self.check("mandoc", "-T", "lint", "-W", "warning", page.name)
+
+    def test_completions_are_valid(self) -> None:
+        self.check("bash", "-n", str(self.share / "bash-completion/completions/tessel"))
+        self.check("zsh", "-n", str(self.share / "zsh/vendor-completions/_tessel"))
+        self.check("fish", "-n", str(self.share / "fish/vendor_completions.d/tessel.fish"))
+
+    def test_every_command_and_option_is_in_page_and_completions(self) -> None:
+        page = self.read_page("tessel").replace("\\-", "-")
+        bash = (self.share / "bash-completion/completions/tessel").read_text()
+        zsh = (self.share / "zsh/vendor-completions/_tessel").read_text()
+        fish = (self.share / "fish/vendor_completions.d/tessel.fish").read_text()
+        commands = self.commands()
+        self.assertIn("render", commands)
+        for command in commands:
+            self.assertIn(f"\n.It Cm {command}\n", page)
+            self.assertRegex(bash, rf"(?m)^ +{command}\) words=")
+            self.assertRegex(zsh, rf"(?m)^ +{command}\)$")
+            self.assertIn(f"-a {command} ", fish)
+            for option in re.findall(r"^  (?:-h,)?--([a-z-]+)", self.help_of(command), re.MULTILINE):
+                with self.subTest(f"{command} --{option}"):
+                    self.assertIn(f"Fl -{option}", page)
+                    self.assertRegex(bash, rf"--{option}\b")
+                    self.assertRegex(zsh, rf"--{option}\b")
+                    self.assertRegex(fish, rf"-l {option}\b")
+
+
+class BashTest(unittest.TestCase):
+    """What bash offers as a word is completed."""
+
+    def complete(self, *words: str) -> list[str]:
+        script = Path(__file__).parents[2] / "packaging/completions/tessel.bash"
+        program = f'. "{script}"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tessel; printf "%s\\n" "${{COMPREPLY[@]}}"'
+        return output("bash", "-c", program, "bash", *words).split()
+
+    def test_offers_what_fits(self) -> None:
+        self.assertEqual(self.complete("tessel", "re"), ["render", "read"])
+        self.assertEqual(self.complete("tessel", "do", "new"), ["new-wallpaper"])
+        self.assertEqual(self.complete("tessel", "render", "--loop"), ["--loop-fade"])
+        self.assertEqual(self.complete("tessel", "render", "--edge", "l"), ["left"])
+        self.assertEqual(self.complete("tessel", "check", "--seeds", ""), [])
+        with tempfile.TemporaryDirectory() as folder:
+            (Path(folder) / "wall.png").touch()
+            self.assertEqual(self.complete("tessel", "set", f"{folder}/w"), [f"{folder}/wall.png"])
+
+
+if __name__ == "__main__":
+    unittest.main()
