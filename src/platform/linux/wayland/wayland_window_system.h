@@ -5,6 +5,7 @@
 
 #include "platform/linux/wayland/wayland_backdrops.h"
 #include "platform/linux/wayland/wayland_connection.h"
+#include "platform/linux/wayland/wayland_menus.h"
 #include "platform/linux/wayland/wayland_screens.h"
 #include "platform/linux/x11/x11_window_system.h"
 #include "platform/window_system.h"
@@ -37,6 +38,7 @@ private:
     const std::unique_ptr<WaylandConnection> m_connection;
     WaylandScreens m_screens{*m_connection};
     WaylandBackdrops m_backdrops{*m_connection};
+    WaylandMenus m_menus;
     std::unique_ptr<X11WindowSystem> m_x11; ///< nullptr where Qt's windows are on Wayland
     /// Whether a desktop draws its own background and icons, which our windows would hide.
     const bool m_isDesktopDrawn;
