@@ -230,7 +230,9 @@ QImage bowlFromAbove(const Bowl& bowl, Glaze glaze, const QImage& opening, qreal
     const Disc open(bowl.radius - bowl.foot - bowl.glaze, bowl.radius);
     const int side = 2 * bowl.radius;
     QImage image = drawCells({side, side}, scale, [&](int column, int row) -> QRgb {
-        if (!whole.contains(column, row) || open.contains(column, row))
+        if (!whole.contains(column, row))
+            return bowl.ground;
+        if (open.contains(column, row))
             return 0;
         return rim.contains(column, row) ? glazeAt(colours, bowl, column, row) : foot;
     });

@@ -75,6 +75,7 @@ struct Bowl
     /// is right under it, -1 opposite.
     double lit = 0;
     double shade = 0;
+    QRgb ground = 0; ///< in the corners
 };
 
 /// How a bowl's glaze takes the light.

@@ -40,12 +40,6 @@ Pressable {
         TilePicture {
             source: root.picture
         }
-        Stepped {
-            anchors.fill: parent
-            color: Theme.soot
-            part: Stepped.Frame
-            radius: 33
-        }
     }
     Art {
         anchors.fill: parent

@@ -46,6 +46,8 @@ Page {
                 text: qsTr("Keep it on the")
             }
             Segmented {
+                LayoutMirroring.childrenInherit: true
+                LayoutMirroring.enabled: false // left is on the left for everybody
                 current: root.model.edge
                 label: question.text
                 textSize: 12

@@ -180,7 +180,8 @@ QImage drawSteam(qreal scale)
 
 QImage drawRim(const QString& what, const QString& glaze, qreal scale)
 {
-    static constexpr art::Bowl tile{.radius = 35, .foot = 1, .glaze = 3, .lit = 0.22, .shade = -0.4};
+    static constexpr art::Bowl tile{
+        .radius = 35, .foot = 1, .glaze = 3, .lit = 0.22, .shade = -0.4, .ground = soot};
     static constexpr art::Bowl handle{.radius = 9, .foot = 1, .glaze = 1, .lit = 0.5, .shade = -0.5};
     return art::bowlFromAbove(what == QLatin1String("tile") ? tile : handle,
                               glaze == QLatin1String("lit") ? art::Glaze::Lit : art::Glaze::Resting, {},
