@@ -75,7 +75,7 @@ QImage drawTile()
 QByteArray rectangle(int column, int row, int length, const char* color)
 {
     return QByteArray("<rect x=\"") + QByteArray::number(column) + "\" y=\"" + QByteArray::number(row) +
-           "\" width=\"" + QByteArray::number(length) + "\" height=\"1\" fill=\"" + color + "\"/>\n";
+           "\" width=\"" + QByteArray::number(length) + R"(" height="1" fill=")" + color + "\"/>\n";
 }
 
 /// \param colorOf of a place; nullptr for none
@@ -85,7 +85,9 @@ QByteArray svg(int side, int shownSide, ColorOf colorOf)
     const QByteArray box = QByteArray::number(side);
     const QByteArray shown = QByteArray::number(shownSide);
     QByteArray text = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + shown + "\" height=\"" + shown +
-                      "\" viewBox=\"0 0 " + box + ' ' + box + "\" shape-rendering=\"crispEdges\">\n";
+                      "\" viewBox=\"0 0 " + box + ' ' + box +
+                      R"(" shape-rendering="crispEdges">)"
+                      "\n";
     for (int row = 0; row < side; ++row) {
         for (int column = 0; column < side;) {
             const char* color = colorOf(column, row);
