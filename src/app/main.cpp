@@ -45,7 +45,7 @@ int answerArguments(int argc, char** argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Makes wallpapers, and keeps a bowl in the panel from which to choose them.\n"
-                       "Start it again to open its menu."));
+                       "Start it again to open its editor."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Shows this help."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
