@@ -5,31 +5,32 @@
 
 namespace tessel {
 
-PresetsMenu::PresetsMenu(std::function<std::vector<MenuRow>()> makeRows) : m_makeRows(std::move(makeRows)) {}
+namespace {
 
-QVariantList PresetsMenu::rows() const
+/// \param isSeparated from the row before it
+QVariantMap shown(const MenuRow& row, bool isSeparated)
 {
-    QVariantList rows;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        QVariantMap row{{QStringLiteral("text"), m_rows[i].title},
-                        {QStringLiteral("disabled"), !m_rows[i].enabled},
-                        {QStringLiteral("separated"), bool{m_isSeparated[i]}}};
-        if (m_rows[i].checked)
-            row.insert(QStringLiteral("checked"), *m_rows[i].checked);
-        rows.push_back(row);
-    }
-    return rows;
+    QVariantMap values{{QStringLiteral("text"), row.title},
+                       {QStringLiteral("disabled"), !row.enabled},
+                       {QStringLiteral("separated"), isSeparated}};
+    if (row.checked)
+        values.insert(QStringLiteral("checked"), *row.checked);
+    return values;
 }
+
+} // namespace
+
+PresetsMenu::PresetsMenu(std::function<std::vector<MenuRow>()> makeRows) : m_makeRows(std::move(makeRows)) {}
 
 void PresetsMenu::open()
 {
     m_rows.clear();
-    m_isSeparated.clear();
+    m_shown.clear();
     bool isSeparated = false;
     for (const MenuRow& row : m_makeRows()) {
         if (!row.isSeparator()) {
             m_rows.push_back(row);
-            m_isSeparated.push_back(isSeparated);
+            m_shown.push_back(shown(row, isSeparated));
         }
         isSeparated = row.isSeparator();
     }

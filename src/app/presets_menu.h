@@ -24,7 +24,7 @@ public:
     /// \param makeRows called whenever it opens
     explicit PresetsMenu(std::function<std::vector<MenuRow>()> makeRows);
 
-    [[nodiscard]] QVariantList rows() const;
+    [[nodiscard]] const QVariantList& rows() const { return m_shown; }
 
     void open();
     Q_INVOKABLE void run(int row);
@@ -38,7 +38,7 @@ Q_SIGNALS:
 private:
     const std::function<std::vector<MenuRow>()> m_makeRows;
     std::vector<MenuRow> m_rows; ///< without separators
-    std::vector<bool> m_isSeparated;
+    QVariantList m_shown;        ///< the same for QML
 };
 
 } // namespace tessel

@@ -7,7 +7,12 @@
 #include "controls/shape_images.h"
 #include "controls/symbol_images.h"
 
+#include <QGuiApplication>
 #include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+
+#include <stdexcept>
 
 extern void qml_register_types_TesselBroth_Controls(); // written by qmltyperegistrar
 
@@ -19,6 +24,17 @@ void installControls(QQmlEngine& engine, LookPictures& pictures)
     engine.addImageProvider(QStringLiteral("looks"), pictures.makeProvider());
     engine.addImageProvider(QStringLiteral("shapes"), new ShapeImages);
     engine.addImageProvider(QStringLiteral("symbols"), new SymbolImages);
+}
+
+QQuickItem& showPage(QQuickView& view, const QString& file, const QVariantMap& properties)
+{
+    view.setTitle(QGuiApplication::applicationDisplayName());
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.setInitialProperties(properties);
+    view.setSource(QUrl(file));
+    if (view.rootObject() == nullptr)
+        throw std::logic_error(file.toStdString() + " cannot be loaded");
+    return *view.rootObject();
 }
 
 } // namespace tessel

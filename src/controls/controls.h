@@ -3,7 +3,11 @@
 
 #pragma once
 
+#include <QVariantMap>
+
 class QQmlEngine;
+class QQuickItem;
+class QQuickView;
 
 namespace tessel {
 
@@ -13,5 +17,10 @@ class LookPictures;
 /// of looks. There must be a QGuiApplication.
 /// \param pictures must outlive the engine
 void installControls(QQmlEngine& engine, LookPictures& pictures);
+
+/// Shows a QML file of the program's own in a window, which it fills.
+/// \param properties those that the file requires
+/// \return what it shows
+QQuickItem& showPage(QQuickView& view, const QString& file, const QVariantMap& properties);
 
 } // namespace tessel

@@ -4,6 +4,7 @@
 #include "edge/edge_panel.h"
 
 #include "controls/art_pixels.h"
+#include "controls/controls.h"
 #include "controls/surroundings.h"
 
 #include <QGuiApplication>
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 
 namespace tessel {
 
@@ -58,17 +58,11 @@ EdgePanel::~EdgePanel() = default;
 bool EdgePanel::open(WindowSystem& windows, const QVariantMap& properties)
 {
     m_view.setColor(Qt::transparent);
-    m_view.setTitle(QGuiApplication::applicationDisplayName());
-    m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_panel = windows.makePanelWindow(m_view);
     if (m_panel == nullptr)
         return false;
     Surroundings::instance().setComposited(m_panel->isBlended());
-    m_view.setInitialProperties(properties);
-    m_view.setSource(QUrl(source));
-    QQuickItem* root = m_view.rootObject();
-    if (root == nullptr)
-        throw std::logic_error("the panel's QML cannot be loaded");
+    QQuickItem* const root = &showPage(m_view, source, properties);
     connect(root, SIGNAL(handleClicked()), this, SIGNAL(handleClicked()));
     connect(root, SIGNAL(menuRequested()), this, SIGNAL(menuRequested()));
     connect(root, SIGNAL(closeRequested()), this, SIGNAL(closeRequested()));

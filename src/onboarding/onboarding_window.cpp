@@ -12,7 +12,6 @@
 #include <QQuickItem>
 #include <QScreen>
 
-#include <stdexcept>
 #include <utility>
 
 void qml_register_types_TesselBroth_Onboarding();
@@ -45,18 +44,13 @@ OnboardingWindow::OnboardingWindow(Onboarding& onboarding, LookPictures& picture
     m_engine.addImageProvider(QStringLiteral("onboarding"), new OnboardingImages);
     qml_register_types_TesselBroth_Onboarding();
     m_view.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    m_view.setTitle(QGuiApplication::applicationDisplayName());
     m_view.setColor(Qt::black);
-    m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     const QRect frame = frameOn(*QGuiApplication::primaryScreen());
     m_view.setGeometry(frame);
     m_view.setMinimumSize(frame.size());
     m_view.setMaximumSize(frame.size());
-    m_view.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&onboarding)}});
-    m_view.setSource(QUrl(source));
-    QQuickItem* root = m_view.rootObject();
-    if (root == nullptr)
-        throw std::logic_error("the introduction's QML cannot be loaded");
+    QQuickItem* const root =
+        &showPage(m_view, source, {{QStringLiteral("model"), QVariant::fromValue(&onboarding)}});
     connect(root, SIGNAL(closeRequested()), &m_view, SLOT(close()));
     connect(root, SIGNAL(moveRequested()), &m_view, SLOT(startSystemMove()));
     connect(root, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));

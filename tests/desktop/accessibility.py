@@ -8,6 +8,7 @@ from dataclasses import dataclass
 
 from gi.repository import Gio, GLib
 
+from application import ApplicationTest
 from desktop import Desktop, call, connect, wait_until
 
 # The bits among an element's states.
@@ -130,3 +131,14 @@ class ScreenReader:
             names = [element.name() for element in self.shown() if element.is_focused()]
             return names[-1] if names else ""
         return ""
+
+
+class HeardTest(ApplicationTest):
+    """An application on a desktop on which a screen reader listens."""
+
+    reader: ScreenReader
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.reader = ScreenReader(cls.desktop)

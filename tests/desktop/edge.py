@@ -4,8 +4,7 @@
 
 import json
 
-from accessibility import ScreenReader
-from application import ApplicationTest
+from accessibility import HeardTest
 from desktop import Window, wait_until
 
 SHELL = (0x14, 0x10, 0x0D)
@@ -16,7 +15,7 @@ STRIP_ROWS = 5
 EDITOR_ROW = 4
 
 
-class EdgeTest(ApplicationTest):
+class EdgeTest(HeardTest):
     """An application with a handle, and a screen reader that tells what it shows."""
 
     scale = 1.0
@@ -25,7 +24,6 @@ class EdgeTest(ApplicationTest):
     def setUpClass(cls) -> None:
         super().setUpClass()
         cls.desktop.environment["QT_SCALE_FACTOR"] = str(cls.scale)
-        cls.reader = ScreenReader(cls.desktop)
 
     def setUp(self) -> None:
         super().setUp()

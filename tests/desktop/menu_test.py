@@ -8,8 +8,8 @@ import unittest
 
 from gi.repository import Gio, GLib
 
-from accessibility import ScreenReader
-from application import NAME, PROGRAM, TOOL, ApplicationTest
+from accessibility import HeardTest
+from application import NAME, PROGRAM, TOOL
 from desktop import wait_until
 
 FIRST_MENU = """\
@@ -39,13 +39,8 @@ Made by the Tessel Broth developers
 Quit Tessel Broth (Control+Q)"""
 
 
-class MenuTest(ApplicationTest):
+class MenuTest(HeardTest):
     """Every row of the menu."""
-
-    @classmethod
-    def setUpClass(cls) -> None:
-        super().setUpClass()
-        cls.reader = ScreenReader(cls.desktop)
 
     def setUp(self) -> None:
         super().setUp()
@@ -129,13 +124,8 @@ class MenuTest(ApplicationTest):
         self.assertTrue(self.application.shows_still())
 
 
-class BusTest(ApplicationTest):
+class BusTest(HeardTest):
     """The application's name on the session bus."""
-
-    @classmethod
-    def setUpClass(cls) -> None:
-        super().setUpClass()
-        cls.reader = ScreenReader(cls.desktop)
 
     def setUp(self) -> None:
         super().setUp()

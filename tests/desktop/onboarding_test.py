@@ -4,25 +4,20 @@
 
 import unittest
 
-from accessibility import CHECKED, ScreenReader
-from application import PROGRAM, ApplicationTest
+from accessibility import CHECKED, HeardTest
+from application import PROGRAM
 from desktop import Desktop, wait_until
 from edge import FOOT, SHELL
 
 BORSCHT = 33  # its pattern
 
 
-class OnboardingTest(ApplicationTest):
+class OnboardingTest(HeardTest):
     """An application that was never started before."""
 
     @classmethod
     def make_desktop(cls) -> Desktop:
         return Desktop(1100, 700)
-
-    @classmethod
-    def setUpClass(cls) -> None:
-        super().setUpClass()
-        cls.reader = ScreenReader(cls.desktop)
 
     def setUp(self) -> None:
         super().setUp()

@@ -6,25 +6,10 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <chrono>
-
 namespace tessel {
-
-namespace {
-
-/// A monitor that is plugged in reports several changes, one after the other.
-constexpr std::chrono::milliseconds longestPause{150};
-
-} // namespace
 
 QtScreens::QtScreens(Layout layout) : m_layout(layout)
 {
-    m_burst.setSingleShot(true);
-    m_burst.setInterval(longestPause);
-    connect(&m_burst, &QTimer::timeout, this, [this] {
-        update();
-        Q_EMIT changed();
-    });
     for (const QScreen* screen : QGuiApplication::screens())
         watch(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &QtScreens::watch);

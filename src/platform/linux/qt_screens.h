@@ -3,16 +3,14 @@
 
 #pragma once
 
-#include "platform/screens.h"
-
-#include <QTimer>
+#include "platform/linux/settling_screens.h"
 
 class QScreen;
 
 namespace tessel {
 
 /// The monitors that Qt sees.
-class QtScreens : public Screens
+class QtScreens : public SettlingScreens
 {
     Q_OBJECT
 
@@ -20,17 +18,10 @@ public:
     explicit QtScreens(Layout layout);
     [[nodiscard]] std::vector<Screen> list() const override;
 
-protected:
-    /// For adapters that hear of more than Qt: as one change of a burst.
-    void noteChange() { m_burst.start(); }
-    /// What is to be done at the end of a burst, before it is told.
-    virtual void update() {}
-
 private:
     void watch(const QScreen* screen);
 
     const Layout m_layout;
-    QTimer m_burst; ///< runs through a burst of changes
 };
 
 } // namespace tessel

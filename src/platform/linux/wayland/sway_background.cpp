@@ -18,25 +18,18 @@ QString quoted(QString word)
     return QLatin1Char('"') + word + QLatin1Char('"');
 }
 
-/// Where the command cannot be given all stays as it is, and is seen to be so.
-void tellSway(const QString& monitor, const QStringList& background)
-{
-    QProcess::startDetached(
-        QStringLiteral("swaymsg"),
-        QStringList{QStringLiteral("-q"), QStringLiteral("output"), quoted(monitor), QStringLiteral("bg")} +
-            background);
-}
-
 } // namespace
 
 void setSwayBackground(const QString& monitor, const QString& file)
 {
-    tellSway(monitor, {quoted(file), QStringLiteral("fill")});
-}
-
-void coverSwayBackground(const QString& monitor)
-{
-    tellSway(monitor, {QStringLiteral("#000000"), QStringLiteral("solid_color")});
+    const QStringList background = file.isEmpty()
+                                       ? QStringList{QStringLiteral("#000000"), QStringLiteral("solid_color")}
+                                       : QStringList{quoted(file), QStringLiteral("fill")};
+    // Where the command cannot be given all stays as it is, and is seen to be so.
+    QProcess::startDetached(
+        QStringLiteral("swaymsg"),
+        QStringList{QStringLiteral("-q"), QStringLiteral("output"), quoted(monitor), QStringLiteral("bg")} +
+            background);
 }
 
 } // namespace tessel

@@ -12,9 +12,7 @@ namespace tessel {
 /// background it starts that program anew, which stands below ours then.
 
 /// Has sway show a picture below ours, which stays when we are gone.
+/// \param file empty for black
 void setSwayBackground(const QString& monitor, const QString& file);
-
-/// Has sway show black below ours.
-void coverSwayBackground(const QString& monitor);
 
 } // namespace tessel

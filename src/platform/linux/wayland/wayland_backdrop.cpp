@@ -59,7 +59,7 @@ WaylandBackdrop::WaylandBackdrop(WaylandConnection& connection) : m_connection(c
 {
     m_stalled.setSingleShot(true);
     m_stalled.setInterval(longestFrame);
-    connect(&m_stalled, &QTimer::timeout, this, &WaylandBackdrop::isStalled);
+    connect(&m_stalled, &QTimer::timeout, this, &WaylandBackdrop::tryLayers);
 }
 
 WaylandBackdrop::~WaylandBackdrop()
@@ -90,8 +90,8 @@ void WaylandBackdrop::setPicture(const QImage& picture, const QString& file)
     std::copy_n(reinterpret_cast<const std::uint32_t*>(picture.constBits()), m_picture->pixels().size(),
                 m_picture->pixels().begin());
     m_pictureFile = file;
-    if (m_wasShown && m_connection.stacksLatestLowest())
-        tellSway();
+    if (m_wasShown)
+        updateSway();
     appear();
     if (!m_isPlaying)
         showPicture();
@@ -180,8 +180,7 @@ void WaylandBackdrop::askForFrame()
         return;
     m_frame.reset(wl_surface_frame(m_surface.get()));
     wl_callback_add_listener(m_frame.get(), &FrameListener::all, this);
-    // Where it would come back below what is drawn there, it stays.
-    if (m_layer != Layer::bottom && !m_connection.stacksLatestLowest())
+    if (m_layer != Layer::bottom && canTryLayers())
         m_stalled.start();
 }
 
@@ -196,22 +195,23 @@ void WaylandBackdrop::finishFrame()
 {
     m_stalled.stop();
     m_frame.reset();
-    if (!std::exchange(m_wasShown, true) && m_connection.stacksLatestLowest())
-        tellSway();
+    if (!std::exchange(m_wasShown, true))
+        updateSway();
     if (m_layer == Layer::tryingBottom)
         m_layer = Layer::bottom;
     Q_EMIT frameDone();
 }
 
-void WaylandBackdrop::tellSway()
+/// What sway draws would cover ours until it is drawn anew.
+void WaylandBackdrop::updateSway()
 {
-    const QString monitor = m_output->screen().name;
-    m_pictureFile.isEmpty() ? coverSwayBackground(monitor) : setSwayBackground(monitor, m_pictureFile);
+    if (m_connection.stacksLatestLowest())
+        setSwayBackground(m_output->screen().name, m_pictureFile);
 }
 
 /// Another wallpaper program may cover it, or a window that fills the screen: what covers the first layer,
 /// but not the second, is no window.
-void WaylandBackdrop::isStalled()
+void WaylandBackdrop::tryLayers()
 {
     if (m_layer == Layer::background) {
         setLayer(Layer::tryingBottom);
@@ -221,10 +221,15 @@ void WaylandBackdrop::isStalled()
     }
 }
 
+/// Not where it would come back below what is drawn there.
+bool WaylandBackdrop::canTryLayers() const
+{
+    return !m_connection.stacksLatestLowest() &&
+           zwlr_layer_surface_v1_get_version(m_role.get()) >= ZWLR_LAYER_SURFACE_V1_SET_LAYER_SINCE_VERSION;
+}
+
 void WaylandBackdrop::setLayer(Layer layer)
 {
-    if (zwlr_layer_surface_v1_get_version(m_role.get()) < ZWLR_LAYER_SURFACE_V1_SET_LAYER_SINCE_VERSION)
-        return;
     m_layer = layer;
     zwlr_layer_surface_v1_set_layer(m_role.get(), layer == Layer::background
                                                       ? ZWLR_LAYER_SHELL_V1_LAYER_BACKGROUND

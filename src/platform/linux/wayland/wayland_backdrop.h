@@ -79,9 +79,10 @@ private:
     void configure(std::uint32_t serial, QSize size);
     void showPicture();
     void setLayer(Layer layer);
-    void isStalled();
+    void tryLayers();
+    [[nodiscard]] bool canTryLayers() const;
     void finishFrame();
-    void tellSway();
+    void updateSway();
 
     WaylandConnection& m_connection;
     std::shared_ptr<WaylandOutput> m_output;

@@ -125,26 +125,24 @@ void WaylandPixelCanvas::update(Frame& frame)
             copy(area, frame);
 }
 
+/// One row of an area, counted from the area's first.
+std::span<std::uint32_t> WaylandPixelCanvas::row(const Frame& frame, const PixelRect& area, int index) const
+{
+    const auto first = static_cast<std::size_t>(area.y + index) * static_cast<std::size_t>(m_size.width()) +
+                       static_cast<std::size_t>(area.x);
+    return frame.buffer->pixels().subspan(first, area.width);
+}
+
 void WaylandPixelCanvas::copy(const PixelRect& area, Frame& to)
 {
-    const auto width = static_cast<std::size_t>(m_size.width());
-    for (std::size_t row = 0; row < area.height; ++row) {
-        const std::size_t first =
-            (static_cast<std::size_t>(area.y) + row) * width + static_cast<std::size_t>(area.x);
-        std::ranges::copy(m_latest->buffer->pixels().subspan(first, area.width),
-                          to.buffer->pixels().subspan(first, area.width).begin());
-    }
+    for (int index = 0; index < area.height; ++index)
+        std::ranges::copy(row(*m_latest, area, index), row(to, area, index).begin());
 }
 
 void WaylandPixelCanvas::fill(const ColoredRect& rectangle)
 {
-    const auto width = static_cast<std::size_t>(m_size.width());
-    const PixelRect& area = rectangle.area;
-    for (std::size_t row = 0; row < area.height; ++row) {
-        const std::size_t first =
-            (static_cast<std::size_t>(area.y) + row) * width + static_cast<std::size_t>(area.x);
-        std::ranges::fill(m_drawn->buffer->pixels().subspan(first, area.width), rectangle.color);
-    }
+    for (int index = 0; index < rectangle.area.height; ++index)
+        std::ranges::fill(row(*m_drawn, rectangle.area, index), rectangle.color);
 }
 
 void WaylandPixelCanvas::show(std::span<const PixelRect> changed)

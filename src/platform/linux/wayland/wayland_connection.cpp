@@ -23,8 +23,6 @@ constexpr std::uint32_t damageInPixels = 4;
 constexpr std::uint32_t namedOutputs = 4;
 /// A place changes together with the rest of its monitor from this version on.
 constexpr std::uint32_t placesWithOutputs = 3;
-/// Surfaces may change their layer from version 2 on, and ask for the keyboard only when clicked from 4 on.
-constexpr std::uint32_t newestLayers = 4;
 
 template<typename Object>
 WaylandPointer<Object> bind(wl_registry* registry, std::uint32_t number, const wl_interface& interface,

@@ -19,7 +19,6 @@ namespace {
 
 /// A surface that takes the keyboard when it is clicked, and leaves it to others else.
 constexpr std::uint32_t keyboardOnDemand = 4;
-constexpr std::uint32_t newestLayers = 4;
 
 template<typename Object>
 Object* resource(const char* name)

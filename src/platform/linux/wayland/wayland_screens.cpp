@@ -5,24 +5,12 @@
 
 #include "platform/linux/wayland/wayland_connection.h"
 
-#include <chrono>
-
 namespace tessel {
-
-namespace {
-
-/// Within a burst of changes.
-constexpr std::chrono::milliseconds longestPause{150};
-
-} // namespace
 
 WaylandScreens::WaylandScreens(WaylandConnection& connection) : m_connection(connection)
 {
-    m_burst.setSingleShot(true);
-    m_burst.setInterval(longestPause);
-    connect(&m_burst, &QTimer::timeout, this, &Screens::changed);
-    connect(&connection, &WaylandConnection::outputsChanged, this, [this] { m_burst.start(); });
-    connect(&connection, &WaylandConnection::outputRemoved, this, [this] { m_burst.start(); });
+    connect(&connection, &WaylandConnection::outputsChanged, this, &WaylandScreens::noteChange);
+    connect(&connection, &WaylandConnection::outputRemoved, this, &WaylandScreens::noteChange);
 }
 
 std::vector<Screen> WaylandScreens::list() const

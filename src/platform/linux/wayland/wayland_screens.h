@@ -3,16 +3,14 @@
 
 #pragma once
 
-#include "platform/screens.h"
-
-#include <QTimer>
+#include "platform/linux/settling_screens.h"
 
 namespace tessel {
 
 class WaylandConnection;
 
 /// The monitors as the compositor tells them: their pixels too, whatever their scale is.
-class WaylandScreens final : public Screens
+class WaylandScreens final : public SettlingScreens
 {
     Q_OBJECT
 
@@ -25,7 +23,6 @@ public:
 
 private:
     WaylandConnection& m_connection;
-    QTimer m_burst; ///< runs through a burst of changes
 };
 
 } // namespace tessel
