@@ -64,8 +64,8 @@ AppDelegate::~AppDelegate()
 void AppDelegate::start()
 {
     reportProblems(m_parts.store.problems());
+    connectStore(); // first: the look of the last time may be one that cannot be drawn
     m_parts.wallpaper.start();
-    connectStore();
     connectSystem();
     m_shuffleTimer.start();
     // Whoever has a wallpaper has found the way before there was an introduction.

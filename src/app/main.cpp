@@ -8,10 +8,13 @@
 #include "base/identity.h"
 #include "platform/process.h"
 #include "platform/window_system.h"
+#include "render/crash_notes.h"
 #include "wallpaper/wallpaper.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFile>
+#include <QStandardPaths>
 
 #include <chrono>
 #include <cstdio>
@@ -95,11 +98,18 @@ std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& 
     }
 }
 
+QString crashNotes()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+           identity::folder + QStringLiteral("/crashes");
+}
+
 int runApplication(QApplication& application)
 {
     const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
         return EXIT_SUCCESS;
+    crash_notes::keep(QFile::encodeName(crashNotes()).toStdString(), TESSEL_VERSION);
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
     Dialogs dialogs(windows->focus());
     const std::unique_ptr<Graphics> graphics = makeGraphics(application, *windows, dialogs);
@@ -139,7 +149,10 @@ int runApplication(QApplication& application)
                           .makeOnboardingWindow = [&interface](Onboarding& onboarding) {
                               return interface.makeOnboardingWindow(onboarding);
                           }});
-    QObject::connect(&delegate, &AppDelegate::leaving, [] { endWithin(longestEnd); });
+    QObject::connect(&delegate, &AppDelegate::leaving, [] {
+        endWithin(longestEnd);
+        crash_notes::forgetAccidents();
+    });
     delegate.start();
     return QApplication::exec();
 }

@@ -4,6 +4,7 @@
 #include "render/frame_encoder.h"
 
 #include "render/blue_noise_tile.h"
+#include "render/crash_notes.h"
 #include "render/glyph_atlas.h"
 
 #include <algorithm>
@@ -241,6 +242,7 @@ void FrameEncoder::bindGlyphs(Dither dither)
 
 void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Target& target)
 {
+    crash_notes::check(pass.look);
     const float cell = cellSize(pass.block, pass.slot);
     const GridSize size{frame.width, frame.height};
     const bool direct = cell <= 1.0F;
@@ -302,6 +304,7 @@ FrameEncoder::State::~State()
 void FrameEncoder::encode(const Frame& frame, const Target& target)
 {
     const bool fading = frame.mix < 1.0F;
+    crash_notes::setDrawn(frame.current);
     const std::shared_ptr<const Photo> current = photoOf(frame.current);
     const std::shared_ptr<const Photo> previous = fading ? photoOf(frame.previous) : nullptr;
     const UniformBlock block = makeUniforms(frame, sizeOf(previous), sizeOf(current), m_blocks);
@@ -316,6 +319,8 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
 template<typename DrawGrid>
 const CellTextures* FrameEncoder::encodeGrid(const Frame& frame, DrawGrid drawGrid)
 {
+    crash_notes::check(frame.current);
+    crash_notes::setDrawn(frame.current);
     const std::shared_ptr<const Photo> photo = photoOf(frame.current);
     const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
     const GridSize grid = fieldSize(frame.width, frame.height, cellSize(block, Slot::current));
@@ -358,6 +363,7 @@ bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
 
 bool FrameEncoder::isPrepared(const Look& look, const Frame& frame) const
 {
+    crash_notes::check(look);
     if (look.dither == Dither::ascii && !m_glyphs)
         return false;
     if (look.dither == Dither::smooth ? !m_programs.hasRamp() : !m_programs.hasSteps())

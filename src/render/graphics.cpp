@@ -3,6 +3,7 @@
 
 #include "render/graphics.h"
 
+#include "render/crash_notes.h"
 #include "render/still.h"
 
 #include <algorithm>
@@ -13,12 +14,16 @@ namespace tessel {
 
 namespace {
 
-Rasterizer currentRasterizer()
+std::string_view driverText(GLenum name)
+{
+    const auto* text = reinterpret_cast<const char*>(glGetString(name));
+    return text != nullptr ? text : "";
+}
+
+Rasterizer rasterizerOf(std::string_view renderer)
 {
     static constexpr std::array<std::string_view, 4> software{"llvmpipe", "softpipe", "swrast",
                                                               "SwiftShader"};
-    const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-    const std::string_view renderer = name != nullptr ? name : "";
     return std::ranges::any_of(software, [&](auto each) { return renderer.find(each) != renderer.npos; })
                ? Rasterizer::software
                : Rasterizer::gpu;
@@ -44,8 +49,10 @@ void Graphics::begin()
 {
     if (!m_context->makeCurrent())
         throw ContextError("OpenGL is there but cannot be drawn with");
+    const std::string_view renderer = driverText(GL_RENDERER);
+    crash_notes::setDriver(renderer, driverText(GL_VERSION));
     m_encoder = std::make_unique<FrameEncoder>(m_longestScreen);
-    m_rasterizer = currentRasterizer();
+    m_rasterizer = rasterizerOf(renderer);
 }
 
 void Graphics::makeCurrent()

@@ -85,19 +85,19 @@ ProgramLibrary::ProgramLibrary()
 
 std::string ProgramLibrary::describe(Key key)
 {
-    const std::string pattern = "the pattern " + std::string(title(key.pattern));
-    const std::string dither = "the dither " + std::string(title(key.dither));
+    const std::string pattern = "The pattern " + std::string(title(key.pattern));
+    const std::string dither = "dither " + std::string(title(key.dither));
     switch (key.kind) {
     case Kind::field:
         return pattern;
     case Kind::direct:
-        return pattern + " with " + dither;
+        return pattern + " with the " + dither;
     case Kind::inks:
     case Kind::composite:
     case Kind::map:
-        return dither;
+        return "The " + dither;
     default:
-        return "the palette";
+        return "The palette";
     }
 }
 

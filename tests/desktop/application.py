@@ -5,6 +5,7 @@
 import json
 import os
 import re
+import signal
 import subprocess
 import sys
 import time
@@ -59,8 +60,9 @@ class Application:
     def runs(self) -> bool:
         return self.process is not None and self.process.poll() is None
 
-    def kill(self) -> None:
-        self.process.kill()
+    def kill(self, number: int = signal.SIGKILL) -> None:
+        """Ends it by a signal."""
+        self.process.send_signal(number)
         self.process.wait()
         wait_until(lambda: not self.desktop.has_name(NAME), "the end of the application")
 

@@ -4,6 +4,7 @@
 
 import json
 import random
+import signal
 import time
 import unittest
 from pathlib import Path
@@ -81,12 +82,35 @@ class KillTest(ApplicationTest):
         return [file for folder in folders for file in folder.iterdir() if file not in known]
 
 
-class DamageTest(ApplicationTest):
-    """Something is wrong with what is written or read."""
+class ToldTest(ApplicationTest):
+    """Something that the user is to hear of."""
 
     def is_told(self, *words: str) -> None:
         wait_until(lambda: any(all(word in title + text for word in words)
                                for title, text in self.desktop.panel.messages), f"a message with {words}")
+
+
+class DriverTest(ToldTest):
+    """A graphics driver that ends the program when it draws a look."""
+
+    def test_a_look_that_ends_it_twice_does_not_bar_the_way_to_another(self) -> None:
+        deadly = {"pattern": 15, "dither": 4}  # Halo with Noise
+        self.application.write_settings(desktop=deadly, appliedMotion="true")
+        kept = self.application.settings()["desktop"]
+        for _ in range(2):
+            self.application.start()
+            self.application.wait_for_motion()
+            self.application.kill(signal.SIGSEGV)
+        self.application.start()
+        self.is_told("Halo", "Noise", "twice")
+        self.assertEqual(self.application.settings()["desktop"], kept)
+        self.application.new_wallpaper()
+        self.application.wait_for_motion()
+        self.assertEqual(self.application.quit(), 0)
+
+
+class DamageTest(ToldTest):
+    """Something is wrong with what is written or read."""
 
     def new_look_is_seen(self, *titles: str) -> None:
         before = self.desktop.screenshot()

@@ -46,9 +46,9 @@ protected:
 TEST_F(Refused, LooksAreErrorsThatNameThePatternAndTheReason)
 {
     const std::string said = message([&] { fresh.prepare(frameOf(bad)); });
-    EXPECT_THAT(said, StartsWith("the pattern Halo cannot be drawn: "));
+    EXPECT_THAT(said, StartsWith("The pattern Halo cannot be drawn: "));
     EXPECT_THAT(said, Not(HasSubstr("\n")));
-    EXPECT_GT(said.size(), std::string("the pattern Halo cannot be drawn: ").size());
+    EXPECT_GT(said.size(), std::string("The pattern Halo cannot be drawn: ").size());
     EXPECT_EQ(message([&] { (void)fresh.isPrepared(frameOf(bad)); }), said);
     EXPECT_EQ(message([&] { (void)renderStill(fresh, frameOf(bad)); }), said);
     EXPECT_EQ(message([&] { (void)renderField(fresh, frameOf(bad)); }), said);
