@@ -75,7 +75,12 @@ void AppDelegate::start()
     if (!isFirst)
         m_parts.edge.install();
     installMenu();
-    isFirst ? showOnboarding() : greet();
+    if (isFirst)
+        showOnboarding();
+    else if (m_parts.trayHost.isKnown())
+        greet();
+    else // it is to say where the menu is
+        connect(&m_parts.trayHost, &TrayHost::changed, this, &AppDelegate::greet, Qt::SingleShotConnection);
 }
 
 void AppDelegate::quit()
@@ -162,7 +167,7 @@ void AppDelegate::greet()
 /// Where the first wallpaper is to be had here.
 QString AppDelegate::wayToBegin() const
 {
-    if (TrayIcon::hasPanel())
+    if (m_tray->hasPanel())
         return tr("Click the bowl in your panel and choose New Wallpaper for your first one.");
     if (!m_parts.edge.isInstalled())
         return tr(
@@ -226,7 +231,7 @@ OnboardingServices AppDelegate::onboardingServices()
 
 MenuPlace AppDelegate::menuPlace() const
 {
-    if (TrayIcon::hasPanel())
+    if (m_tray->hasPanel())
         return MenuPlace::panel;
     return m_parts.edge.canInstall() ? MenuPlace::handle : MenuPlace::reopening;
 }

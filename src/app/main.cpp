@@ -6,6 +6,7 @@
 #include "app/menu_accessibility.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
+#include "platform/accessibility_bus.h"
 #include "platform/process.h"
 #include "platform/window_system.h"
 #include "render/crash_notes.h"
@@ -162,6 +163,7 @@ int run(int argc, char** argv)
     setNames();
     if (argc > 1)
         return answerArguments(argc, argv);
+    avoidStuckAccessibility();
     showMenusToScreenReaders();
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     QApplication application(argc, argv);

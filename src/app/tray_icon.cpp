@@ -12,16 +12,25 @@
 
 namespace tessel {
 
-TrayIcon::TrayIcon(QMenu& menu, TrayHost& host, PanelShade& shade) : m_menu(menu), m_shade(shade)
+TrayIcon::TrayIcon(QMenu& menu, TrayHost& host, PanelShade& shade)
+    : m_menu(menu)
+    , m_host(host)
+    , m_shade(shade)
 {
     // An icon that was made while no panel listened on the bus is not offered to one later.
-    connect(&host, &TrayHost::appeared, this, [this] {
+    connect(&host, &TrayHost::changed, this, [this] {
         if (!m_hasPanel)
             renew();
     });
     connect(&shade, &PanelShade::changed, this, &TrayIcon::drawIcon);
     qGuiApp->installEventFilter(this);
-    renew();
+    if (m_host.isKnown())
+        renew();
+}
+
+bool TrayIcon::hasPanel() const
+{
+    return m_host.isKnown() && QSystemTrayIcon::isSystemTrayAvailable();
 }
 
 void TrayIcon::renew()
@@ -42,6 +51,8 @@ void TrayIcon::renew()
 
 void TrayIcon::drawIcon()
 {
+    if (m_icon == nullptr)
+        return;
     const QColor windowColor = QGuiApplication::palette().color(QPalette::Window);
     m_icon->setIcon(statusIcon(panelTone(m_shade.isDark(), windowColor)));
 }

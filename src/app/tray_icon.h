@@ -13,7 +13,8 @@
 
 namespace tessel {
 
-/// The bowl in the panel. Where there is no panel yet, it appears with the panel.
+/// The bowl in the panel. Where there is no panel yet, or one that does not answer, it appears with the
+/// panel.
 class TrayIcon : public QObject
 {
     Q_OBJECT
@@ -22,7 +23,8 @@ public:
     /// All of them must outlive the icon.
     TrayIcon(QMenu& menu, TrayHost& host, PanelShade& shade);
 
-    [[nodiscard]] static bool hasPanel() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+    /// Whether the bowl can be seen.
+    [[nodiscard]] bool hasPanel() const;
 
 Q_SIGNALS:
     /// The icon was clicked where its menu does not come up by itself.
@@ -36,9 +38,10 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     QMenu& m_menu;
+    TrayHost& m_host;
     PanelShade& m_shade;
-    std::unique_ptr<QSystemTrayIcon> m_icon;
-    bool m_hasPanel = false; ///< when the icon was made
+    std::unique_ptr<QSystemTrayIcon> m_icon; ///< there once the host is known
+    bool m_hasPanel = false;                 ///< when the icon was made
 };
 
 } // namespace tessel

@@ -14,11 +14,16 @@ class TrayHost : public QObject
 {
     Q_OBJECT
 
+public:
+    /// Whether its program answers, or there is none: whoever makes an icon waits for that answer.
+    [[nodiscard]] virtual bool isKnown() const { return true; }
+
 Q_SIGNALS:
-    /// There is one now; perhaps there was none before.
-    void appeared();
+    /// It is known now, or there is one where perhaps none was before.
+    void changed();
 };
 
+/// Asks at once, and waits for nothing.
 [[nodiscard]] std::unique_ptr<TrayHost> watchTrayHost();
 
 } // namespace tessel

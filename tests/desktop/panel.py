@@ -24,6 +24,8 @@ INTERFACES = """
 </node>
 """
 
+MAY_BE_REPLACED = 1  # by another owner of a name
+
 
 @dataclass(frozen=True)
 class Row:
@@ -73,7 +75,7 @@ class Panel:
         interfaces = Gio.DBusNodeInfo.new_for_xml(INTERFACES).interfaces
         for path, interface in zip(("/StatusNotifierWatcher", "/org/freedesktop/Notifications"), interfaces):
             self.bus.register_object(path, interface, self._answer, lambda *_: GLib.Variant("b", True), None)
-            name = GLib.Variant("(su)", (interface.name, 0))
+            name = GLib.Variant("(su)", (interface.name, MAY_BE_REPLACED))
             self.bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName", name, None,
                                Gio.DBusCallFlags.NONE, -1, None)
         GLib.MainLoop(context).run()

@@ -5,13 +5,14 @@
 import json
 import random
 import signal
+import sys
 import time
 import unittest
 from pathlib import Path
 
 from PIL import Image
 
-from application import ApplicationTest, on_full_disk
+from application import NAME, PROGRAM, ApplicationTest, on_full_disk
 from desktop import wait_until
 
 STILL_DELAY = 1.8  # seconds from a new look to its picture
@@ -106,6 +107,35 @@ class DriverTest(ToldTest):
         self.assertEqual(self.application.settings()["desktop"], kept)
         self.application.new_wallpaper()
         self.application.wait_for_motion()
+        self.assertEqual(self.application.quit(), 0)
+
+
+STUCK_OWNER = """
+import time
+from gi.repository import Gio, GLib
+bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+instead_of_others = 2
+for name in ("org.kde.StatusNotifierWatcher", "org.a11y.Bus"):
+    bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName",
+                  GLib.Variant("(su)", (name, instead_of_others)), None, Gio.DBusCallFlags.NONE, -1, None)
+time.sleep(1000)
+"""
+
+
+class StuckTest(ApplicationTest):
+    """Other programs are there, and do not answer."""
+
+    def test_a_panel_and_a_bus_of_screen_readers_hold_up_nothing(self) -> None:
+        stuck = self.desktop.start(sys.executable, "-c", STUCK_OWNER)
+        self.desktop.wait_for_name("org.a11y.Bus")
+        stuck.send_signal(signal.SIGSTOP)
+        self.desktop.panel.item = None
+        self.application.process = self.desktop.start(PROGRAM)
+        self.desktop.wait_for_name(NAME)
+        self.application.do("new-wallpaper")  # waits for the answer, less than for one of them
+        self.assertIsNone(self.desktop.panel.item)
+        stuck.kill()
+        wait_until(lambda: self.desktop.panel.item, "the icon in the panel")
         self.assertEqual(self.application.quit(), 0)
 
 

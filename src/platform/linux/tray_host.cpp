@@ -4,17 +4,50 @@
 #include "platform/tray_host.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <limits>
 
 namespace tessel {
 
+namespace {
+
+const auto watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+class LinuxTrayHost final : public TrayHost
+{
+public:
+    LinuxTrayHost()
+    {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        bus.connect(watcherName, watcherPath, watcherName, QStringLiteral("StatusNotifierHostRegistered"),
+                    this, SIGNAL(changed()));
+        auto ping = QDBusMessage::createMethodCall(
+            watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+        ping.setAutoStartService(false);
+        // The bus itself answers where nobody has that name, or its owner goes.
+        const auto* answer =
+            new QDBusPendingCallWatcher(bus.asyncCall(ping, std::numeric_limits<int>::max()), this);
+        connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
+            call->deleteLater();
+            m_isKnown = true;
+            Q_EMIT changed();
+        });
+    }
+
+    [[nodiscard]] bool isKnown() const override { return m_isKnown; }
+
+private:
+    bool m_isKnown = false;
+};
+
+} // namespace
+
 std::unique_ptr<TrayHost> watchTrayHost()
 {
-    auto host = std::make_unique<TrayHost>();
-    QDBusConnection::sessionBus().connect(
-        QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("StatusNotifierHostRegistered"),
-        host.get(), SIGNAL(appeared()));
-    return host;
+    return std::make_unique<LinuxTrayHost>();
 }
 
 } // namespace tessel
