@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/actions.h"
 #include "app/app_delegate.h"
 #include "app/interface.h"
 #include "app/menu_accessibility.h"
@@ -84,17 +85,33 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
     std::_Exit(EXIT_FAILURE);
 }
 
+/// Tells the user that nothing can be drawn, and whoever asks for anything, until somebody ends the program.
+void tellOfNoGraphics(const QString& reason, RunningInstance& instance, Dialogs& dialogs)
+{
+    const Alert alert{QCoreApplication::translate("Main", "Tessel Broth cannot draw here"), reason};
+    const QString refusal = alert.message + QStringLiteral(": ") + reason;
+    print(stderr, QStringLiteral("tessel-broth: %1\n").arg(refusal)); // perhaps not even the alert can be
+    instance.setAnswers(
+        {.perform = [refusal](const QString& name, const QVariant&) -> std::optional<QString> {
+             if (actionNamed(name) != Action::quit)
+                 return refusal;
+             QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+             return std::nullopt;
+         },
+         .wallpaper = [] { return ShownWallpaper(); }});
+    QObject::connect(&dialogs, &Dialogs::quitRequested, qApp, &QCoreApplication::quit);
+    dialogs.alert(alert, [](bool) { QCoreApplication::quit(); });
+    QApplication::exec();
+    instance.setAnswers({});
+}
+
 /// What draws; nullptr after telling the user that nothing can.
-std::unique_ptr<Graphics> makeGraphics(QApplication& application, WindowSystem& windows, Dialogs& dialogs)
+std::unique_ptr<Graphics> makeGraphics(WindowSystem& windows, RunningInstance& instance, Dialogs& dialogs)
 {
     try {
         return std::make_unique<Graphics>([&windows] { return windows.makeContext(); });
     } catch (const ContextError& error) {
-        QObject::connect(&dialogs, &Dialogs::quitRequested, &application, &QCoreApplication::quit);
-        dialogs.alert({QCoreApplication::translate("Main", "Tessel Broth cannot draw here"),
-                       QString::fromUtf8(error.what())},
-                      [](bool) { QCoreApplication::quit(); });
-        QApplication::exec();
+        tellOfNoGraphics(QString::fromUtf8(error.what()), instance, dialogs);
         return nullptr;
     }
 }
@@ -105,7 +122,7 @@ QString crashNotes()
            identity::folder + QStringLiteral("/crashes");
 }
 
-int runApplication(QApplication& application)
+int runApplication()
 {
     const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
@@ -113,7 +130,7 @@ int runApplication(QApplication& application)
     crash_notes::keep(QFile::encodeName(crashNotes()).toStdString(), TESSEL_VERSION);
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
     Dialogs dialogs(windows->focus());
-    const std::unique_ptr<Graphics> graphics = makeGraphics(application, *windows, dialogs);
+    const std::unique_ptr<Graphics> graphics = makeGraphics(*windows, *instance, dialogs);
     if (graphics == nullptr)
         return EXIT_FAILURE;
     Store store;
@@ -166,11 +183,11 @@ int run(int argc, char** argv)
     avoidStuckAccessibility();
     showMenusToScreenReaders();
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     qInstallMessageHandler(usual);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(statusIcon(PanelTone::light));
-    return runApplication(application);
+    return runApplication();
 }
 
 } // namespace

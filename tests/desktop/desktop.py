@@ -72,8 +72,10 @@ def descendants(pid: int) -> list[int]:
 class Desktop:
     """A context in which there is a desktop; everything that was started in it ends with it."""
 
-    def __init__(self, width: int = 800, height: int = 600, manager: tuple[str, ...] = ("openbox",)) -> None:
+    def __init__(self, width: int = 800, height: int = 600, manager: tuple[str, ...] = ("openbox",),
+                 depth: int = 24) -> None:
         self.size = (width, height)
+        self.depth = depth
         self.manager = manager
         self.folder = Path(tempfile.mkdtemp(prefix="tessel-desktop-"))
         self.processes: list[subprocess.Popen] = []
@@ -125,7 +127,7 @@ class Desktop:
         }
 
     def _start_display(self) -> None:
-        size = "{}x{}x24".format(*self.size)
+        size = "{}x{}x{}".format(*self.size, self.depth)
         display = self._start_telling(
             lambda told: ("Xvfb", "-displayfd", told, "-screen", "0", size, "-nolisten", "tcp", "-noreset"))
         self.environment["DISPLAY"] = f":{display}"

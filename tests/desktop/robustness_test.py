@@ -10,10 +10,11 @@ import time
 import unittest
 from pathlib import Path
 
+from gi.repository import GLib
 from PIL import Image
 
 from application import NAME, PROGRAM, ApplicationTest, on_full_disk
-from desktop import wait_until
+from desktop import Desktop, wait_until
 
 STILL_DELAY = 1.8  # seconds from a new look to its picture
 
@@ -108,6 +109,28 @@ class DriverTest(ToldTest):
         self.application.new_wallpaper()
         self.application.wait_for_motion()
         self.assertEqual(self.application.quit(), 0)
+
+
+class NoGraphicsTest(ApplicationTest):
+    """A display that nothing can be drawn on."""
+
+    @classmethod
+    def make_desktop(cls) -> Desktop:
+        return Desktop(depth=8)
+
+    def test_everybody_is_told_and_it_can_be_ended(self) -> None:
+        self.application.process = self.desktop.start(PROGRAM)
+        self.desktop.wait_for_name(NAME)
+        wait_until(self.is_refused, "a refusal that says why")
+        self.application.do("quit")
+        self.assertEqual(self.application.process.wait(20), 1)
+        self.assertIn("cannot draw here", self.application.log_file.read_text())
+        self.application.log_file.unlink()
+
+    def is_refused(self) -> bool:
+        with self.assertRaises(GLib.Error) as refused:
+            self.application.do("new-wallpaper")
+        return "cannot draw here" in refused.exception.message
 
 
 STUCK_OWNER = """

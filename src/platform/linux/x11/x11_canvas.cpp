@@ -18,6 +18,16 @@ namespace {
 /// The rectangles that one request may hold without any extension.
 constexpr std::size_t mostRectangles = 8000;
 
+/// As a pixel of ten bits for each colour, white staying white.
+std::uint32_t deepColor(std::uint32_t color)
+{
+    const auto part = [color](int shift) {
+        const std::uint32_t value = (color >> shift) & 0xFFU;
+        return value << 2U | value >> 6U;
+    };
+    return part(16) << 20U | part(8) << 10U | part(0);
+}
+
 } // namespace
 
 bool X11GpuCanvas::makeCurrent(GlContext& context)
@@ -65,7 +75,8 @@ void X11PixelCanvas::makeImage()
 {
     const auto bytes =
         static_cast<std::size_t>(m_size.width()) * static_cast<std::size_t>(m_size.height()) * 4U;
-    m_shared = X11SharedMemory::make(m_connection, bytes);
+    if (m_depth != deepColorDepth) // there what is shown is another than what is drawn
+        m_shared = X11SharedMemory::make(m_connection, bytes);
     m_image = m_shared == nullptr ? QImage(m_size, QImage::Format_RGB32)
                                   : QImage(static_cast<uchar*>(m_shared->bytes()), m_size.width(),
                                            m_size.height(), QImage::Format_RGB32);
@@ -78,7 +89,8 @@ void X11PixelCanvas::presentPixels(std::span<const PixelRect> changed)
     for (const PixelRect& area : changed) {
         if (m_shared == nullptr)
             putImage(m_connection, m_id, m_graphics, m_depth,
-                     m_image.copy(area.x, area.y, area.width, area.height), {area.x, area.y});
+                     inFormatOf(m_depth, m_image.copy(area.x, area.y, area.width, area.height)),
+                     {area.x, area.y});
         else
             xcb_shm_put_image(m_connection, m_id, m_graphics, width, height,
                               static_cast<std::uint16_t>(area.x), static_cast<std::uint16_t>(area.y),
@@ -112,9 +124,11 @@ void X11PixelCanvas::present(std::span<const ColoredRect> rectangles)
 void X11PixelCanvas::fill(std::span<const ColoredRect> rectangles)
 {
     m_areas.clear();
-    for (const auto& [color, area] : rectangles)
+    for (const auto& [_, area] : rectangles)
         m_areas.push_back({area.x, area.y, area.width, area.height});
-    xcb_change_gc(m_connection, m_graphics, XCB_GC_FOREGROUND, &rectangles.front().color);
+    const std::uint32_t color = rectangles.front().color;
+    const std::uint32_t pixel = m_depth == deepColorDepth ? deepColor(color) : color;
+    xcb_change_gc(m_connection, m_graphics, XCB_GC_FOREGROUND, &pixel);
     xcb_poly_fill_rectangle(m_connection, m_id, m_graphics, static_cast<std::uint32_t>(m_areas.size()),
                             m_areas.data());
 }

@@ -58,7 +58,7 @@ private:
     const QSize m_size;
     const std::uint8_t m_depth;
     const xcb_gcontext_t m_graphics;
-    std::unique_ptr<X11SharedMemory> m_shared; ///< nullptr where the server is on another machine
+    std::unique_ptr<X11SharedMemory> m_shared; ///< nullptr where the server is elsewhere, or has other pixels
     QImage m_image;                            ///< in the shared memory if there is any
     std::vector<xcb_rectangle_t> m_areas;      ///< of one colour
 };

@@ -28,6 +28,11 @@ const xcb_screen_t* screenNumbered(const xcb_setup_t* setup, int number)
 
 } // namespace
 
+QImage inFormatOf(std::uint8_t depth, const QImage& picture)
+{
+    return depth == deepColorDepth ? picture.convertToFormat(QImage::Format_RGB30) : picture;
+}
+
 void putImage(xcb_connection_t* connection, xcb_drawable_t drawable, xcb_gcontext_t context,
               std::uint8_t depth, const QImage& picture, QPoint to)
 {

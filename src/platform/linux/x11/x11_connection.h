@@ -52,9 +52,16 @@ template<typename Reply, typename Cookie>
 /// Waits until the server has done all it was asked for.
 void waitForServer(xcb_connection_t* connection);
 
+/// Ten bits for each colour, on a few screens.
+inline constexpr std::uint8_t deepColorDepth = 30;
+
+/// The same picture in the format of drawables of a depth.
+/// \param picture Format_RGB32
+[[nodiscard]] QImage inFormatOf(std::uint8_t depth, const QImage& picture);
+
 /// Copies a picture into a drawable, its top left corner at `to`.
 /// \param depth the drawable's
-/// \param picture Format_RGB32
+/// \param picture in its format
 void putImage(xcb_connection_t* connection, xcb_drawable_t drawable, xcb_gcontext_t context,
               std::uint8_t depth, const QImage& picture, QPoint to);
 

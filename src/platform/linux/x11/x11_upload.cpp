@@ -39,12 +39,11 @@ bool uploadShared(X11Connection& connection, xcb_drawable_t drawable, const QIma
 
 void upload(X11Connection& connection, xcb_drawable_t drawable, const QImage& picture, QPoint to)
 {
-    if (connection.screen().root_depth == 30 && picture.format() != QImage::Format_RGB30)
-        return upload(connection, drawable, picture.convertToFormat(QImage::Format_RGB30), to);
+    const QImage image = inFormatOf(connection.screen().root_depth, picture);
     // Below that the way through the socket is as fast.
     static constexpr qsizetype large = 0x40000;
-    if (picture.sizeInBytes() < large || !uploadShared(connection, drawable, picture, to))
-        connection.put(drawable, picture, to);
+    if (image.sizeInBytes() < large || !uploadShared(connection, drawable, image, to))
+        connection.put(drawable, image, to);
 }
 
 } // namespace tessel
