@@ -167,8 +167,8 @@ FocusScope {
 
                 readonly property real widest: {
                     let most = 100
-                    for (let i = 0; i < items.count; ++i) {
-                        const row = items.itemAt(i) as PopupMenuRow
+                    for (let i = 0; i < children.length; ++i) { // which tell when they come; the repeater counts ahead
+                        const row = children[i] as PopupMenuRow
                         if (row)
                             most = Math.max(most, row.implicitWidth)
                     }

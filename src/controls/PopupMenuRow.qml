@@ -31,7 +31,7 @@ Item {
     Accessible.onPressAction: if (enabled) pressed()
     Accessible.role: Accessible.MenuItem
     height: separated ? 35 : 26
-    implicitWidth: indent + 10 + words.implicitWidth + (detail === "" ? 0 : dot.implicitWidth + more.implicitWidth)
+    implicitWidth: Math.ceil(indent + 10 + words.implicitWidth + (detail === "" ? 0 : dot.implicitWidth + more.implicitWidth))
 
     Rectangle {
         color: Theme.line

@@ -46,8 +46,11 @@ Pressable {
     /** A symbol at the end needs less room beside it than text does. */
     readonly property real paddings: 2 * padding - (symbolLeads ? 4 : 0)
 
+    /** What the text needs, without padding. */
+    readonly property real textWidth: Math.ceil(words.implicitWidth)
+
     height: 26
-    implicitWidth: paddings + Math.ceil(words.implicitWidth) + (symbol === "" ? 0 : symbolBox + gap)
+    implicitWidth: paddings + textWidth + (symbol === "" ? 0 : symbolBox + gap)
     label: text
     scale: pressed ? Theme.pressScale : 1
     width: implicitWidth

@@ -162,6 +162,8 @@ Item {
     PopupMenu {
         id: presetsMenu
 
+        LayoutMirroring.childrenInherit: true
+        LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
         anchors.fill: parent
         label: qsTr("Presets")
         margin: 6

@@ -44,6 +44,7 @@ Item {
         anchors.centerIn: parent
         box: 20
         color: !root.isEnabled ? Theme.stripDisabled : root.isHovered || root.isLit ? Theme.amber : Theme.stripSymbol
+        mirror: root.symbol === "arrow-back-up" && Application.layoutDirection === Qt.RightToLeft
         name: root.symbol
     }
     MouseArea {

@@ -56,7 +56,7 @@ Item {
 
                 bottomMargin: root.isShort ? 130 : 0
                 boundsBehavior: Flickable.StopAtBounds
-                contentHeight: 206
+                contentHeight: contentItem.childrenRect.y + contentItem.childrenRect.height
                 height: area.cut
                 interactive: false
                 visible: root.isEditing
@@ -85,6 +85,7 @@ Item {
                 width: parent.width
             }
             ToggleRow {
+                //: a verb: turns the palette's order round
                 label: qsTr("Invert")
                 on: root.model.look.invert
                 width: 288

@@ -34,7 +34,7 @@ Item {
         chips.itemAt(index).forceActiveFocus(Qt.OtherFocusReason)
     }
 
-    height: 198
+    height: buttons.y + buttons.height + 4
     width: 312
 
     Component.onCompleted: open(palette.openIndex)
@@ -147,6 +147,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 12
         hex: root.field ? root.field.hex : ""
+        //: six hexadecimal digits of a colour
         label: qsTr("Hex")
         width: 72
         y: 122
@@ -179,16 +180,27 @@ Item {
         }
     }
     Flow {
+        id: buttons
+
+        /** Longer words get less around them, so that all three stand side by side. */
+        readonly property real padding: {
+            const words = photo.textWidth + cancel.textWidth + save.textWidth
+            return Math.max(4, Math.min(10, (room - 2 * spacing - words) / 6))
+        }
+        readonly property real room: 232
+
         anchors.right: parent.right
         anchors.rightMargin: 12
         spacing: 6
-        width: Math.min(228, photo.width + cancel.width + save.width + 12)
+        width: Math.min(room, photo.width + cancel.width + save.width + 12)
         y: 168
 
         SmallButton {
             id: photo
 
             enabled: !root.palette.isReadingPhoto
+            padding: buttons.padding
+            //: a photo is being read; takes the colours of a palette from a photo
             text: root.palette.isReadingPhoto ? qsTr("Reading…") : qsTr("From photo")
 
             onClicked: root.palette.fromPhoto()
@@ -196,6 +208,7 @@ Item {
         SmallButton {
             id: cancel
 
+            padding: buttons.padding
             text: qsTr("Cancel")
 
             onClicked: root.palette.cancel()
@@ -204,6 +217,7 @@ Item {
             id: save
 
             kind: SmallButton.Filled
+            padding: buttons.padding
             text: qsTr("Save")
 
             onClicked: root.palette.save()

@@ -162,6 +162,7 @@ Item {
                 anchors.centerIn: parent
                 box: 20
                 color: row.isLit || row.modelData === "live-photo" ? Theme.amber : Theme.stripSymbol
+                mirror: row.modelData === "arrow-back-up" && Application.layoutDirection === Qt.RightToLeft
                 name: row.modelData
             }
         }
