@@ -26,6 +26,7 @@ constexpr std::array rows{
     Row{Action::newWallpaper, "new-wallpaper", QT_TRANSLATE_NOOP("Actions", "New Wallpaper"), Qt::Key_N},
     Row{Action::previousWallpaper, "previous-wallpaper", QT_TRANSLATE_NOOP("Actions", "Previous Wallpaper"),
         Qt::Key_P},
+    //: makes a still wallpaper animated, and an animated one still
     Row{Action::toggleMotion, "toggle-motion", QT_TRANSLATE_NOOP("Actions", "Still or Animated"),
         Qt::Key_unknown},
     Row{Action::openEditor, "open-editor", QT_TRANSLATE_NOOP("Actions", "Open Editor"), Qt::Key_E},

@@ -98,7 +98,9 @@ void AppDelegate::connectStore()
     connect(&store, &Store::refused, this,
             [this](const QString& message) { tell(tr("Tessel Broth could not use that"), message); });
     connect(&store, &Store::savingFailed, this, [this](const QString& message) {
-        tell(tr("Your settings cannot be saved"), tr("%1 Tessel Broth keeps trying.").arg(message));
+        tell(tr("Your settings cannot be saved"),
+             //: %1 says why, without an end
+             tr("%1. Tessel Broth keeps trying.").arg(message));
     });
     connect(&store, &Store::savingResumed, this,
             [this] { tell(tr("Your settings are saved again"), tr("Nothing has been lost.")); });

@@ -33,6 +33,7 @@ struct Commands
 
 void showApproval(LoginItem& login, Dialogs& dialogs, const std::function<void()>& done)
 {
+    //: login items: the programs that start at login
     const Alert alert{Commands::tr("Allow Tessel Broth in Login Items"), approvalText(),
                       Commands::tr("Open Login Items"), Commands::tr("Not Now")};
     dialogs.alert(alert, [&login, &dialogs, done](bool open) {

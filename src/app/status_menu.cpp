@@ -92,6 +92,7 @@ MenuRow intervalRow(Store& store, const QString& id, const QString& title, qint6
 
 MenuRow edgeRow(Store& store, const QString& id, Edge edge)
 {
+    //: where the handle is
     const QString name = edge == Edge::left ? StatusMenu::tr("Left") : StatusMenu::tr("Right");
     return radioRow(id, name, QStringLiteral("handle"), !store.handleHidden() && store.edge() == edge,
                     [&store, edge] {
@@ -102,6 +103,7 @@ MenuRow edgeRow(Store& store, const QString& id, Edge edge)
 
 std::vector<MenuRow> intervalRows(Store& store)
 {
+    //: how often there is a fresh bowl
     return {intervalRow(store, QStringLiteral("hourly"), StatusMenu::tr("Every Hour"), 60),
             intervalRow(store, QStringLiteral("daily"), StatusMenu::tr("Every Day"), 1440),
             intervalRow(store, QStringLiteral("never"), StatusMenu::tr("Never"), 0)};
@@ -111,6 +113,7 @@ std::vector<MenuRow> handleRows(Store& store)
 {
     return {edgeRow(store, QStringLiteral("left"), Edge::left),
             edgeRow(store, QStringLiteral("right"), Edge::right),
+            //: there is no handle
             radioRow(QStringLiteral("hidden"), StatusMenu::tr("Hidden"), QStringLiteral("handle"),
                      store.handleHidden(), [&store] { store.setHandleHidden(true); })};
 }
@@ -156,12 +159,15 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, std::
         actionRow(commands, Action::newWallpaper),
         previousRow(store, commands),
         separator(QStringLiteral("before-motion")),
+        //: a wallpaper that does not move
         motionRow(store, QStringLiteral("still"), StatusMenu::tr("Still Wallpaper"), false),
         motionRow(store, QStringLiteral("animated"), StatusMenu::tr("Animated Wallpaper"), true),
         submenu(QStringLiteral("presets"), StatusMenu::tr("Presets"),
                 presetRows(store, commands.saveAsPreset)),
         separator(QStringLiteral("before-settings")),
+        //: a new wallpaper every hour or day
         submenu(QStringLiteral("fresh-bowl"), StatusMenu::tr("Fresh Bowl"), intervalRows(store)),
+        //: the round handle at the edge of the screen
         submenu(QStringLiteral("handle"), StatusMenu::tr("Handle Position"), handleRows(store)),
         launchRow(login, commands),
         separator(QStringLiteral("before-about")),

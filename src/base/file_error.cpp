@@ -3,12 +3,30 @@
 
 #include "base/file_error.h"
 
+#include <QCoreApplication>
+
 #include <cerrno>
 #include <system_error>
 
 namespace tessel {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+struct FileErrorText
+{
+    Q_DECLARE_TR_FUNCTIONS(FileErrorText)
+};
+
+/// A text with the name of a folder in it, whose bytes need not be UTF-8.
+std::string about(const fs::path& folder, const QString& text)
+{
+    const auto place = text.indexOf(QLatin1String("%1"));
+    return text.left(place).toStdString() + folder.string() + text.mid(place + 2).toStdString();
+}
+
+} // namespace
 
 fs::path folderOf(const fs::path& path)
 {
@@ -22,26 +40,27 @@ std::string reasonFor(int error, const fs::path& path)
     switch (error) {
     case EACCES:
     case EPERM:
-        return "permission denied";
+        //: reasons, at the end of a sentence
+        return FileErrorText::tr("permission denied").toStdString();
     case EROFS:
-        return "the file system is read-only";
+        return FileErrorText::tr("the file system is read-only").toStdString();
     case ENOENT:
-        return fs::exists(folder, ignored) ? "there is no such file"
-                                           : "there is no folder " + folder.string();
+        return fs::exists(folder, ignored) ? FileErrorText::tr("there is no such file").toStdString()
+                                           : about(folder, FileErrorText::tr("there is no folder %1"));
     case ENOTDIR:
-        return folder.string() + " is not a folder";
+        return about(folder, FileErrorText::tr("%1 is not a folder"));
     case EISDIR:
-        return "it is a folder";
+        return FileErrorText::tr("it is a folder").toStdString();
     case ENOSPC:
-        return "the disk is full";
+        return FileErrorText::tr("the disk is full").toStdString();
     case EDQUOT:
-        return "the disk quota is used up";
+        return FileErrorText::tr("the disk quota is used up").toStdString();
     case EFBIG:
-        return "the file would be larger than is allowed";
+        return FileErrorText::tr("the file would be larger than is allowed").toStdString();
     case ENAMETOOLONG:
-        return "the name is too long";
+        return FileErrorText::tr("the name is too long").toStdString();
     case EIO:
-        return "the disk reports a fault";
+        return FileErrorText::tr("the disk reports a fault").toStdString();
     default:
         return std::generic_category().message(error);
     }

@@ -3,6 +3,8 @@
 
 #include "base/file_writer.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -17,6 +19,11 @@ namespace tessel {
 namespace fs = std::filesystem;
 
 namespace {
+
+struct FileWriterText
+{
+    Q_DECLARE_TR_FUNCTIONS(FileWriterText)
+};
 
 constexpr std::string_view temporaryStart = ".tessel-";
 constexpr std::string_view temporaryEnd = ".tmp";
@@ -122,7 +129,9 @@ void FileWriter::fail(int error) const
 {
     const bool writable = ::faccessat(AT_FDCWD, folderOf(m_target).c_str(), W_OK, AT_EACCESS) == 0;
     throw FileError(writable ? FileError::Code::unknown : FileError::Code::noPermission,
-                    m_name.string() + ": cannot be written: " + reasonFor(error, m_target));
+                    //: between the name of a file and the reason
+                    m_name.string() + ": " + FileWriterText::tr("cannot be written").toStdString() + ": " +
+                        reasonFor(error, m_target));
 }
 
 void FileWriter::followLinks()

@@ -27,6 +27,7 @@ Pressable {
 
     Accessible.checkable: kind !== PaletteSwatch.Add
     Accessible.checked: selected
+    //: keys; E stays E
     Accessible.description: kind === PaletteSwatch.Mine ? qsTr("E edits, Delete deletes") : ""
     Accessible.role: kind === PaletteSwatch.Add ? Accessible.Button : Accessible.RadioButton
     height: 43

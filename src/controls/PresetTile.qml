@@ -16,6 +16,7 @@ Pressable {
 
     Accessible.checkable: true
     Accessible.checked: selected
+    //: of a wallpaper
     Accessible.description: animated ? qsTr("Animated") : qsTr("Still")
     Accessible.role: Accessible.RadioButton
     height: 102

@@ -13,6 +13,7 @@ Pressable {
 
     Accessible.checkable: true
     Accessible.checked: on
+    //: the state of a switch
     Accessible.description: on ? qsTr("On") : qsTr("Off")
     Accessible.role: Accessible.CheckBox
     height: 26

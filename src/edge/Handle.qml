@@ -16,6 +16,7 @@ Item {
     signal clicked
     signal menuRequested
 
+    //: what a click on the handle does
     Accessible.description: isAlone ? qsTr("Shows quick actions") : qsTr("Opens the wallpaper editor")
     Accessible.name: isAlone ? "Tessel Broth" : qsTr("Open editor")
     Accessible.role: Accessible.Button

@@ -48,7 +48,9 @@ QuickActions::Row QuickActions::rowAt(int row) const
     }
     case motion:
         if (m_store.desktopMotion())
+            //: the state, and what a click does
             return {tr("Animated · click to freeze"), QStringLiteral("live-photo"), true, true};
+        //: the state, and what a click does
         return {tr("Still · click to animate"), QStringLiteral("live-photo-off")};
     case presets:
         return {tr("Presets"), QStringLiteral("stack-2")};

@@ -19,8 +19,10 @@ Item {
     }
     Segmented {
         current: root.look.motion ? 1 : 0
+        //: what is chosen between still and animated
         label: qsTr("Wallpaper")
         symbols: ["live-photo-off", "live-photo"]
+        //: "Still": a wallpaper that does not move
         titles: [qsTr("Still"), qsTr("Animated")]
         width: 288
         x: 12

@@ -77,6 +77,7 @@ Item {
         }
         IconButton {
             symbol: "arrows-shuffle"
+            //: makes another look at random, which is not put on the desktop
             tip: qsTr("Shuffle draft")
 
             onClicked: root.model.look.shuffleDraft()

@@ -24,6 +24,7 @@ Pressable {
     Drag.supportedActions: Qt.CopyAction
     Accessible.onPressAction: if (!asksPhoto) hold() // which the pointer does with the button in it
     activeFocusOnTab: true
+    //: %1 is the name of the look, such as "Flow Ember"
     label: asksPhoto ? qsTr("Choose a photo") : qsTr("Preview: %1").arg(model.look.title)
     takesFocus: asksPhoto
 
@@ -106,6 +107,7 @@ Pressable {
             color: root.picture.frozen ? Theme.amber : Theme.stock
             symbol: root.picture.frozen ? "live-photo-off" : "live-photo"
             takesFocus: false
+            //: of an animation that was stopped, and that plays
             tip: root.picture.frozen ? qsTr("Let it move") : qsTr("Hold it still")
 
             onClicked: root.hold()

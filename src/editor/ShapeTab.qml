@@ -52,6 +52,7 @@ ScrollArea {
             symbol: "photo"
             symbolBox: 15
             symbolStroke: 1.75
+            //: a photo is being read
             text: root.model.look.isReading ? qsTr("Reading…") : qsTr("Change photo")
             visible: root.model.look.showsPhoto
             width: 288

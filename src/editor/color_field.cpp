@@ -102,6 +102,7 @@ QString ColorField::hex() const
 
 QString ColorField::description() const
 {
+    //: six hexadecimal digits, for screen readers
     return tr("hex %1").arg(hex());
 }
 

@@ -23,6 +23,7 @@ EditorModel::EditorModel(const EditorParts& parts, QObject* parent)
 
 QStringList EditorModel::tabTitles() const
 {
+    //: what the tabs of the editor change: the pattern, its colours, how tones become cells; short
     return {tr("Shape"), tr("Color"), tr("Dither"), tr("Presets")};
 }
 

@@ -56,9 +56,11 @@ Exporter::~Exporter() = default;
 
 std::vector<Exporter::Size> Exporter::sizes() const
 {
+    //: a size of pictures: that of
     return {{tr("This display"), displaySize(m_screens)},
             {tr("6K"), {6016, 3384}},
             {tr("iPhone"), {1320, 2868}},
+            //: a picture as high as it is wide
             {tr("Square"), {2048, 2048}}};
 }
 

@@ -5,6 +5,8 @@
 
 #include "model/store.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -57,7 +59,7 @@ Knob::Knob(const Slider& slider, Store& store, QObject* parent)
 
 QString Knob::label() const
 {
-    return QString::fromLatin1(m_slider.title.data(), static_cast<qsizetype>(m_slider.title.size()));
+    return QCoreApplication::translate("Sliders", m_slider.title);
 }
 
 qreal Knob::position() const

@@ -82,11 +82,13 @@ QList<Knob*> LookEditor::makeKnobs(std::initializer_list<float Look::*> fields)
 
 QString LookEditor::status() const
 {
+    //: what is edited: it is the wallpaper, or nobody has applied it yet
     return m_isOnDesktop ? tr("On desktop") : tr("Draft");
 }
 
 QString LookEditor::applyTitle() const
 {
+    //: a button that puts the draft on the desktop
     return m_isOnDesktop ? tr("Applied. Apply again") : tr("Apply to desktop");
 }
 

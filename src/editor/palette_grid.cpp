@@ -37,6 +37,7 @@ PaletteGrid::PaletteGrid(Store& store, QObject* parent) : QAbstractListModel(par
 {
     std::vector<Row> mine = rowsOfMine(store.customPalettes().size());
     m_mineRows = static_cast<int>(mine.size());
+    //: the user's own palettes
     m_rows.push_back({Yours, tr("Yours"), {}});
     m_rows.insert(m_rows.end(), mine.begin(), mine.end());
     std::vector<Swatch> core(static_cast<std::size_t>(corePaletteCount));
@@ -117,6 +118,7 @@ QHash<int, QByteArray> PaletteGrid::roleNames() const
 
 QString PaletteGrid::nameOfMine(int index)
 {
+    //: a name for a palette of the user's own, with its number
     return tr("Mine %1").arg(index + 1);
 }
 

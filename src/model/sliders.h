@@ -5,6 +5,8 @@
 
 #include "model/look.h"
 
+#include <QtGlobal>
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -25,7 +27,7 @@ enum class SliderScale : std::uint8_t
 struct Slider
 {
     float Look::*field = nullptr;
-    std::string_view title;
+    const char* title = nullptr; ///< in English
     float lower = 0.0F;
     float upper = 1.0F;
     float initial = 0.0F;      ///< what it is reset to
@@ -35,16 +37,26 @@ struct Slider
 
 /// All sliders, in the order in which people see them.
 inline constexpr std::array<Slider, 10> sliders{{
-    {&Look::scale, "Scale", 0.3F, 3.0F, 1.0F, std::nullopt},
-    {&Look::warp, "Warp", 0.0F, 3.0F, 1.0F, std::nullopt},
-    {&Look::speed, "Speed", 0.01F, 2.0F, 0.35F, std::nullopt, SliderScale::logarithmic},
-    {&Look::seed, "Seed", 0.0F, 99.0F, 12.0F, 1.0F},
-    {&Look::offset, "Shift", 0.0F, 1.0F, 0.0F, std::nullopt},
-    {&Look::contrast, "Contrast", 0.5F, 3.0F, 1.15F, std::nullopt},
-    {&Look::grain, "Grain", 0.0F, 0.3F, 0.04F, std::nullopt},
-    {&Look::vignette, "Vignette", 0.0F, 1.0F, 0.25F, std::nullopt},
-    {&Look::pixel, "Pixel", 2.0F, 40.0F, 8.0F, 1.0F},
-    {&Look::levels, "Levels", 2.0F, 16.0F, 5.0F, 1.0F},
+    //: how large a pattern is
+    {&Look::scale, QT_TRANSLATE_NOOP("Sliders", "Scale"), 0.3F, 3.0F, 1.0F, std::nullopt},
+    //: how much a pattern is bent
+    {&Look::warp, QT_TRANSLATE_NOOP("Sliders", "Warp"), 0.0F, 3.0F, 1.0F, std::nullopt},
+    //: of an animation
+    {&Look::speed, QT_TRANSLATE_NOOP("Sliders", "Speed"), 0.01F, 2.0F, 0.35F, std::nullopt,
+     SliderScale::logarithmic},
+    //: the number that a pattern's chance begins with
+    {&Look::seed, QT_TRANSLATE_NOOP("Sliders", "Seed"), 0.0F, 99.0F, 12.0F, 1.0F},
+    //: by how much the colours are moved along the palette
+    {&Look::offset, QT_TRANSLATE_NOOP("Sliders", "Shift"), 0.0F, 1.0F, 0.0F, std::nullopt},
+    {&Look::contrast, QT_TRANSLATE_NOOP("Sliders", "Contrast"), 0.5F, 3.0F, 1.15F, std::nullopt},
+    //: as that of a film
+    {&Look::grain, QT_TRANSLATE_NOOP("Sliders", "Grain"), 0.0F, 0.3F, 0.04F, std::nullopt},
+    //: the darkening towards the corners
+    {&Look::vignette, QT_TRANSLATE_NOOP("Sliders", "Vignette"), 0.0F, 1.0F, 0.25F, std::nullopt},
+    //: the size of the pixels that a wallpaper is made of
+    {&Look::pixel, QT_TRANSLATE_NOOP("Sliders", "Pixel"), 2.0F, 40.0F, 8.0F, 1.0F},
+    //: how many tones there are
+    {&Look::levels, QT_TRANSLATE_NOOP("Sliders", "Levels"), 2.0F, 16.0F, 5.0F, 1.0F},
 }};
 
 /// The slider of a field, which must have one.

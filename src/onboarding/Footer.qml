@@ -51,6 +51,7 @@ Item {
         SmallButton {
             height: root.height
             padding: 16
+            //: to the step before
             text: qsTr("Back")
             textSize: 13
             visible: root.model.step !== Onboarding.Welcome

@@ -43,6 +43,7 @@ Page {
                 color: Theme.steam
                 font.pixelSize: 13
                 height: 28
+                //: the beginning of a sentence that "Left" or "Right" on a button ends
                 text: qsTr("Keep it on the")
             }
             Segmented {

@@ -34,6 +34,7 @@ Page {
 
         detail: qsTr("Serve a new wallpaper on its own.")
         on: root.model.servesFresh
+        //: a new wallpaper every hour or day
         title: qsTr("Fresh bowl")
         width: 400
         x: root.placed(56, width)

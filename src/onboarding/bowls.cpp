@@ -93,6 +93,7 @@ Look clamChowder()
 
 std::vector<Bowl> bowls()
 {
+    //: names of wallpapers to begin with, each that of a soup
     return {{named(QT_TRANSLATE_NOOP("Bowls", "Tomato Bisque")), tomatoBisque()},
             {named(QT_TRANSLATE_NOOP("Bowls", "Miso Tide")), misoTide()},
             {named(QT_TRANSLATE_NOOP("Bowls", "Borscht")), borscht()},

@@ -66,14 +66,19 @@ QString Onboarding::title() const
 {
     switch (m_step) {
     case Welcome:
+        //: titles: two short lines, set very large
         return tr("Tessel\nBroth");
     case Ladle:
+        //: two lines. The ladle is the handle at the edge of the screen, the bowl a wallpaper or the icon in
+        //: the panel
         return tr("Meet\nthe ladle");
     case Bowls:
+        //: two lines; a bowl is a wallpaper to begin with
         return tr("Pick\na bowl");
     case Warm:
         break;
     }
+    //: two lines; what runs at login keeps the broth warm
     return tr("Keep\nit warm");
 }
 
@@ -116,19 +121,23 @@ QString Onboarding::forwardTitle() const
 {
     switch (m_step) {
     case Welcome:
+        //: a button: begins the introduction
         return tr("Start cooking");
     case Ladle:
         return tr("Next");
     case Bowls:
+        //: a button: puts the bowl that was chosen on the desktop
         return tr("Serve it");
     case Warm:
         break;
     }
+    //: a button: ends the introduction
     return tr("Let's eat");
 }
 
 QStringList Onboarding::edgeTitles() const
 {
+    //: the end of "Keep it on the"
     return {tr("Left"), tr("Right")};
 }
 
@@ -160,6 +169,7 @@ void Onboarding::setBowl(int index)
 
 QStringList Onboarding::motionTitles() const
 {
+    //: "Still": a wallpaper that does not move
     return {tr("Still"), tr("Animated")};
 }
 
@@ -194,6 +204,7 @@ void Onboarding::setServesFresh(bool serves)
 
 QStringList Onboarding::intervalTitles() const
 {
+    //: how often there is a new wallpaper
     return {tr("Hourly"), tr("Daily"), tr("Never")};
 }
 

@@ -48,7 +48,7 @@ Graphics::~Graphics()
 void Graphics::begin()
 {
     if (!m_context->makeCurrent())
-        throw ContextError("OpenGL is there but cannot be drawn with");
+        throw ContextError(tr("OpenGL is there but cannot be drawn with").toStdString());
     const std::string_view renderer = driverText(GL_RENDERER);
     crash_notes::setDriver(renderer, driverText(GL_VERSION));
     m_encoder = std::make_unique<FrameEncoder>(m_longestScreen);
@@ -68,7 +68,7 @@ void Graphics::renew()
     // to release what does not exist is allowed.
     const std::unique_ptr<GlContext> lost = std::exchange(m_context, m_makeContext());
     if (!m_context->makeCurrent())
-        throw ContextError("The graphics card was reset and cannot be drawn with again");
+        throw ContextError(tr("The graphics card was reset and cannot be drawn with again").toStdString());
     m_encoder.reset();
     Q_EMIT renewed();
     begin();

@@ -5,6 +5,7 @@
 
 #include "base/picture_limit.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -17,17 +18,23 @@ namespace tessel {
 
 namespace {
 
+struct PhotoText
+{
+    Q_DECLARE_TR_FUNCTIONS(PhotoText)
+};
+
 void requireFile(const QString& name)
 {
     const QFileInfo info(name);
     if (!info.exists())
-        throw PhotoError("there is no such file");
+        //: why a photo cannot be used; inside a sentence
+        throw PhotoError(PhotoText::tr("there is no such file").toStdString());
     if (info.isDir())
-        throw PhotoError("it is a folder, not a picture");
+        throw PhotoError(PhotoText::tr("it is a folder, not a picture").toStdString());
     if (!info.isFile())
-        throw PhotoError("it is not an ordinary file");
+        throw PhotoError(PhotoText::tr("it is not an ordinary file").toStdString());
     if (!info.isReadable())
-        throw PhotoError("it may not be read");
+        throw PhotoError(PhotoText::tr("it may not be read").toStdString());
 }
 
 using Histogram = std::array<std::size_t, 256>;

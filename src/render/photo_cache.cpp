@@ -5,6 +5,8 @@
 
 #include "render/photo.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
@@ -23,7 +25,8 @@ Photo upload(const QImage& image)
     Photo photo{makeTexture(maskFormat, image.width(), image.height(), rows.data()),
                 {static_cast<float>(image.width()), static_cast<float>(image.height()), true}};
     if (!photo.texture)
-        throw PhotoError("it does not fit the graphics memory");
+        throw PhotoError(
+            QCoreApplication::translate("PhotoText", "it does not fit the graphics memory").toStdString());
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 1000);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);

@@ -5,6 +5,7 @@
 
 #include "base/file_writer.h"
 
+#include <QCoreApplication>
 #include <libdeflate.h>
 
 #include <algorithm>
@@ -24,6 +25,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+struct PngFileText
+{
+    Q_DECLARE_TR_FUNCTIONS(PngFileText)
+};
+
 std::uint32_t bigEndian(std::span<const std::uint8_t, 4> bytes)
 {
     return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 |
@@ -41,7 +47,9 @@ struct FreeDecompressor
 [[noreturn]] void failReading(int error, const fs::path& path)
 {
     throw FileError(error == EACCES ? FileError::Code::noPermission : FileError::Code::unknown,
-                    path.string() + ": cannot be read: " + reasonFor(error, path));
+                    //: between the name of a file and the reason
+                    path.string() + ": " + PngFileText::tr("cannot be read").toStdString() + ": " +
+                        reasonFor(error, path));
 }
 
 /// Fills `bytes` as far as the file goes.
@@ -70,9 +78,10 @@ public:
     {
         std::array<std::uint8_t, 8> start{};
         if (m_source(start) != start.size() || start != signature)
-            fail("is not a PNG file");
+            //: behind the name of a file
+            fail(PngFileText::tr("is not a PNG file"));
         if (readChunk() != "IHDR")
-            fail("is a damaged PNG file: it does not begin with its header");
+            fail(PngFileText::tr("is a damaged PNG file: it does not begin with its header"));
         std::optional<std::string> look;
         for (std::string type = readChunk(); type != "IEND"; type = readChunk())
             if (type == "iTXt" && !look && std::string_view(m_text).starts_with(keyword))
@@ -83,20 +92,25 @@ public:
 private:
     static constexpr std::array<std::uint8_t, 8> signature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
     static constexpr std::string_view keyword{lookKeyword, sizeof lookKeyword}; // with the zero that ends it
-    static constexpr std::string_view tooLong = "carries a look text that is too long to be one";
     static constexpr std::size_t maxChunk = 0x7FFFFFFF;
     /// Room for the language and the translated keyword before the text.
     static constexpr std::size_t maxText = maxLookText + 1024;
 
-    [[noreturn]] void fail(std::string_view what) const
+    /// \param what is said of the file, behind its name
+    [[noreturn]] void fail(const QString& what) const
     {
-        throw FileError(FileError::Code::unknown, m_name.string() + ": " + std::string(what));
+        throw FileError(FileError::Code::unknown, m_name.string() + ": " + what.toStdString());
+    }
+
+    [[noreturn]] void failForLength() const
+    {
+        fail(PngFileText::tr("carries a look text that is too long to be one"));
     }
 
     void readAll(std::span<std::uint8_t> bytes) const
     {
         if (m_source(bytes) != bytes.size())
-            fail("is a PNG file that has been cut off");
+            fail(PngFileText::tr("is a PNG file that has been cut off"));
     }
 
     [[nodiscard]] std::uint32_t readNumber() const
@@ -112,7 +126,7 @@ private:
     {
         std::size_t left = readNumber();
         if (left > maxChunk)
-            fail("is a damaged PNG file: a chunk has an impossible size");
+            fail(PngFileText::tr("is a damaged PNG file: a chunk has an impossible size"));
         std::string type(4, '\0');
         readAll({reinterpret_cast<std::uint8_t*>(type.data()), type.size()});
         std::uint32_t sum = libdeflate_crc32(0, type.data(), type.size());
@@ -126,7 +140,7 @@ private:
                 m_text.insert(m_text.end(), part.begin(), part.end());
         }
         if (readNumber() != sum)
-            fail("is a damaged PNG file: the check sum of a chunk is wrong");
+            fail(PngFileText::tr("is a damaged PNG file: the check sum of a chunk is wrong"));
         return type;
     }
 
@@ -134,16 +148,16 @@ private:
     [[nodiscard]] std::string lookIn(std::string_view data) const
     {
         if (m_text.size() > maxText)
-            fail(tooLong);
+            failForLength();
         const std::size_t language = data.find('\0', 2);
         const std::size_t translated = language == data.npos ? data.npos : data.find('\0', language + 1);
         if (translated == data.npos || (data[0] != 0 && data[0] != 1) || data[1] != 0)
-            fail("is a damaged PNG file: its look is not laid out as text");
+            fail(PngFileText::tr("is a damaged PNG file: its look is not laid out as text"));
         const std::string_view stored = data.substr(translated + 1);
         if (data[0] == 1)
             return inflate(stored);
         if (stored.size() > maxLookText)
-            fail(tooLong);
+            failForLength();
         return std::string(stored);
     }
 
@@ -160,9 +174,9 @@ private:
         case LIBDEFLATE_SUCCESS:
             return {inflated.get(), size};
         case LIBDEFLATE_INSUFFICIENT_SPACE:
-            fail(tooLong);
+            failForLength();
         default:
-            fail("is a damaged PNG file: its look cannot be decompressed");
+            fail(PngFileText::tr("is a damaged PNG file: its look cannot be decompressed"));
         }
     }
 

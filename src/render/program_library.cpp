@@ -3,6 +3,8 @@
 
 #include "render/program_library.h"
 
+#include <QCoreApplication>
+
 #include <array>
 #include <string>
 #include <utility>
@@ -11,12 +13,22 @@ namespace tessel {
 
 namespace {
 
+struct ProgramText
+{
+    Q_DECLARE_TR_FUNCTIONS(ProgramText)
+};
+
+QString named(std::string_view title)
+{
+    return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+}
+
 /// What the driver says first in its log.
 std::string firstLine(const std::array<char, 4096>& log)
 {
     const std::string text(log.data());
     const std::string line = text.substr(0, text.find_first_of("\r\n"));
-    return line.empty() ? "the driver gives no reason" : line;
+    return line.empty() ? ProgramText::tr("the driver gives no reason").toStdString() : line;
 }
 
 /// \throws DrawingError
@@ -83,21 +95,27 @@ ProgramLibrary::ProgramLibrary()
 {
 }
 
-std::string ProgramLibrary::describe(Key key)
+std::string ProgramLibrary::refusal(Key key, const char* reason)
 {
-    const std::string pattern = "The pattern " + std::string(title(key.pattern));
-    const std::string dither = "dither " + std::string(title(key.dither));
+    const QString because = QString::fromUtf8(reason);
     switch (key.kind) {
     case Kind::field:
-        return pattern;
+        //: behind a colon; the last marker is what the graphics driver says
+        return ProgramText::tr("The pattern %1 cannot be drawn: %2")
+            .arg(named(title(key.pattern)), because)
+            .toStdString();
     case Kind::direct:
-        return pattern + " with the " + dither;
+        return ProgramText::tr("The pattern %1 with the dither %2 cannot be drawn: %3")
+            .arg(named(title(key.pattern)), named(title(key.dither)), because)
+            .toStdString();
     case Kind::inks:
     case Kind::composite:
     case Kind::map:
-        return "The " + dither;
+        return ProgramText::tr("The dither %1 cannot be drawn: %2")
+            .arg(named(title(key.dither)), because)
+            .toStdString();
     default:
-        return "The palette";
+        return ProgramText::tr("The palette cannot be drawn: %1").arg(because).toStdString();
     }
 }
 
@@ -112,7 +130,7 @@ const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
             rememberPattern(key);
         return m_programs.emplace(key, std::move(program)).first->second;
     } catch (const DrawingError& error) {
-        throw m_refused.emplace(key, describe(key) + " cannot be drawn: " + error.what()).first->second;
+        throw m_refused.emplace(key, refusal(key, error.what())).first->second;
     }
 }
 

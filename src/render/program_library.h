@@ -89,7 +89,8 @@ private:
     static Key compositeKey(Dither dither);
     static Key directKey(Pattern pattern, Dither dither) { return {Kind::direct, pattern, dither}; }
 
-    static std::string describe(Key key);
+    /// What is said of a program that was refused, and why.
+    static std::string refusal(Key key, const char* reason);
     template<typename MakeSource>
     const Program& find(Key key, MakeSource makeSource);
     void rememberPattern(Key key);

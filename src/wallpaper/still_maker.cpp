@@ -41,7 +41,9 @@ void requireFolder(const QString& folder)
     std::filesystem::create_directories(folder.toStdString(), error);
     if (error)
         throw FileError(FileError::Code::noPermission,
-                        folder.toStdString() + ": the folder cannot be made: " + error.message());
+                        StillMaker::tr("%1: the folder cannot be made: %2")
+                            .arg(folder, QString::fromStdString(error.message()))
+                            .toStdString());
 }
 
 /// \throws FileError
@@ -53,7 +55,7 @@ void writePicture(
         writePng(picture, json, file.toStdString(), isWanted);
     } catch (const std::bad_alloc&) {
         throw FileError(FileError::Code::unknown,
-                        "There is not enough memory to write " + file.toStdString());
+                        StillMaker::tr("There is not enough memory to write %1").arg(file).toStdString());
     }
 }
 

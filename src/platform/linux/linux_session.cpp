@@ -114,6 +114,7 @@ void LinuxSession::holdUpSleep()
 {
     m_loginManager->call(loginPath, loginInterface, QStringLiteral("Inhibit"),
                          {QStringLiteral("sleep"), QCoreApplication::applicationName(),
+                          //: why the machine waits a moment before it sleeps
                           tr("Keeps what is shown before the machine sleeps"), QStringLiteral("delay")},
                          [this](const QDBusMessage& reply) {
                              if (!state().asleep)

@@ -33,10 +33,10 @@ const auto switchedOffByUs = QStringLiteral("X-TesselBroth-SwitchedOff");
 
 using Keys = std::map<QString, QString>;
 
-QString tr(const char* text)
+struct LoginItemText
 {
-    return QCoreApplication::translate("LoginItem", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(LoginItemText)
+};
 
 /// The keys of a file's group "Desktop Entry", as they stand there; none if it cannot be read.
 Keys readEntry(const QString& path)
@@ -118,8 +118,9 @@ std::optional<QString> writeEntry(const QString& path, const QString& text)
 {
     const QString folder = QFileInfo(path).path();
     if (!QDir().mkpath(folder))
-        return tr("The folder %1 could not be made. Check that nothing else has its name and that you may "
-                  "write there.")
+        return LoginItemText::tr(
+                   "The folder %1 could not be made. Check that nothing else has its name and that you may "
+                   "write there.")
             .arg(folder);
     const QByteArray bytes = text.toUtf8();
     QSaveFile file(path);
@@ -127,7 +128,7 @@ std::optional<QString> writeEntry(const QString& path, const QString& text)
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size() &&
         file.commit())
         return std::nullopt;
-    return tr("The file %1 could not be written: %2.").arg(path, file.errorString());
+    return LoginItemText::tr("The file %1 could not be written: %2.").arg(path, file.errorString());
 }
 
 /// A program that sets what is started at login.
@@ -196,8 +197,9 @@ std::optional<QString> AutostartEntry::switchOn()
 {
     const Status before = status();
     if (before == Status::requiresApproval)
-        return tr("Tessel Broth was switched off in the desktop's settings of what is started at login. "
-                  "Please switch it on there.");
+        return LoginItemText::tr(
+            "Tessel Broth was switched off in the desktop's settings of what is started at login. "
+            "Please switch it on there.");
     if (before == Status::enabled)
         return std::nullopt;
     const auto text = QStringLiteral("[Desktop Entry]\n"
@@ -211,7 +213,8 @@ std::optional<QString> AutostartEntry::switchOn()
     if (auto failure = writeEntry(m_file, text))
         return failure;
     if (status() != Status::enabled)
-        return tr("The program %1 cannot be started at login, because it cannot be run.").arg(m_program);
+        return LoginItemText::tr("The program %1 cannot be started at login, because it cannot be run.")
+            .arg(m_program);
     return std::nullopt;
 }
 
@@ -220,7 +223,7 @@ std::optional<QString> AutostartEntry::switchOff()
     if (status() != Status::enabled)
         return std::nullopt;
     if (QFile file(m_file); file.exists() && !file.remove())
-        return tr("The file %1 could not be removed: %2.").arg(m_file, file.errorString());
+        return LoginItemText::tr("The file %1 could not be removed: %2.").arg(m_file, file.errorString());
     if (status() == Status::off)
         return std::nullopt;
     // The system's entry for all users is left.
@@ -240,7 +243,8 @@ void AutostartEntry::openSettings(QObject* context, const Done& done)
         if (isOpen)
             done(std::nullopt);
         else
-            done(tr("Nothing was found that shows them. Each is a file in the folder\n%1").arg(folder));
+            done(LoginItemText::tr("Nothing was found that shows them. Each is a file in the folder\n%1")
+                     .arg(folder));
     };
     if (QDir().mkpath(folder))
         openAddress(QUrl::fromLocalFile(folder), context, ended);
@@ -355,7 +359,7 @@ std::unique_ptr<LoginItem> makeLoginItem()
 
 QString approvalText()
 {
-    return tr(
+    return LoginItemText::tr(
         "Your system needs your OK before Tessel Broth can open at login. You can allow it in the system "
         "settings, among the programs that start at login.");
 }

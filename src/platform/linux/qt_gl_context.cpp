@@ -3,19 +3,24 @@
 
 #include "platform/linux/qt_gl_context.h"
 
+#include <QCoreApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
-
-#include <string>
 
 namespace tessel {
 
 namespace {
 
-std::string describe(const QOpenGLContext& context)
+struct QtGlContextText
 {
-    return "OpenGL " + std::to_string(context.format().majorVersion()) + "." +
-           std::to_string(context.format().minorVersion());
+    Q_DECLARE_TR_FUNCTIONS(QtGlContextText)
+};
+
+QString describe(const QOpenGLContext& context)
+{
+    return QStringLiteral("OpenGL %1.%2")
+        .arg(context.format().majorVersion())
+        .arg(context.format().minorVersion());
 }
 
 } // namespace
@@ -38,14 +43,18 @@ QtGlContext::QtGlContext()
 {
     m_context->setFormat(format());
     if (!m_context->create())
-        throw ContextError("This display offers no OpenGL; version 3.3 is needed, and Mesa's software "
-                           "renderer is enough (on Debian: libgl1-mesa-dri)");
+        throw ContextError(
+            QtGlContextText::tr("This display offers no OpenGL; version 3.3 is needed, and Mesa's software "
+                                "renderer is enough (on Debian: libgl1-mesa-dri)")
+                .toStdString());
     m_nowhere->setFormat(m_context->format());
     m_nowhere->create();
     if (!makeCurrent())
-        throw ContextError("OpenGL is there but cannot be drawn with");
+        throw ContextError(QtGlContextText::tr("OpenGL is there but cannot be drawn with").toStdString());
     if (m_context->isOpenGLES() || m_context->format().version() < qMakePair(3, 3))
-        throw ContextError(describe(*m_context) + " is there, but version 3.3 is needed");
+        throw ContextError(QtGlContextText::tr("%1 is there, but version 3.3 is needed")
+                               .arg(describe(*m_context))
+                               .toStdString());
 }
 
 QtGlContext::~QtGlContext() = default;

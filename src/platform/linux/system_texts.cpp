@@ -16,6 +16,7 @@ QString introductionText()
 
 QString openAtLoginText()
 {
+    //: the ladle is the handle at the edge of the screen
     return QCoreApplication::translate("SystemTexts", "The ladle is there when your computer starts.");
 }
 

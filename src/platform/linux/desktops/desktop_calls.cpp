@@ -3,6 +3,8 @@
 
 #include "platform/linux/desktops/desktop_calls.h"
 
+#include "platform/desktop_pictures.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QEventLoop>
@@ -16,7 +18,8 @@ namespace {
 
 QString answered(const QString& text)
 {
-    return QStringLiteral("it answered “%1”.").arg(text.trimmed());
+    //: "it" is the desktop; behind a colon
+    return DesktopPictures::tr("it answered “%1”.").arg(text.trimmed());
 }
 
 QString inWords(const QDBusError& error)
@@ -24,9 +27,11 @@ QString inWords(const QDBusError& error)
     switch (error.type()) {
     case QDBusError::ServiceUnknown:
     case QDBusError::Disconnected:
-        return QStringLiteral("it is not running any more.");
+        //: "it" is the desktop; behind a colon
+        return DesktopPictures::tr("it is not running any more.");
     case QDBusError::AccessDenied:
-        return QStringLiteral("it does not allow it.");
+        //: "it" is the desktop; behind a colon
+        return DesktopPictures::tr("it does not allow it.");
     default:
         return answered(error.message());
     }
@@ -68,7 +73,7 @@ QString DesktopCalls::run(const QString& program, const QStringList& arguments)
     process.start(program, arguments);
     wait(process);
     if (process.error() == QProcess::FailedToStart)
-        throw DesktopError{QStringLiteral("the program %1 is not installed.").arg(program)};
+        throw DesktopError{DesktopPictures::tr("the program %1 is not installed.").arg(program)};
     if (process.state() != QProcess::NotRunning) {
         process.kill();
         process.waitForFinished();
@@ -94,7 +99,8 @@ void DesktopCalls::wait(QProcess& process)
 DesktopError DesktopCalls::noAnswer()
 {
     m_isHung = true;
-    return {QStringLiteral("it does not answer.")};
+    //: "it" is the desktop; behind a colon
+    return {DesktopPictures::tr("it does not answer.")};
 }
 
 QString settingsProfile(std::uint32_t process)

@@ -81,7 +81,8 @@ void GnomePictures::changeSetting(const QString& key, const QString& value)
 {
     m_calls.run(program, {QStringLiteral("set"), m_schema, key, value});
     if (setting(key) != value)
-        throw DesktopError{QStringLiteral("its setting “%1” stays as it was.").arg(key)};
+        //: "it" is the desktop; behind a colon
+        throw DesktopError{DesktopPictures::tr("its setting “%1” stays as it was.").arg(key)};
 }
 
 } // namespace tessel

@@ -58,7 +58,8 @@ QStringList LxqtPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
                   QStringLiteral("setWallpaper")},
                  {file, isSeen ? QString() : QStringLiteral("stretch")});
     if (setting(settings, "Wallpaper").toString() != file)
-        throw DesktopError{QStringLiteral("its settings in %1 stay as they were.").arg(settings)};
+        //: "it" is the desktop; behind a colon
+        throw DesktopError{DesktopPictures::tr("its settings in %1 stay as they were.").arg(settings)};
     return {};
 }
 

@@ -55,7 +55,8 @@ QStringList PcmanfmPictures::apply(const std::vector<DesktopPicture>& pictures, 
         const bool isFirst = !monitors.empty() && picture.screen.pixels() == monitors.front();
         try {
             if (!isFirst && pictures.size() > 1)
-                throw DesktopError{QStringLiteral("it lets programs set only its first monitor's.")};
+                //: "it" is the desktop; behind a colon
+                throw DesktopError{DesktopPictures::tr("it lets programs set only its first monitor's.")};
             change(picture, settingsFile(connection, picture.screen.pixels()), which);
         } catch (const DesktopError& error) {
             failures << refusal(picture, error.reason);
@@ -94,7 +95,8 @@ void PcmanfmPictures::change(const DesktopPicture& picture, const QString& setti
         loop.exec();
     }
     if (!hasTaken())
-        throw DesktopError{QStringLiteral("its settings in %1 stay as they were.").arg(settings)};
+        //: "it" is the desktop; behind a colon
+        throw DesktopError{DesktopPictures::tr("its settings in %1 stay as they were.").arg(settings)};
 }
 
 } // namespace tessel

@@ -15,7 +15,8 @@ QImage readPicture(const DesktopPicture& picture, QString& problem)
     QImageReader reader(picture.file);
     const QImage image = reader.read();
     if (image.isNull())
-        problem = QStringLiteral("the file %1 cannot be read: %2.").arg(picture.file, reader.errorString());
+        problem =
+            DesktopPictures::tr("the file %1 cannot be read: %2.").arg(picture.file, reader.errorString());
     const QSize size = picture.screen.pixels().size();
     return image.size() == size || image.isNull()
                ? image.convertToFormat(QImage::Format_RGB32)

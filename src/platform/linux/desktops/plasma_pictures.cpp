@@ -101,9 +101,11 @@ QString definitions(const std::vector<DesktopPicture>& pictures, const char* cha
 QString problem(int desktops, int taken)
 {
     if (desktops == 0)
-        return QStringLiteral("it has no desktop on this monitor.");
+        //: "it" is the desktop; behind a colon
+        return DesktopPictures::tr("it has no desktop on this monitor.");
     if (taken < desktops)
-        return QStringLiteral("it kept the picture that it had. Is its layout locked?");
+        //: "it" is the desktop; behind a colon
+        return DesktopPictures::tr("it kept the picture that it had. Is its layout locked?");
     return {};
 }
 
@@ -114,7 +116,8 @@ QStringList PlasmaPictures::apply(const std::vector<DesktopPicture>& pictures, W
     const QString answer = run(pictures, which == Which::all ? "all" : "different");
     const QJsonArray counts = QJsonDocument::fromJson(answer.toUtf8()).array();
     if (counts.size() != static_cast<qsizetype>(pictures.size()))
-        throw DesktopError{QStringLiteral("it answered “%1”.").arg(answer.left(200))};
+        //: "it" is the desktop; behind a colon
+        throw DesktopError{DesktopPictures::tr("it answered “%1”.").arg(answer.left(200))};
     QStringList failures;
     for (std::size_t i = 0; i < pictures.size(); ++i) {
         const QJsonArray count = counts.at(static_cast<qsizetype>(i)).toArray();

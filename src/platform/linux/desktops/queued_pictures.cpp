@@ -167,6 +167,7 @@ QueuedPictures::Answer QueuedPictures::carryOut(const Request& request) const
     }
     answer.failures = removeMissing(pictures);
     if (backend == nullptr)
+        //: "it" is the desktop; behind a colon
         answer.failures += refusals(pictures, tr("it is of a kind that has no way to set pictures."));
     else if (!pictures.empty())
         answer.failures += apply(*backend, pictures, request.which);

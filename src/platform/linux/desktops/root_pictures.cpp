@@ -183,10 +183,12 @@ QStringList RootPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
 {
     X11Connection connection;
     if (!connection.isValid())
-        return refusals(pictures, QStringLiteral("it is not running any more."));
+        //: "it" is the desktop; behind a colon
+        return refusals(pictures, DesktopPictures::tr("it is not running any more."));
     const int depth = connection.screen().root_depth;
     if (depth != 24 && depth != 30 && depth != 32)
-        return refusals(pictures, QStringLiteral("it shows too few colours."));
+        //: "it" is the desktop; behind a colon
+        return refusals(pictures, DesktopPictures::tr("it shows too few colours."));
     RootBackground background(connection);
     std::vector<DesktopPicture> wanted = pictures;
     if (which == Which::different)
@@ -196,7 +198,7 @@ QStringList RootPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
 
     const xcb_pixmap_t pixmap = background.copy();
     if (pixmap == XCB_NONE)
-        return refusals(wanted, QStringLiteral("the X server has no memory for it."));
+        return refusals(wanted, DesktopPictures::tr("the X server has no memory for it."));
     QStringList failures;
     std::vector<Shown> nowShown = background.shown();
     for (const DesktopPicture& picture : wanted) {
@@ -213,7 +215,8 @@ QStringList RootPictures::apply(const std::vector<DesktopPicture>& pictures, Whi
     }
     background.replace(pixmap, nowShown);
     if (!connection.isValid())
-        return refusals(wanted, QStringLiteral("it is not running any more."));
+        //: "it" is the desktop; behind a colon
+        return refusals(wanted, DesktopPictures::tr("it is not running any more."));
     return failures;
 }
 

@@ -76,7 +76,7 @@ QString compose(const std::vector<DesktopPicture>& pictures, QImage& whole)
         bounds |= rectangle;
     whole = QImage(bounds.size(), QImage::Format_RGB32);
     if (whole.isNull())
-        return QStringLiteral("there is not enough memory for a picture of %1x%2.")
+        return DesktopPictures::tr("there is not enough memory for a picture of %1x%2.")
             .arg(bounds.width())
             .arg(bounds.height());
     whole.fill(Qt::black);
@@ -87,7 +87,7 @@ QString compose(const std::vector<DesktopPicture>& pictures, QImage& whole)
         QImageReader reader(pictures[i].file);
         const QImage part = reader.read();
         if (part.isNull())
-            return QStringLiteral("the file %1 cannot be read: %2.")
+            return DesktopPictures::tr("the file %1 cannot be read: %2.")
                 .arg(pictures[i].file, reader.errorString());
         painter.drawImage(rectangles[i].translated(-bounds.topLeft()), part);
     }
@@ -140,7 +140,7 @@ QString writeSpanned(const std::vector<DesktopPicture>& pictures)
     QByteArray png;
     QBuffer buffer(&png);
     if (!whole.save(&buffer, "PNG", quickly))
-        return QStringLiteral("there is not enough memory to write the file %1.").arg(name);
+        return DesktopPictures::tr("there is not enough memory to write the file %1.").arg(name);
     try {
         writeFile(name.toStdString(), std::as_bytes(std::span(png)));
     } catch (const FileError& error) {

@@ -91,7 +91,8 @@ void XfcePictures::apply(const DesktopPicture& picture, Which which)
             change(style, zoomed);
     }
     if (!shows(picture))
-        throw DesktopError{QStringLiteral("its settings were changed at the same time, or are locked.")};
+        //: "it" is the desktop; behind a colon
+        throw DesktopError{DesktopPictures::tr("its settings were changed at the same time, or are locked.")};
 }
 
 QVariantMap XfcePictures::settings(const QString& folder)

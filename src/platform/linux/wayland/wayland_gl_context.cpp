@@ -3,6 +3,7 @@
 
 #include "platform/linux/wayland/wayland_gl_context.h"
 
+#include <QCoreApplication>
 #include <epoxy/egl.h>
 
 #include <algorithm>
@@ -12,6 +13,11 @@
 namespace tessel {
 
 namespace {
+
+struct WaylandGlContextText
+{
+    Q_DECLARE_TR_FUNCTIONS(WaylandGlContextText)
+};
 
 /// A configuration of 8 bits a colour and no transparency. The first one that EGL offers may have 10, which
 /// some compositors show at many times the cost.
@@ -63,12 +69,16 @@ WaylandGlSurface::~WaylandGlSurface()
 WaylandGlContext::WaylandGlContext(wl_display* display)
 {
     if (!epoxy_has_egl())
-        throw ContextError("no OpenGL here: the EGL library is missing (on Debian: libegl1)");
+        throw ContextError(
+            WaylandGlContextText::tr("no OpenGL here: the EGL library is missing (on Debian: libegl1)")
+                .toStdString());
     m_display = eglGetPlatformDisplayEXT(EGL_PLATFORM_WAYLAND_EXT, display, nullptr);
     if (m_display == EGL_NO_DISPLAY || eglInitialize(m_display, nullptr, nullptr) != EGL_TRUE ||
         eglBindAPI(EGL_OPENGL_API) != EGL_TRUE)
-        throw ContextError("This compositor offers no OpenGL; version 3.3 is needed, and Mesa's software "
-                           "renderer is enough (on Debian: libgl1-mesa-dri)");
+        throw ContextError(WaylandGlContextText::tr(
+                               "This compositor offers no OpenGL; version 3.3 is needed, and Mesa's software "
+                               "renderer is enough (on Debian: libgl1-mesa-dri)")
+                               .toStdString());
     m_config = opaqueConfig(m_display);
     static constexpr EGLint attributes[] = {EGL_CONTEXT_MAJOR_VERSION_KHR,
                                             3,
@@ -80,9 +90,12 @@ WaylandGlContext::WaylandGlContext(wl_display* display)
     m_context =
         m_config == nullptr ? nullptr : eglCreateContext(m_display, m_config, EGL_NO_CONTEXT, attributes);
     if (m_context == EGL_NO_CONTEXT)
-        throw ContextError("OpenGL is there, but no version 3.3 core profile for windows");
+        throw ContextError(
+            WaylandGlContextText::tr("OpenGL is there, but no version 3.3 core profile for windows")
+                .toStdString());
     if (!makeCurrent())
-        throw ContextError("OpenGL is there but cannot be drawn with");
+        throw ContextError(
+            WaylandGlContextText::tr("OpenGL is there but cannot be drawn with").toStdString());
 }
 
 WaylandGlContext::~WaylandGlContext()
