@@ -66,7 +66,7 @@ if(TESSEL_DEBIAN_PACKAGE)
     # Libraries that are opened as they are needed: OpenGL by libepoxy, QML modules by Qt.
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "libegl1, libgl1, qml6-module-qtquick, qml6-module-qtqml-workerscript")
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-        "fonts-dejavu-core, libgl1-mesa-dri, qt6-wayland, xdg-utils, xwayland")
+        "fonts-dejavu-core, libgl1-mesa-dri, qt6-translations-l10n, qt6-wayland, xdg-utils, xwayland")
     set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "generative wallpapers, simmered one pixel at a time
 A wallpaper is not a picture here but a recipe: one of 36 patterns, a palette,
 a dither, a pixel size, a few sliders and a seed. The recipe becomes pixels at

@@ -4,6 +4,7 @@
 #include "app/actions.h"
 #include "app/app_delegate.h"
 #include "app/interface.h"
+#include "app/languages.h"
 #include "app/menu_accessibility.h"
 #include "app/status_icon.h"
 #include "base/identity.h"
@@ -185,6 +186,7 @@ int run(int argc, char** argv)
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(usual);
+    speakTheUsersLanguage();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(statusIcon(PanelTone::light));
     return runApplication();
