@@ -46,6 +46,7 @@ Interface::Interface(const InterfaceParts& parts)
     const Session& session = parts.scene.session;
     const auto followSession = [&session] {
         Surroundings::instance().setReducedMotion(session.state().reducedMotion);
+        Surroundings::instance().setHighContrast(session.state().highContrast);
     };
     connect(&session, &Session::changed, this, followSession);
     followSession();

@@ -10,13 +10,13 @@ QtObject {
     readonly property color soot: "#0A0806" // wells
     readonly property color shell: "#14100D" // panel, strip, capsule
     readonly property color pan: "#1F1915" // menus, sheets, tips
-    readonly property color lift: "#2B231D" // hover, chosen tab
-    readonly property color line: "#3A3028" // hairlines
-    readonly property color well: "#241D18" // hairline of a well
-    readonly property color edge: "#7A6A5C" // hover ring, border of a switch
-    readonly property color bar: "#5B4D41" // scroll bar
+    readonly property color lift: highContrast ? "#4A3D32" : "#2B231D" // hover, chosen tab
+    readonly property color line: highContrast ? "#B9AB9C" : "#3A3028" // hairlines
+    readonly property color well: highContrast ? "#B9AB9C" : "#241D18" // hairline of a well
+    readonly property color edge: highContrast ? "#F6EDE2" : "#7A6A5C" // hover ring, border of a switch
+    readonly property color bar: highContrast ? "#F6EDE2" : "#5B4D41" // scroll bar
     readonly property color steam: "#F6EDE2" // text, focus ring
-    readonly property color stock: "#B9AB9C" // labels
+    readonly property color stock: highContrast ? "#F6EDE2" : "#B9AB9C" // labels
     readonly property color amber: "#FFB454" // title, selection, "on"
     readonly property color ember: "#5A2410" // filled buttons
     readonly property color emberHover: "#6E2E14"
@@ -28,25 +28,26 @@ QtObject {
     readonly property color alarmHover: "#70211A"
     readonly property color alarmPressed: "#48130F"
     readonly property color alarmText: "#FFA091"
-    readonly property color disabled: "#5B5148"
+    readonly property color disabled: highContrast ? "#9C8B7B" : "#5B5148"
 
-    readonly property color hint: white(0.62)
-    readonly property color readout: white(0.7)
-    readonly property color plainText: white(0.75)
-    readonly property color plain: white(0.08)
+    readonly property color hint: white(highContrast ? 0.95 : 0.62)
+    readonly property color readout: white(highContrast ? 0.95 : 0.7)
+    readonly property color plainText: white(highContrast ? 0.95 : 0.75)
+    readonly property color plain: white(highContrast ? 0.14 : 0.08)
     readonly property color plainHover: white(0.13)
     readonly property color plainPressed: white(0.05)
-    readonly property color disabledText: white(0.28)
-    readonly property color stripSymbol: white(0.82)
-    readonly property color stripDisabled: white(0.3)
+    readonly property color disabledText: white(highContrast ? 0.55 : 0.28)
+    readonly property color stripSymbol: white(highContrast ? 1 : 0.82)
+    readonly property color stripDisabled: white(highContrast ? 0.55 : 0.3)
 
     readonly property list<color> clay: ["#15110E", "#4C4036", "#9C8B7B", "#EADFD2"]
     readonly property list<color> trackOn: ["#4A1D0C", "#A8481A", "#FFB454"]
-    readonly property list<color> trackOff: ["#211A15", "#3A3028"]
+    readonly property list<color> trackOff: highContrast ? ["#4C4036", "#7A6A5C"] : ["#211A15", "#3A3028"]
 
     readonly property string family: Surroundings.textFamily
     readonly property string displayFamily: Surroundings.displayFamily
 
+    readonly property bool highContrast: Surroundings.highContrast
     readonly property bool reducedMotion: Surroundings.reducedMotion
     readonly property int hoverTime: reducedMotion ? 0 : 120
     readonly property int pressTime: reducedMotion ? 0 : 80

@@ -68,6 +68,14 @@ void Surroundings::setReducedMotion(bool reduced)
     Q_EMIT reducedMotionChanged();
 }
 
+void Surroundings::setHighContrast(bool high)
+{
+    if (m_highContrast == high)
+        return;
+    m_highContrast = high;
+    Q_EMIT highContrastChanged();
+}
+
 void Surroundings::setComposited(bool composited)
 {
     if (m_composited == composited)

@@ -21,6 +21,8 @@ class Surroundings : public QObject
     QML_SINGLETON
     /// No springs, no scaling: cuts, and fades of at most 0.1 s.
     Q_PROPERTY(bool reducedMotion READ reducedMotion WRITE setReducedMotion NOTIFY reducedMotionChanged)
+    /// Text and borders stand out more.
+    Q_PROPERTY(bool highContrast READ highContrast WRITE setHighContrast NOTIFY highContrastChanged)
     /// A compositing manager mixes windows, so that shells may have shadows.
     Q_PROPERTY(bool composited READ composited WRITE setComposited NOTIFY compositedChanged)
     /// The last thing done was done with a key: what has the focus shows a ring.
@@ -35,6 +37,8 @@ public:
 
     [[nodiscard]] bool reducedMotion() const { return m_reducedMotion; }
     void setReducedMotion(bool reduced);
+    [[nodiscard]] bool highContrast() const { return m_highContrast; }
+    void setHighContrast(bool high);
     [[nodiscard]] bool composited() const { return m_composited; }
     void setComposited(bool composited);
     [[nodiscard]] bool usesKeys() const { return m_usesKeys; }
@@ -45,6 +49,7 @@ public:
 
 Q_SIGNALS:
     void reducedMotionChanged();
+    void highContrastChanged();
     void compositedChanged();
     void usesKeysChanged();
 
@@ -53,6 +58,7 @@ private:
     void setUsesKeys(bool uses);
 
     bool m_reducedMotion = false;
+    bool m_highContrast = false;
     bool m_composited = true;
     bool m_usesKeys = false;
     QString m_textFamily;

@@ -25,7 +25,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.steam
         text: root.exporter.title
-        width: Math.min(implicitWidth, 120)
+        width: Math.min(implicitWidth, 150)
     }
     Item {
         anchors.left: title.right

@@ -16,6 +16,7 @@ struct SessionState
     bool locked = false; ///< behind a lock screen or screen saver
     bool onBattery = false;
     bool reducedMotion = false; ///< the user asks for little motion
+    bool highContrast = false;  ///< the user asks for more contrast
 
     bool operator==(const SessionState&) const = default;
 

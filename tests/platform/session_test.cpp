@@ -216,7 +216,7 @@ TEST_F(SessionTest, AServiceThatComesLateOrAgainIsPickedUp)
     expectBecomes(&SessionState::onBattery, false);
 }
 
-TEST_F(SessionTest, MotionIsReducedByThePortalsSettings)
+TEST_F(SessionTest, ThePortalsSettingsAreFollowed)
 {
     FakeService portal(m_bus.connect(), QStringLiteral("org.freedesktop.portal.Desktop"));
     portal.answer(settings + QStringLiteral(".Read"), [](const QVariantList& arguments) -> QVariantList {
@@ -234,8 +234,21 @@ TEST_F(SessionTest, MotionIsReducedByThePortalsSettings)
     change(gnomeInterface, QStringLiteral("cursor-blink"), false);
     runEvents(50ms);
     EXPECT_FALSE(m_session->state().reducedMotion);
-    change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"), 1U);
+    const auto appearance = QStringLiteral("org.freedesktop.appearance");
+    change(appearance, QStringLiteral("reduced-motion"), 1U);
     expectBecomes(&SessionState::reducedMotion, true);
+
+    EXPECT_FALSE(m_session->state().highContrast);
+    const auto access = QStringLiteral("org.gnome.desktop.a11y.interface");
+    change(appearance, QStringLiteral("contrast"), 1U);
+    expectBecomes(&SessionState::highContrast, true);
+    change(access, QStringLiteral("high-contrast"), true);
+    change(appearance, QStringLiteral("contrast"), 0U);
+    runEvents(50ms);
+    EXPECT_TRUE(m_session->state().highContrast) << "one of them is enough";
+    change(access, QStringLiteral("high-contrast"), false);
+    expectBecomes(&SessionState::highContrast, false);
+    EXPECT_TRUE(m_session->state().reducedMotion);
 }
 
 void replaceFile(const QString& path, const QByteArray& content)

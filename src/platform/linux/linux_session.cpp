@@ -36,19 +36,26 @@ const auto onBattery = QStringLiteral("OnBattery");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto portalInterface = QStringLiteral("org.freedesktop.portal.Settings");
 
-/// One of the desktop's settings that ask for little motion.
-struct MotionSetting
+/// One of the desktop's settings in which the user asks for something.
+struct DesktopSetting
 {
+    bool SessionState::*wish;
     QLatin1String space;
     QLatin1String key;
-    bool (*isReduced)(const QVariant& value);
+    bool (*isAsked)(const QVariant& value);
 };
 
-constexpr std::array motionSettings{
-    MotionSetting{QLatin1String("org.freedesktop.appearance"), QLatin1String("reduced-motion"),
-                  [](const QVariant& value) { return value.toUInt() == 1; }},
-    MotionSetting{QLatin1String("org.gnome.desktop.interface"), QLatin1String("enable-animations"),
-                  [](const QVariant& value) { return value.isValid() && !value.toBool(); }},
+constexpr std::array desktopSettings{
+    DesktopSetting{&SessionState::reducedMotion, QLatin1String("org.freedesktop.appearance"),
+                   QLatin1String("reduced-motion"),
+                   [](const QVariant& value) { return value.toUInt() == 1; }},
+    DesktopSetting{&SessionState::reducedMotion, QLatin1String("org.gnome.desktop.interface"),
+                   QLatin1String("enable-animations"),
+                   [](const QVariant& value) { return value.isValid() && !value.toBool(); }},
+    DesktopSetting{&SessionState::highContrast, QLatin1String("org.freedesktop.appearance"),
+                   QLatin1String("contrast"), [](const QVariant& value) { return value.toUInt() == 1; }},
+    DesktopSetting{&SessionState::highContrast, QLatin1String("org.gnome.desktop.a11y.interface"),
+                   QLatin1String("high-contrast"), [](const QVariant& value) { return value.toBool(); }},
 };
 
 /// The value within a variant, which the settings portal wraps twice.
@@ -74,7 +81,7 @@ LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnect
     for (const auto& desktop : {QStringLiteral("freedesktop"), QStringLiteral("gnome"),
                                 QStringLiteral("xfce"), QStringLiteral("mate"), QStringLiteral("cinnamon")})
         watchScreenSaver(sessionBus, QStringLiteral("org.%1.ScreenSaver").arg(desktop));
-    watchMotionSettings(sessionBus);
+    watchDesktopSettings(sessionBus);
     watchKdeSettings();
     watchClock();
 }
@@ -96,13 +103,13 @@ void LinuxSession::watchLoginManager(const QDBusConnection& systemBus)
     });
     connect(m_loginManager, &BusService::vanished, this, [this] {
         m_sleepLock = {};
-        setLocked(lockedHint, false);
+        set(m_locked, lockedHint, false);
         set(&SessionState::asleep, false);
     });
     connect(m_loginManager, &BusService::received, this, [this](const QDBusMessage& message) {
         if (message.member() == propertiesChanged) {
             if (const QVariant locked = changedProperty(message, lockedHint); locked.isValid())
-                setLocked(lockedHint, locked.toBool());
+                set(m_locked, lockedHint, locked.toBool());
         } else {
             setAsleep(message.arguments().value(0).toBool());
         }
@@ -165,7 +172,7 @@ void LinuxSession::watchLock(const QString& sessionPath)
 {
     m_loginManager->listen(sessionPath, propertiesInterface, propertiesChanged);
     m_loginManager->property(sessionPath, loginSessionInterface, lockedHint,
-                             [this](const QVariant& locked) { setLocked(lockedHint, locked.toBool()); });
+                             [this](const QVariant& locked) { set(m_locked, lockedHint, locked.toBool()); });
 }
 
 void LinuxSession::watchScreenSaver(const QDBusConnection& sessionBus, const QString& name)
@@ -175,13 +182,13 @@ void LinuxSession::watchScreenSaver(const QDBusConnection& sessionBus, const QSt
         saver->listen({}, name, QStringLiteral("ActiveChanged"));
         const QString path = QLatin1Char('/') + QString(name).replace(QLatin1Char('.'), QLatin1Char('/'));
         saver->call(path, name, QStringLiteral("GetActive"), {}, [this, name](const QDBusMessage& reply) {
-            setLocked(name, reply.arguments().value(0).toBool());
+            set(m_locked, name, reply.arguments().value(0).toBool());
         });
     });
     connect(saver, &BusService::received, this, [this, name](const QDBusMessage& message) {
-        setLocked(name, message.arguments().value(0).toBool());
+        set(m_locked, name, message.arguments().value(0).toBool());
     });
-    connect(saver, &BusService::vanished, this, [this, name] { setLocked(name, false); });
+    connect(saver, &BusService::vanished, this, [this, name] { set(m_locked, name, false); });
 }
 
 void LinuxSession::watchBattery(const QDBusConnection& systemBus)
@@ -199,29 +206,30 @@ void LinuxSession::watchBattery(const QDBusConnection& systemBus)
     connect(power, &BusService::vanished, this, [this] { set(&SessionState::onBattery, false); });
 }
 
-void LinuxSession::watchMotionSettings(const QDBusConnection& sessionBus)
+void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
 {
     auto* portal = new BusService(sessionBus, QStringLiteral("org.freedesktop.portal.Desktop"), this);
     connect(portal, &BusService::appeared, this, [this, portal] {
         portal->listen(portalPath, portalInterface, QStringLiteral("SettingChanged"));
-        for (const MotionSetting& setting : motionSettings)
-            portal->call(
-                portalPath, portalInterface, QStringLiteral("Read"),
-                {QString(setting.space), QString(setting.key)}, [this, &setting](const QDBusMessage& reply) {
-                    setReducedMotion(setting.key, setting.isReduced(unwrapped(reply.arguments().value(0))));
-                });
+        for (const DesktopSetting& setting : desktopSettings)
+            portal->call(portalPath, portalInterface, QStringLiteral("Read"),
+                         {QString(setting.space), QString(setting.key)},
+                         [this, &setting](const QDBusMessage& reply) {
+                             set(claimOf(setting.wish), setting.key,
+                                 setting.isAsked(unwrapped(reply.arguments().value(0))));
+                         });
     });
     connect(portal, &BusService::received, this, [this](const QDBusMessage& message) {
         const QVariantList arguments = message.arguments();
-        for (const MotionSetting& setting : motionSettings) {
+        for (const DesktopSetting& setting : desktopSettings) {
             if (arguments.value(0).toString() == setting.space &&
                 arguments.value(1).toString() == setting.key)
-                setReducedMotion(setting.key, setting.isReduced(unwrapped(arguments.value(2))));
+                set(claimOf(setting.wish), setting.key, setting.isAsked(unwrapped(arguments.value(2))));
         }
     });
     connect(portal, &BusService::vanished, this, [this] {
-        for (const MotionSetting& setting : motionSettings)
-            setReducedMotion(setting.key, false);
+        for (const DesktopSetting& setting : desktopSettings)
+            set(claimOf(setting.wish), setting.key, false);
     });
 }
 
@@ -248,7 +256,7 @@ void LinuxSession::readKdeSettings()
     bool isNumber = false;
     const double factor =
         settings.value(QStringLiteral("KDE/AnimationDurationFactor")).toString().toDouble(&isNumber);
-    setReducedMotion(QStringLiteral("kdeglobals"), isNumber && factor <= 0);
+    set(m_reducedMotion, QStringLiteral("kdeglobals"), isNumber && factor <= 0);
 }
 
 /// A timer that never runs out, but is cancelled whenever the clock makes a jump.
@@ -279,22 +287,18 @@ void LinuxSession::set(bool SessionState::*field, bool value)
     setState(changed);
 }
 
-void LinuxSession::setLocked(const QString& by, bool locked)
+void LinuxSession::set(Claim& claim, const QString& by, bool isSo)
 {
-    if (locked)
-        m_lockedBy.insert(by);
+    if (isSo)
+        claim.by.insert(by);
     else
-        m_lockedBy.erase(by);
-    set(&SessionState::locked, !m_lockedBy.empty());
+        claim.by.erase(by);
+    set(claim.field, !claim.by.empty());
 }
 
-void LinuxSession::setReducedMotion(const QString& by, bool reduced)
+LinuxSession::Claim& LinuxSession::claimOf(bool SessionState::*wish)
 {
-    if (reduced)
-        m_motionReducedBy.insert(by);
-    else
-        m_motionReducedBy.erase(by);
-    set(&SessionState::reducedMotion, !m_motionReducedBy.empty());
+    return wish == m_reducedMotion.field ? m_reducedMotion : m_highContrast;
 }
 
 std::unique_ptr<Session> makeSession()

@@ -37,20 +37,28 @@ private:
 
     void watchScreenSaver(const QDBusConnection& sessionBus, const QString& name);
     void watchBattery(const QDBusConnection& systemBus);
-    void watchMotionSettings(const QDBusConnection& sessionBus);
+    void watchDesktopSettings(const QDBusConnection& sessionBus);
     void watchKdeSettings();
     void readKdeSettings();
     void watchClock();
     void readClock();
 
+    /// Something that is so as long as any of those who know says it.
+    struct Claim
+    {
+        bool SessionState::*const field;
+        std::set<QString> by{};
+    };
+
     void set(bool SessionState::*field, bool value);
-    void setLocked(const QString& by, bool locked);
-    void setReducedMotion(const QString& by, bool reduced);
+    void set(Claim& claim, const QString& by, bool isSo);
+    Claim& claimOf(bool SessionState::*wish);
 
     BusService* m_loginManager = nullptr;
     QDBusUnixFileDescriptor m_sleepLock; ///< the machine waits, for a while, until it is closed
-    std::set<QString> m_lockedBy;
-    std::set<QString> m_motionReducedBy;
+    Claim m_locked{&SessionState::locked};
+    Claim m_reducedMotion{&SessionState::reducedMotion};
+    Claim m_highContrast{&SessionState::highContrast};
     QFileSystemWatcher* m_kdeSettings = nullptr;
     int m_clock = -1;
     QSocketNotifier* m_clockNotifier = nullptr;
