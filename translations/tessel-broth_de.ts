@@ -203,19 +203,19 @@
     <message>
         <source>permission denied</source>
         <extracomment>reasons, at the end of a sentence</extracomment>
-        <translation>die Berechtigung fehlt</translation>
+        <translation>Die Berechtigung fehlt</translation>
     </message>
     <message>
         <source>the file system is read-only</source>
-        <translation>das Dateisystem ist schreibgeschützt</translation>
+        <translation>Das Dateisystem ist schreibgeschützt</translation>
     </message>
     <message>
         <source>there is no such file</source>
-        <translation>diese Datei gibt es nicht</translation>
+        <translation>Diese Datei gibt es nicht</translation>
     </message>
     <message>
         <source>there is no folder %1</source>
-        <translation>den Ordner %1 gibt es nicht</translation>
+        <translation>Den Ordner %1 gibt es nicht</translation>
     </message>
     <message>
         <source>%1 is not a folder</source>
@@ -223,27 +223,27 @@
     </message>
     <message>
         <source>it is a folder</source>
-        <translation>es ist ein Ordner</translation>
+        <translation>Es ist ein Ordner</translation>
     </message>
     <message>
         <source>the disk is full</source>
-        <translation>der Datenträger ist voll</translation>
+        <translation>Der Datenträger ist voll</translation>
     </message>
     <message>
         <source>the disk quota is used up</source>
-        <translation>das Speicherkontingent ist aufgebraucht</translation>
+        <translation>Das Speicherkontingent ist aufgebraucht</translation>
     </message>
     <message>
         <source>the file would be larger than is allowed</source>
-        <translation>die Datei würde größer als erlaubt</translation>
+        <translation>Die Datei würde größer als erlaubt</translation>
     </message>
     <message>
         <source>the name is too long</source>
-        <translation>der Name ist zu lang</translation>
+        <translation>Der Name ist zu lang</translation>
     </message>
     <message>
         <source>the disk reports a fault</source>
-        <translation>der Datenträger meldet einen Fehler</translation>
+        <translation>Der Datenträger meldet einen Fehler</translation>
     </message>
 </context>
 <context>
@@ -435,7 +435,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read; takes the colours of a palette from a photo</extracomment>
-        <translation>Liest…</translation>
+        <translation>Wird gelesen…</translation>
     </message>
     <message>
         <source>From photo</source>
@@ -485,23 +485,23 @@
     <message>
         <source>there is no such file</source>
         <extracomment>why a photo cannot be used; inside a sentence</extracomment>
-        <translation>diese Datei gibt es nicht</translation>
+        <translation>Diese Datei gibt es nicht</translation>
     </message>
     <message>
         <source>it is a folder, not a picture</source>
-        <translation>es ist ein Ordner, kein Bild</translation>
+        <translation>Es ist ein Ordner, kein Bild</translation>
     </message>
     <message>
         <source>it is not an ordinary file</source>
-        <translation>es ist keine gewöhnliche Datei</translation>
+        <translation>Es ist keine gewöhnliche Datei</translation>
     </message>
     <message>
         <source>it may not be read</source>
-        <translation>die Leseberechtigung fehlt</translation>
+        <translation>Die Leseberechtigung fehlt</translation>
     </message>
     <message>
         <source>it does not fit the graphics memory</source>
-        <translation>es passt nicht in den Grafikspeicher</translation>
+        <translation>Es passt nicht in den Grafikspeicher</translation>
     </message>
 </context>
 <context>
@@ -537,7 +537,7 @@
     </message>
     <message>
         <source>is a damaged PNG file: it does not begin with its header</source>
-        <translation>ist eine beschädigte PNG-Datei: der Dateikopf fehlt</translation>
+        <translation>ist eine beschädigte PNG-Datei: Der Dateikopf fehlt</translation>
     </message>
     <message>
         <source>carries a look text that is too long to be one</source>
@@ -549,19 +549,19 @@
     </message>
     <message>
         <source>is a damaged PNG file: a chunk has an impossible size</source>
-        <translation>ist eine beschädigte PNG-Datei: ein Abschnitt hat eine unmögliche Größe</translation>
+        <translation>ist eine beschädigte PNG-Datei: Ein Abschnitt hat eine unmögliche Größe</translation>
     </message>
     <message>
         <source>is a damaged PNG file: the check sum of a chunk is wrong</source>
-        <translation>ist eine beschädigte PNG-Datei: die Prüfsumme eines Abschnitts stimmt nicht</translation>
+        <translation>ist eine beschädigte PNG-Datei: Die Prüfsumme eines Abschnitts stimmt nicht</translation>
     </message>
     <message>
         <source>is a damaged PNG file: its look is not laid out as text</source>
-        <translation>ist eine beschädigte PNG-Datei: der Look darin ist kein richtiger Text</translation>
+        <translation>ist eine beschädigte PNG-Datei: Der Look darin ist kein richtiger Text</translation>
     </message>
     <message>
         <source>is a damaged PNG file: its look cannot be decompressed</source>
-        <translation>ist eine beschädigte PNG-Datei: der Look darin lässt sich nicht entpacken</translation>
+        <translation>ist eine beschädigte PNG-Datei: Der Look darin lässt sich nicht entpacken</translation>
     </message>
 </context>
 <context>
@@ -639,7 +639,7 @@
     <name>ProgramText</name>
     <message>
         <source>the driver gives no reason</source>
-        <translation>der Treiber nennt keinen Grund</translation>
+        <translation>Der Treiber nennt keinen Grund</translation>
     </message>
     <message>
         <source>The pattern %1 cannot be drawn: %2</source>
@@ -756,7 +756,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read</extracomment>
-        <translation>Liest…</translation>
+        <translation>Wird gelesen…</translation>
     </message>
     <message>
         <source>Change photo</source>
@@ -1065,7 +1065,7 @@
     <message>
         <source>it lets programs set only its first monitor&apos;s.</source>
         <extracomment>&quot;it&quot; is the desktop; behind a colon</extracomment>
-        <translation>Er lässt Programme nur das seines ersten Monitors setzen.</translation>
+        <translation>Er lässt Programme nur das Bild des ersten Monitors setzen.</translation>
     </message>
     <message>
         <source>The desktop did not take the picture for %1: %2</source>
@@ -1244,7 +1244,7 @@
     </message>
     <message>
         <source>There is no look in that</source>
-        <translation>Darin steckt kein Look</translation>
+        <translation>Das enthält keinen Look</translation>
     </message>
     <message>
         <source>Use the JSON of a look, a PNG from Tessel Broth, or another picture as the photo.</source>
@@ -1291,7 +1291,7 @@ halten</translation>
     </message>
     <message>
         <source>Start Tessel Broth once more for its menu: new wallpapers, presets and everything else.</source>
-        <translation>Tessel Broth noch einmal starten zeigt sein Menü: neue Hintergrundbilder, Vorlagen und alles andere.</translation>
+        <translation>Wird Tessel Broth noch einmal gestartet, zeigt es sein Menü: neue Hintergrundbilder, Vorlagen und alles andere.</translation>
     </message>
     <message>
         <source>Two small things. Both can be changed later from the menu bar.</source>
@@ -1303,7 +1303,7 @@ halten</translation>
     </message>
     <message>
         <source>Two small things. Both can be changed later: start Tessel Broth once more for its menu.</source>
-        <translation>Zwei Kleinigkeiten. Beides lässt sich später ändern: Tessel Broth noch einmal starten zeigt sein Menü.</translation>
+        <translation>Zwei Kleinigkeiten. Beides lässt sich später ändern: Wird Tessel Broth noch einmal gestartet, zeigt es sein Menü.</translation>
     </message>
     <message>
         <source>Step %1 of 4</source>
@@ -1435,7 +1435,7 @@ halten</translation>
     </message>
     <message>
         <source>Right-click a preset to rename or delete it.</source>
-        <translation>Ein Rechtsklick auf eine Vorlage benennt sie um oder löscht sie.</translation>
+        <translation>Rechtsklick auf eine Vorlage, um sie umzubenennen oder zu löschen.</translation>
     </message>
 </context>
 <context>
