@@ -36,7 +36,7 @@ _tessel() {
             do) words="new-wallpaper previous-wallpaper toggle-motion open-editor quit --help" ;;
             set) words="--still --animated --help" ;;
             get) words="--json --help" ;;
-            check) words="--pattern --seeds --json --help" ;;
+            check) words="--pattern --seeds --palettes --json --help" ;;
         esac
     fi
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
