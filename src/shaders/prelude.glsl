@@ -13,6 +13,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define handleOnRight (uFrame[5] > 0.5)
 #define cellSize (uSlot == 0 ? uFrame[12] : uFrame[13]) // in target pixels
 
+#define lookPattern int(uLook[0])
 #define lookDither int(uLook[1])
 #define lookPixel uLook[2]
 #define lookLevels floor(uLook[3] + 0.5)
@@ -37,6 +38,9 @@ const float tau = 6.28318530717959;
 float saturate(float x) { return clamp(x, 0.0, 1.0); }
 vec2 saturate(vec2 x) { return clamp(x, 0.0, 1.0); }
 vec3 saturate(vec3 x) { return clamp(x, 0.0, 1.0); }
+
+/// How bright an sRGB colour looks, 0 to 1, to compare colours by.
+float brightness(vec3 color) { return dot(color, vec3(0.2126, 0.7152, 0.0722)); }
 
 vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop], uLook[15 + 3 * stop]); }
 
