@@ -60,25 +60,29 @@ nlohmann::ordered_json toJson(const CheckedPattern& checked)
             {"mostDark", m.mostDark},         {"leastBright", m.leastBright},
             {"seedDistance", m.seedDistance}, {"pictureDistance", m.pictureDistance},
             {"frameChange", m.frameChange},   {"cellChange", m.cellChange},
-            {"wrapChange", m.wrapChange},     {"agreement", m.agreement},
+            {"wrapChange", m.wrapChange},     {"seenToMove", m.seenToMove},
+            {"restless", m.restless},         {"jump", m.jump},
+            {"wrapJump", m.wrapJump},         {"agreement", m.agreement},
             {"nonFinite", m.nonFinite},       {"nanosecondsPerCell", m.nanoseconds},
             {"complaints", checked.broken}};
 }
 
 void printText(const std::vector<CheckedPattern>& all)
 {
-    std::printf("%-10s %-24s %9s %9s %6s %8s %7s %7s %7s %7s %5s %6s\n", "", "fifths %", "dark %", "bright %",
-                "seeds", "pictures", "frame", "cell", "wrap", "sizes", "bad", "ns");
+    std::printf("%-10s %-24s %9s %9s %6s %8s %7s %7s %7s %6s %6s %6s %6s %7s %5s %6s\n", "", "fifths %",
+                "dark %", "bright %", "seeds", "pictures", "frame", "cell", "wrap", "moves", "fidget", "jump",
+                "wraps", "sizes", "bad", "ns");
     std::printf("%-10s %-24s %9s %9s %6s %8.3f\n", "floor", "", "", "", "", pictureFloor);
     for (const CheckedPattern& checked : all) {
         const PatternMeasures& m = checked.measures;
         std::printf("%-10s", title(checked.pattern).data());
         for (const double share : m.fifths)
             std::printf(" %3.0f", 100 * share);
-        std::printf("      %3.0f-%3.0f %9.1f %6.3f %8.3f %7.4f %7.3f %7.4f %7.3f %5ld %6.1f\n",
+        std::printf("      %3.0f-%3.0f %9.1f %6.3f %8.3f %7.4f %7.3f %7.4f %6.3f %6.3f %6.3f %6.3f %7.3f "
+                    "%5ld %6.1f\n",
                     100 * m.leastDark, 100 * m.mostDark, 100 * m.leastBright, m.seedDistance,
-                    m.pictureDistance, m.frameChange, m.cellChange, m.wrapChange, m.agreement, m.nonFinite,
-                    m.nanoseconds);
+                    m.pictureDistance, m.frameChange, m.cellChange, m.wrapChange, m.seenToMove, m.restless,
+                    m.jump, m.wrapJump, m.agreement, m.nonFinite, m.nanoseconds);
         for (const std::string& sentence : checked.broken)
             std::printf("    %s\n", sentence.c_str());
     }

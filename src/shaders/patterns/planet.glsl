@@ -54,13 +54,13 @@ void prepare(inout vec4 k[8])
     vec3 side = vec3(sqrt(1.0 - lean * lean), -lean, 0.0);
     vec3 axis = vec3(vec2(lean, side.x) * sqrt(1.0 - nod * nod), nod);
     vec3 front = cross(side, axis);
-    vec2 day = loopCircle(0.06);
+    vec2 day = loopCircle(0.1);
     kSide = side * day.x + front * day.y;
     kCell = 0.0;
     kAxis = axis;
     kFront = front * day.x - side * day.y;
     kPlaces = vec4(seedOffset(10), seedOffset(11));
-    kSpin = spin(0.03);
+    kSpin = spin(0.05);
     bool land = kind < 0.5;
     kStretch = land ? vec2(1.5, 1.5) : vec2(1.1, 4.2);
     kBands = land ? 2.0 : 3.2 + 2.6 * seedRandom(12);
