@@ -32,7 +32,7 @@ complete -c tessel -n "__fish_seen_subcommand_from render" -x -l loop-fade -d 'F
 complete -c tessel -n "__fish_seen_subcommand_from shuffle sheet" -x -l count -d 'How many'
 complete -c tessel -n "__fish_seen_subcommand_from shuffle sheet" -x -l random-seed -d 'The same looks for the same number'
 complete -c tessel -n "__fish_seen_subcommand_from shuffle" -r -l keep-image -d 'A photo to put into every look'
-complete -c tessel -n "__fish_seen_subcommand_from sheet" -a 'patterns dithers palettes shuffles'
+complete -c tessel -n "__fish_seen_subcommand_from sheet" -a 'patterns dithers palettes motion shuffles best'
 complete -c tessel -n "__fish_seen_subcommand_from sheet" -x -l tile -d 'Size of a tile in pixels'
 complete -c tessel -n "__fish_seen_subcommand_from list" -f -a 'patterns dithers palettes'
 complete -c tessel -n "__fish_seen_subcommand_from list inspect get check" -f -l json -d 'As JSON'
