@@ -22,7 +22,7 @@ void prepare(inout vec4 k[8])
     float size = sqrt(shape.x * shape.y);
     // Small anywhere, or so large that a part of it is out of the picture.
     float large = seedRandom(1);
-    float radius = size * (0.2 + 0.55 * large * large);
+    float radius = size * (0.2 * pow(coarseness(), 0.5) + 0.55 * large * large);
     vec2 center = shape * (vec2(1.1, 0.9) + 0.3 * large) * vec2(seedRandom(2) - 0.5, seedRandom(3) - 0.5);
     kCentre = center;
     kRadius = radius;

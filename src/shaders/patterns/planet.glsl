@@ -30,7 +30,7 @@ void prepare(inout vec4 k[8])
     // A globe in the picture, or one so large that its limb is the picture's horizon, from any side but the left.
     bool near = seedRandom(9) < 0.35;
     float grown = seedRandom(2);
-    float radius = size * (near ? 1.1 + 0.7 * grown : kind > 1.5 ? 0.59 + 0.13 * grown : 0.66 + 0.26 * grown);
+    float radius = size * (near ? 1.1 + 0.7 * grown : kind > 1.5 ? 0.59 + 0.13 * grown : 0.66 + 0.26 * grown) * pow(coarseness(), 0.2);
     float toward = pi * (1.3 * seedRandom(3) - 0.65);
     vec2 limb = vec2(cos(toward), sin(toward));
     float inward = radius - dot(abs(limb), shape) * (0.16 + 0.34 * seedRandom(4));

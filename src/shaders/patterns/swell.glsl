@@ -31,7 +31,7 @@ void prepare(inout vec4 k[8])
     kWaveRate = 0.6 + 0.9 * seedRandom(1);
     kSunPlace = (0.8 * seedRandom(2) - 0.15) * aspect.x;
     kSunGlow = 0.15 + 0.4 * seedRandom(3);
-    kHeight = 0.55 + 0.75 * seedRandom(4);
+    kHeight = (0.55 + 0.75 * seedRandom(4)) * pow(coarseness(), 0.3);
     kSky = 0.12 + 0.33 * seedRandom(5);
     kHaze = 0.05 + 0.25 * seedRandom(6);
     kFacing = seedRandom(7) < 0.5 ? -1.0 : 1.0;
@@ -78,7 +78,7 @@ float pattern(vec2 p, vec4 k[8])
         float lit = 0.5 + 0.32 * wave + 0.38 * kFacing * swing;
         float haze = kHaze * (1.0 - near);
         float rank = 0.03 + haze + (0.4 + 0.35 * lit + 0.25 * glint) * (1.0 - 0.5 * haze) * exp(-2.1 * depth);
-        rank += (0.12 + 0.25 * lit) * bell(d, 0.015 + 0.03 * near);
+        rank += (0.12 + 0.25 * lit) * bell(d, max(0.015 + 0.03 * near, 0.6 * cellWidth()));
         tone = mix(tone, rank, saturate(d / (cellWidth() + 0.004 + 0.01 * near) + 0.5));
     }
     return tone;
