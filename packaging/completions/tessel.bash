@@ -29,14 +29,14 @@ _tessel() {
         case $command in
             render) words="$frame --out --timing --animate --fps --loop-fade --help" ;;
             shuffle) words="--count --random-seed --keep-image --help" ;;
-            sheet) words="patterns dithers palettes shuffles --tile --random-seed --count --out --time --reference --help" ;;
+            sheet) words="patterns dithers palettes motion shuffles best --tile --random-seed --count --out --time --reference --help" ;;
             list) words="patterns dithers palettes --json --help" ;;
             inspect) words="$frame --json --help" ;;
             read) words="--help" ;;
             do) words="new-wallpaper previous-wallpaper toggle-motion open-editor quit --help" ;;
             set) words="--still --animated --help" ;;
             get) words="--json --help" ;;
-            check) words="--pattern --seeds --json --help" ;;
+            check) words="--pattern --seeds --palettes --json --help" ;;
         esac
     fi
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

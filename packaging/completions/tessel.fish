@@ -15,7 +15,7 @@ complete -c tessel -n "$first" -f -a read -d 'Print the look that a PNG holds'
 complete -c tessel -n "$first" -f -a do -d 'Have the running Tessel Broth do something'
 complete -c tessel -n "$first" -f -a set -d 'Put a look on the desktop'
 complete -c tessel -n "$first" -f -a get -d 'Print the look on the desktop'
-complete -c tessel -n "$first" -f -a check -d 'Hold the patterns to their limits'
+complete -c tessel -n "$first" -f -a check -d 'Hold patterns or palettes to their limits'
 
 set -l frame "__fish_seen_subcommand_from render inspect"
 complete -c tessel -n "$frame" -x -l size -a '1920x1080 2560x1440 3840x2160' -d 'Size in pixels'
@@ -32,7 +32,7 @@ complete -c tessel -n "__fish_seen_subcommand_from render" -x -l loop-fade -d 'F
 complete -c tessel -n "__fish_seen_subcommand_from shuffle sheet" -x -l count -d 'How many'
 complete -c tessel -n "__fish_seen_subcommand_from shuffle sheet" -x -l random-seed -d 'The same looks for the same number'
 complete -c tessel -n "__fish_seen_subcommand_from shuffle" -r -l keep-image -d 'A photo to put into every look'
-complete -c tessel -n "__fish_seen_subcommand_from sheet" -a 'patterns dithers palettes shuffles'
+complete -c tessel -n "__fish_seen_subcommand_from sheet" -a 'patterns dithers palettes motion shuffles best'
 complete -c tessel -n "__fish_seen_subcommand_from sheet" -x -l tile -d 'Size of a tile in pixels'
 complete -c tessel -n "__fish_seen_subcommand_from list" -f -a 'patterns dithers palettes'
 complete -c tessel -n "__fish_seen_subcommand_from list inspect get check" -f -l json -d 'As JSON'
@@ -42,6 +42,7 @@ complete -c tessel -n "__fish_seen_subcommand_from set" -f -l still -d "As the d
 complete -c tessel -n "__fish_seen_subcommand_from set" -f -l animated -d 'Played live'
 complete -c tessel -n "__fish_seen_subcommand_from check" -x -l pattern -d 'Only this one'
 complete -c tessel -n "__fish_seen_subcommand_from check" -x -l seeds -d 'How many seeds'
+complete -c tessel -n "__fish_seen_subcommand_from check" -f -l palettes -d 'The palettes instead'
 
 complete -c tessel-broth -f -s h -l help -d 'Print the help'
 complete -c tessel-broth -f -s v -l version -d 'Print the version'

@@ -19,23 +19,14 @@ namespace {
 
 constexpr double clockLength = 2000.0 * std::numbers::pi;
 constexpr double frameStep = 2.0 / 30.0;
+constexpr float seenStep = 0.02F;     // a change of tone that is just seen
+constexpr float restlessStep = 0.05F; // one that draws the eye where it comes and goes
 constexpr int blockColumns = 16;
 constexpr int blockRows = 9;
 
 FieldRequest desktop(int seed, double time)
 {
     return {.seed = seed, .width = 1512, .height = 851, .time = time};
-}
-
-std::array<double, 5> fifthsOf(const Field& field)
-{
-    std::array<double, 5> shares{};
-    for (const float tone : field.tones) {
-        if (std::isfinite(tone))
-            shares.at(static_cast<std::size_t>(std::clamp(tone * 5.0F, 0.0F, 4.0F))) +=
-                1.0 / static_cast<double>(field.tones.size());
-    }
-    return shares;
 }
 
 /// The change of every cell, ascending.
@@ -51,27 +42,6 @@ std::vector<float> changes(const Field& before, const Field& after)
 double mean(const std::vector<float>& values)
 {
     return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
-}
-
-/// The mean tone of each of the 16 x 9 blocks of a picture.
-std::vector<double> blocksOf(const Field& field)
-{
-    std::vector<double> sums(std::size_t{blockColumns} * blockRows);
-    std::vector<int> counts(sums.size());
-    auto tone = field.tones.begin();
-    for (int y = 0; y < field.size.height; ++y) {
-        for (int x = 0; x < field.size.width; ++x) {
-            const int row = y * blockRows / field.size.height;
-            const int column = x * blockColumns / field.size.width;
-            const auto block =
-                static_cast<std::size_t>(row) * blockColumns + static_cast<std::size_t>(column);
-            sums[block] += *tone++;
-            ++counts[block];
-        }
-    }
-    for (std::size_t i = 0; i < sums.size(); ++i)
-        sums[i] /= std::max(counts[i], 1);
-    return sums;
 }
 
 /// Pearson's correlation; 1 for two pictures without any variation.
@@ -129,6 +99,83 @@ void measureMotion(PatternMeasures& measures, const FieldSource& draw, int seed)
         std::max(measures.wrapChange, mean(changes(before, draw(desktop(seed, frameStep / 2)))));
 }
 
+double shareAbove(const std::vector<float>& values, float limit)
+{
+    return static_cast<double>(
+               std::ranges::count_if(values, [limit](float value) { return value > limit; })) /
+           static_cast<double>(values.size());
+}
+
+/// How far the tone of each cell goes up and down again, or down and up again, while frames are added.
+class Returns
+{
+public:
+    explicit Returns(const Field& first) : m_cells(first.tones.size())
+    {
+        std::ranges::transform(first.tones, m_cells.begin(), [](float tone) { return Cell{tone, tone}; });
+    }
+
+    void add(const Field& next)
+    {
+        auto tone = next.tones.begin();
+        for (Cell& cell : m_cells)
+            cell.add(*tone++);
+    }
+
+    [[nodiscard]] double shareAbove(float step) const
+    {
+        return static_cast<double>(
+                   std::ranges::count_if(m_cells, [step](const Cell& cell) { return cell.back > step; })) /
+               static_cast<double>(m_cells.size());
+    }
+
+private:
+    struct Cell
+    {
+        float lowest = 0;
+        float highest = 0;
+        float rise = 0; ///< the largest so far
+        float fall = 0;
+        float back = 0; ///< how much of a rise, or a fall, was taken back
+
+        void add(float tone)
+        {
+            lowest = std::min(lowest, tone);
+            highest = std::max(highest, tone);
+            rise = std::max(rise, tone - lowest);
+            fall = std::max(fall, highest - tone);
+            back = std::max({back, std::min(rise, highest - tone), std::min(fall, tone - lowest)});
+        }
+    };
+    std::vector<Cell> m_cells;
+};
+
+/// Whether a calm look is seen to move, a brisk one is restless, and no cell jumps where the clock wraps: at
+/// the ends of the speeds that the shuffle draws.
+void measurePace(PatternMeasures& measures, const FieldSource& draw, int seed)
+{
+    constexpr double calm = 0.15;
+    constexpr double brisk = 0.5;
+    constexpr int framesPerSecond = 20;
+    constexpr double start = 21.0;
+    const Field first = draw(desktop(seed, start));
+    measures.seenToMove = std::min(
+        measures.seenToMove, shareAbove(changes(first, draw(desktop(seed, start + 3 * calm))), seenStep));
+    Returns returns(first);
+    Field last = first;
+    for (int i = 1; i <= framesPerSecond; ++i) {
+        Field next = draw(desktop(seed, start + i * brisk / framesPerSecond));
+        returns.add(next);
+        measures.jump = std::max<double>(measures.jump, changes(last, next).back());
+        last = std::move(next);
+    }
+    measures.restless = std::max(measures.restless, returns.shareAbove(restlessStep));
+    const double half = 0.5 * brisk / framesPerSecond;
+    const Field before = draw(desktop(seed, clockLength - half));
+    measures.wrapJump =
+        std::max<double>(measures.wrapJump, changes(before, draw(desktop(seed, half))).back());
+}
+
 void measureAgreement(PatternMeasures& measures, const FieldSource& draw, int seed)
 {
     const Field middle = draw(desktop(seed, 0.0));
@@ -155,6 +202,37 @@ public:
 
 } // namespace
 
+std::array<double, 5> fifthsOf(const Field& field)
+{
+    std::array<double, 5> shares{};
+    for (const float tone : field.tones) {
+        if (std::isfinite(tone))
+            shares.at(static_cast<std::size_t>(std::clamp(tone * 5.0F, 0.0F, 4.0F))) +=
+                1.0 / static_cast<double>(field.tones.size());
+    }
+    return shares;
+}
+
+std::vector<double> blocksOf(const Field& field)
+{
+    std::vector<double> sums(std::size_t{blockColumns} * blockRows);
+    std::vector<int> counts(sums.size());
+    auto tone = field.tones.begin();
+    for (int y = 0; y < field.size.height; ++y) {
+        for (int x = 0; x < field.size.width; ++x) {
+            const int row = y * blockRows / field.size.height;
+            const int column = x * blockColumns / field.size.width;
+            const auto block =
+                static_cast<std::size_t>(row) * blockColumns + static_cast<std::size_t>(column);
+            sums[block] += *tone++;
+            ++counts[block];
+        }
+    }
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] /= std::max(counts[i], 1);
+    return sums;
+}
+
 double likeness(const Field& one, const Field& other)
 {
     return correlation(blocksOf(one), blocksOf(other));
@@ -178,6 +256,7 @@ PatternMeasures measure(const FieldSource& draw, int seeds)
     measures.pictureDistance = meanDistance(fields);
     for (int seed = 0; seed < seeds; ++seed) {
         measureMotion(measures, draw, seed);
+        measurePace(measures, draw, seed);
         measureAgreement(measures, draw, seed);
     }
     return measures;
@@ -197,11 +276,20 @@ std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& meas
     limits.require(measures.wrapChange <= 1.5 * measures.frameChange + 0.001,
                    "the change where the clock wraps", measures.wrapChange,
                    "at most one and a half times the largest other is allowed");
+    limits.require(measures.wrapJump <= 1.5 * measures.jump + 0.02,
+                   "the change of the liveliest cell where the clock wraps", measures.wrapJump,
+                   "at most one and a half times the largest other is allowed");
+    limits.require(measures.restless <= 0.1,
+                   "the share of cells that come and go within a second at speed 0.5", measures.restless,
+                   "at most 0.1 is allowed");
     // A photo has the tones it has, shows the same for every seed and need not move.
     if (pattern == Pattern::image)
         return limits.broken;
     limits.require(measures.frameChange >= 0.0002, "the mean change from frame to frame",
                    measures.frameChange, "at least 0.0002 is wanted, or nothing seems to move");
+    limits.require(measures.seenToMove >= 0.02,
+                   "the share of cells that change to the eye within 3 seconds at speed 0.15",
+                   measures.seenToMove, "at least 0.02 is wanted");
     limits.require(measures.seedDistance >= 0.05, "the distance of the two nearest seeds",
                    measures.seedDistance, "at least 0.05 is wanted");
     limits.require(measures.pictureDistance >= pictureFloor, "the mean distance of two seeds' small pictures",

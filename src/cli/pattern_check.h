@@ -39,10 +39,20 @@ struct PatternMeasures
     double frameChange = 0; ///< largest mean change from frame to frame, at 30 frames a second and speed 2
     double cellChange = 0;  ///< the same of the thousandth of the cells that change most
     double wrapChange = 0;  ///< mean change over the frame in which the clock wraps
+    double seenToMove = 1;  ///< least share of cells that change by 0.02 in 3 seconds at speed 0.15
+    double restless = 0;    ///< largest share of cells that change by 0.05 and back in a second at speed 0.5
+    double jump = 0;        ///< largest change of any cell from frame to frame, 20 a second at speed 0.5
+    double wrapJump = 0;    ///< the same over the frame in which the clock wraps
     double agreement = 1;   ///< least correlation between 192, 1512 and 3024 pixels, in blocks of the picture
     long nonFinite = 0;     ///< cells that are no number
     double nanoseconds = 0; ///< wall time per cell
 };
+
+/// The share of the cells in each fifth of the range of tones.
+[[nodiscard]] std::array<double, 5> fifthsOf(const Field& field);
+
+/// The mean tone of each of the 16 x 9 blocks of a picture.
+[[nodiscard]] std::vector<double> blocksOf(const Field& field);
 
 /// How alike two pictures are when they are shrunk to 16 x 9: the correlation of their tones, 1 for the same.
 [[nodiscard]] double likeness(const Field& one, const Field& other);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "cli/best_looks.h"
 #include "cli/command_line.h"
 #include "cli/contact_sheet.h"
 #include "cli/headless.h"
@@ -8,10 +9,16 @@
 #include "cli/options.h"
 #include "cli/output.h"
 #include "cli/progress.h"
+#include "model/look_json.h"
 #include "model/palette.h"
 #include "model/shuffle.h"
 
+#include <cmath>
+#include <iostream>
 #include <memory>
+#include <numbers>
+#include <optional>
+#include <stdexcept>
 #include <vector>
 
 namespace tessel::cli {
@@ -28,7 +35,7 @@ struct SheetOptions
     std::string look;
     PixelSize tile{320, 180};
     std::uint64_t randomSeed = 1;
-    int count = 100;
+    std::optional<int> count;
     std::string out;
     double time = 0.0;
     float reference = sheetReference;
@@ -38,7 +45,18 @@ struct SheetEntry
 {
     Look look;
     std::string label;
+    double time = 0.0;
 };
+
+/// How many random looks a sheet shows, and how many the best are chosen from.
+constexpr int shuffleCount = 100;
+constexpr int bestOf = 500;
+constexpr std::size_t bestCount = 24;
+/// The size and measure at which looks are judged: the desktop's composition, small.
+constexpr PixelSize glanceSize{384, 216};
+
+constexpr int motionFrames = 12;
+constexpr double motionStep = 0.5; // seconds
 
 std::vector<SheetEntry> patternEntries(const Look& base)
 {
@@ -74,11 +92,22 @@ std::vector<SheetEntry> paletteEntries(const Look& base)
     return entries;
 }
 
-std::vector<SheetEntry> shuffleEntries(const Look& base, const SheetOptions& options)
+std::vector<SheetEntry> motionEntries(const Look& base)
+{
+    std::vector<SheetEntry> entries;
+    for (int i = 0; i < motionFrames; ++i) {
+        const double seconds = motionStep * i;
+        entries.push_back({base, QString::number(seconds, 'f', 1).toStdString() + " s",
+                           seconds * static_cast<double>(base.speed)});
+    }
+    return entries;
+}
+
+std::vector<SheetEntry> shuffleEntries(const Look& base, const SheetOptions& options, int count)
 {
     const RandomSource random = seededSource(options.randomSeed);
     std::vector<SheetEntry> entries;
-    for (int i = 0; i < options.count; ++i) {
+    for (int i = 0; i < count; ++i) {
         const Look look = randomLook(random, base.imagePath);
         entries.push_back({look, std::to_string(i + 1) + ' ' + displayTitle(look) + ", " +
                                      std::string(title(look.dither))});
@@ -95,7 +124,34 @@ std::vector<SheetEntry> makeEntries(const SheetOptions& options)
         return ditherEntries(base);
     if (options.kind == "palettes")
         return paletteEntries(base);
-    return shuffleEntries(base, options);
+    if (options.kind == "motion")
+        return motionEntries(base);
+    return shuffleEntries(base, options,
+                          options.count.value_or(options.kind == "best" ? bestOf : shuffleCount));
+}
+
+/// Those of the entries that are best and differ most.
+std::vector<SheetEntry> bestEntries(Headless& headless, const std::vector<SheetEntry>& entries)
+{
+    std::vector<Glance> glances;
+    Progress progress("Judging", static_cast<int>(entries.size()));
+    for (const SheetEntry& entry : entries) {
+        const std::optional<Field> field = renderField(headless.encoder(), {.previous = entry.look,
+                                                                            .current = entry.look,
+                                                                            .width = glanceSize.width,
+                                                                            .height = glanceSize.height});
+        if (!field)
+            throw std::runtime_error("the field of " + entry.label + " could not be drawn");
+        glances.push_back(glanceAt(entry.look, *field));
+        progress.report(static_cast<int>(glances.size()));
+    }
+    std::vector<SheetEntry> best;
+    for (const std::size_t index : chooseBest(glances, bestCount)) {
+        best.push_back(entries[index]);
+        best.back().label = std::to_string(best.size()) + ' ' + displayTitle(best.back().look) + ", " +
+                            std::string(title(best.back().look.dither));
+    }
+    return best;
 }
 
 Tile drawTile(Headless& headless, const SheetEntry& entry, const SheetOptions& options)
@@ -104,7 +160,7 @@ Tile drawTile(Headless& headless, const SheetEntry& entry, const SheetOptions& o
                            .current = entry.look,
                            .width = options.tile.width,
                            .height = options.tile.height,
-                           .time = options.time,
+                           .time = std::fmod(options.time + entry.time, 2000.0 * std::numbers::pi),
                            .reference = options.reference}),
             entry.label};
 }
@@ -113,8 +169,10 @@ void drawSheet(const SheetOptions& options)
 {
     const std::string out = options.out.empty() ? options.kind + ".png" : options.out;
     refuseTerminal(out);
-    const std::vector<SheetEntry> entries = makeEntries(options);
+    std::vector<SheetEntry> entries = makeEntries(options);
     Headless headless;
+    if (options.kind == "best")
+        entries = bestEntries(headless, entries);
     std::vector<Tile> tiles;
     {
         Progress progress("Drawing", static_cast<int>(entries.size()));
@@ -124,6 +182,9 @@ void drawSheet(const SheetOptions& options)
         }
     }
     headless.warnOfPhoto(entries.front().look);
+    if (options.kind == "best" && out != "-")
+        for (const SheetEntry& entry : entries)
+            std::cout << encodeLook(entry.look) << '\n';
     writePicture(layOutSheet(tiles), std::nullopt, out);
 }
 
@@ -135,14 +196,17 @@ void addSheetCommand(CLI::App& app)
     CLI::App& command = *app.add_subcommand("sheet", "Draw a labelled contact sheet into a PNG file");
     command
         .add_option("KIND", options->kind,
-                    "patterns, dithers or palettes: one look in each of them; shuffles: random looks")
+                    "patterns, dithers or palettes: one look in each of them; motion: one look over six "
+                    "seconds; shuffles: random looks; best: the 24 best of 500, also printed, one a line")
         ->required()
-        ->check(CLI::IsMember({"patterns", "dithers", "palettes", "shuffles"}).description(""));
+        ->check(
+            CLI::IsMember({"patterns", "dithers", "palettes", "motion", "shuffles", "best"}).description(""));
     addLookArgument(command, options->look);
     command.add_option("--tile", options->tile, "Size of a tile in pixels [320x180]")->type_name("WxH");
     command.add_option("--random-seed", options->randomSeed, "Shuffle other looks for another number [1]")
         ->type_name("N");
-    command.add_option("--count", options->count, "How many shuffles [100]")
+    command
+        .add_option("--count", options->count, "How many shuffles [100], or to choose the best from [500]")
         ->check(CLI::Range(1, 1000))
         ->type_name("N");
     command.add_option("--out", options->out, "Where to write, - for standard output [KIND.png]")

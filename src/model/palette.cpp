@@ -3,8 +3,11 @@
 
 #include "model/palette.h"
 
+#include "model/oklab.h"
+
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 namespace tessel {
 
@@ -41,6 +44,21 @@ const std::vector<PaletteGroup>& paletteGroups()
 {
     static const std::vector<PaletteGroup> groups = buildGroups();
     return groups;
+}
+
+bool isFixed(int index)
+{
+    return index < corePaletteCount ||
+           std::ranges::any_of(paletteGroups(),
+                               [index](const PaletteGroup& group) { return group.indices.front() == index; });
+}
+
+double nearestStops(const Palette& palette)
+{
+    double nearest = std::numeric_limits<double>::infinity();
+    for (std::size_t i = 1; i < palette.hex.size(); ++i)
+        nearest = std::min(nearest, distance(toOklab(palette.hex[i - 1]), toOklab(palette.hex[i])));
+    return nearest;
 }
 
 int builtInIndex(const Look& look)

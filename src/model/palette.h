@@ -48,6 +48,15 @@ struct Stops
 /// The families after the core palettes, in table order: Metal, Silk, ... Ribbon.
 [[nodiscard]] const std::vector<PaletteGroup>& paletteGroups();
 
+/// Whether the colours of a palette never change: those of the core ones and of the first of each family.
+[[nodiscard]] bool isFixed(int index);
+
+/// How far apart neighbouring stops are at least, as OKLab distance, so that a picture shows both.
+inline constexpr double stopFloor = 0.12;
+
+/// The OKLab distance of the two neighbouring stops of a palette that look most alike.
+[[nodiscard]] double nearestStops(const Palette& palette);
+
 /// The place in the table of the palette that a look names.
 [[nodiscard]] int builtInIndex(const Look& look);
 

@@ -9,15 +9,19 @@ in_hoisted float vLevels; // how many there are
 vec3 inkColor(float index) { return texelFetch(uSteps, ivec2(int(index), 0), 0).rgb; }
 
 #ifdef GLYPH_INKS
-in_hoisted vec3 vGround; // the darkest ink, wherever the palette has it
+in_hoisted vec3 vGround; // the darkest ink or the one above it, wherever the palette has it
 
 /// Ground and ink of a character; the share is the middle of the character's place in the atlas, 0 to 1. The thin
-/// strokes of a character need more light than a whole cell, and never the ground's own ink.
+/// strokes of a character need more light than a whole cell, and an ink that is lighter than the ground.
 Inks glyphInks(float tone, float glyph)
 {
     float index = floor(min(tone * (1.4 - 0.4 * tone), 0.9999) * vLevels);
     vec3 ink = inkColor(index);
-    ink = ink == vGround ? inkColor(index > 0.5 ? index - 1.0 : 1.0) : ink;
+    float onward = index < 0.5 * vLevels ? 1.0 : -1.0;
+    for (int i = 0; i < 2; ++i) {
+        index += brightness(ink) > brightness(vGround) ? 0.0 : onward;
+        ink = inkColor(index);
+    }
     return Inks(vGround, ink, (glyph + 0.5) / glyphCount);
 }
 #else

@@ -13,6 +13,7 @@ uniform int uSlot; // 0 previous look, 1 current look
 #define handleOnRight (uFrame[5] > 0.5)
 #define cellSize (uSlot == 0 ? uFrame[12] : uFrame[13]) // in target pixels
 
+#define lookPattern int(uLook[0])
 #define lookDither int(uLook[1])
 #define lookPixel uLook[2]
 #define lookLevels floor(uLook[3] + 0.5)
@@ -28,7 +29,9 @@ uniform int uSlot; // 0 previous look, 1 current look
 
 const int ditherSmooth = 0; // draws no cells
 const int ditherPoster = 1;
-const int ditherAscii = 8;  // draws larger ones, as does Benday
+const int ditherHalftone = 5; // draws dots larger than cells, as does Diamond
+const int ditherDiamond = 7;
+const int ditherAscii = 8; // draws larger ones still, as does Benday
 const int ditherBenday = 9;
 
 const float pi = 3.14159265358979;
@@ -38,18 +41,31 @@ float saturate(float x) { return clamp(x, 0.0, 1.0); }
 vec2 saturate(vec2 x) { return clamp(x, 0.0, 1.0); }
 vec3 saturate(vec3 x) { return clamp(x, 0.0, 1.0); }
 
+/// How bright an sRGB colour looks, 0 to 1, to compare colours by.
+float brightness(vec3 color) { return dot(color, vec3(0.2126, 0.7152, 0.0722)); }
+
 vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop], uLook[15 + 3 * stop]); }
 
 /// The width of one cell in pattern coordinates: what an edge needs to be anti-aliased over.
 float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * lookScale); }
+
+/// The width of what the dither draws at once, in pattern coordinates: a cell, or a dot that is larger than that.
+float dotWidth()
+{
+    bool dots = lookDither == ditherHalftone || lookDither == ditherDiamond;
+    return cellWidth() * (lookDither == ditherBenday ? 1.7 : dots ? 1.3 : 1.0);
+}
 
 /// How much farther apart a pattern's lines and dots stand than in fine cells: 1 up to a pixel of 6, then as the
 /// pixel grows. It comes from the look alone, so that every view of it, however large, has the same composition.
 float coarseness()
 {
     float beyond = clamp(lookPixel, 6.0, 24.0) / 6.0 - 1.0;
-    bool large = lookDither == ditherAscii || lookDither == ditherBenday;
-    return 1.0 + (lookDither == ditherSmooth ? 0.0 : large ? 1.6 * beyond : beyond);
+    bool dots = lookDither == ditherHalftone || lookDither == ditherDiamond;
+    float drawn = lookDither == ditherAscii ? 1.6 * beyond : dots ? 1.3 * beyond : beyond;
+    // Benday's dots are so large that they are coarse in fine cells already.
+    drawn = lookDither == ditherBenday ? clamp(1.6 * lookPixel, 6.0, 30.0) / 6.0 - 1.0 : drawn;
+    return 1.0 + (lookDither == ditherSmooth ? 0.0 : drawn);
 }
 
 /// How plain a soft field looks in the steps that the look draws it in, 0 to 1: few flat ones, or large cells.

@@ -69,9 +69,19 @@ std::string assemble(Dialect dialect, Stage stage, std::string_view switches,
 constexpr std::string_view patternSwitch = "#define HAS_PATTERN\n";
 constexpr std::string_view inkSwitch = "#define HAS_INKS\n";
 
+/// Which patterns are light on a dark ground, for the ground of characters.
+std::string groundTable()
+{
+    std::string text = "const bool lightOnDark[] = bool[](";
+    for (const PatternEntry& entry : patternTable)
+        text += std::string(&entry == patternTable.data() ? "" : ",") +
+                (entry.ground == Ground::dark ? "true" : "false");
+    return text + ");\n";
+}
+
 std::string inkSwitches(Dither dither)
 {
-    return std::string(inkSwitch) + (dither == Dither::ascii ? "#define GLYPH_INKS\n" : "");
+    return std::string(inkSwitch) + (dither == Dither::ascii ? "#define GLYPH_INKS\n" + groundTable() : "");
 }
 
 /// Draws colours of the palette's ramp, which of them is decided by the file.

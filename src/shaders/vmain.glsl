@@ -30,15 +30,20 @@ out_hoisted float vLevels;
 uniform sampler2D uSteps;
 out_hoisted vec3 vGround;
 
-vec3 darkestInk()
+/// The ground of characters: the darkest ink. Where all but some light is ground it is the next one, if that is
+/// dark too, or the picture is a black one from afar.
+vec3 groundInk()
 {
-    const vec3 luminance = vec3(0.2126, 0.7152, 0.0722);
-    vec3 darkest = texelFetch(uSteps, ivec2(0, 0), 0).rgb;
-    for (int i = 1; i < int(lookLevels); ++i) {
+    vec3 darkest = vec3(2.0);
+    vec3 next = vec3(2.0);
+    for (int i = 0; i < int(lookLevels); ++i) {
         vec3 ink = texelFetch(uSteps, ivec2(i, 0), 0).rgb;
-        darkest = dot(ink, luminance) < dot(darkest, luminance) ? ink : darkest;
+        bool least = brightness(ink) < brightness(darkest);
+        next = least ? darkest : brightness(ink) < brightness(next) ? ink : next;
+        darkest = least ? ink : darkest;
     }
-    return darkest;
+    bool allDark = lightOnDark[lookPattern] && !lookInvert;
+    return allDark && brightness(next) < 0.18 && lookLevels > 3.5 ? next : darkest;
 }
 #endif
 
@@ -65,6 +70,6 @@ void main()
     vLevels = lookLevels;
 #endif
 #ifdef GLYPH_INKS
-    vGround = darkestInk();
+    vGround = groundInk();
 #endif
 }

@@ -170,11 +170,21 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
     EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest& request) {
                     return request.time > 6000 ? 0.9 * tone : tone;
                 }),
-                ElementsAre(HasSubstr("where the clock wraps")));
+                ElementsAre(HasSubstr("the change where the clock wraps"),
+                            HasSubstr("liveliest cell where the clock wraps")));
+    // One cell alone.
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field.tones[5] = request.time > 6000 ? 0.9F : 0.1F;
+                }),
+                ElementsAre(HasSubstr("liveliest cell where the clock wraps")));
+    EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest& request) {
+                    return 0.1 + 0.8 * tone + 0.04 * std::sin(14.0 * request.time);
+                }),
+                Contains(HasSubstr("come and go within a second")));
     EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
                     field = goodField({.seed = request.seed});
                 }),
-                ElementsAre(HasSubstr("nothing seems to move")));
+                ElementsAre(HasSubstr("nothing seems to move"), HasSubstr("change to the eye")));
     EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
                     field = goodField({.time = request.time});
                 }),

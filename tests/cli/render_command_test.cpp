@@ -12,6 +12,7 @@ namespace tessel {
 namespace {
 
 using testing::ContainsRegex;
+using testing::EndsWith;
 using testing::HasSubstr;
 
 class RenderCommand : public Tool
@@ -103,6 +104,10 @@ TEST_F(RenderCommand, DrawsContactSheets)
     ASSERT_EQ(run({"sheet", "shuffles", "--count", "3", "--tile", "96x54", "--random-seed", "4"}).out,
               "shuffles.png\n");
     EXPECT_TRUE(!load("shuffles.png").isNull());
+    const std::string best = run({"sheet", "best", "--count", "2", "--tile", "96x54"}).out;
+    EXPECT_EQ(nlohmann::json::parse(best.substr(0, best.find('\n')))["offset"], 0)
+        << "a look that can be used";
+    EXPECT_THAT(best, EndsWith("}\nbest.png\n"));
 }
 
 } // namespace

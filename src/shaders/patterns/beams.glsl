@@ -42,8 +42,8 @@ void prepare(inout vec4 k[8])
     float spread = (0.78 + 0.2 * seedRandom(5)) * atan(across, distance);
     float narrow = 0.18 + 0.15 * max(coarseness() - 1.4, 0.0);
     float count = 6.0 + floor(2.99 * seedRandom(7));
-    vec2 slow = loopCircle(0.065);
-    vec2 fast = loopCircle(0.13);
+    vec2 slow = loopCircle(0.16);
+    vec2 fast = loopCircle(0.32);
     for (int i = 0; i < 2 * shaftPairs; ++i) {
         float chance = seedRandom(50 + i);
         float scatter = seedRandom(10 + i);
@@ -65,8 +65,8 @@ void prepare(inout vec4 k[8])
     kPerSpread = 1.0 / spread;
     // In few flat steps haze is steps across the shafts.
     kHaze = min(lookWarp, 1.7) * (0.45 - 0.25 * plainness());
-    kSpin = spin(0.14);
-    kPlace = seedOffset(40) + 0.6 * loopCircle(0.05);
+    kSpin = spin(0.26);
+    kPlace = seedOffset(40) + 0.6 * loopCircle(0.12);
     kZoom = pow(lookScale, 0.72);
     kPerSize = 1.0 / size;
 }

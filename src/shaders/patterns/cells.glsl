@@ -14,7 +14,7 @@ void prepare(inout vec4 k[8])
     kPointSpin = spin(0.22);
     kBendSpin = spin(0.13);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
-    float size = 1.35 + 0.9 * seedRandom(9);
+    float size = (1.35 + 0.9 * seedRandom(9)) * pow(coarseness(), -0.4);
     float turn = tau * seedRandom(8);
     kTurn = vec2(cos(turn) * size, sin(turn) * size);
     kSize = size;

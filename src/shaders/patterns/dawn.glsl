@@ -39,8 +39,8 @@ void prepare(inout vec4 k[8])
     kCell = zoom * cellWidth();
     kHalfHeight = shape.y;
     kPlaces = vec4(seedOffset(3), seedOffset(4));
-    kSpin = spin(0.06);
-    kDrift = 0.6 * loopCircle(0.03);
+    kSpin = spin(0.12);
+    kDrift = 0.6 * loopCircle(0.08);
     kStrata = 2.0 + 2.5 * seedRandom(10);
     kRanges = 0.5 + 0.6 * seedRandom(11);
 }

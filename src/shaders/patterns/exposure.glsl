@@ -7,6 +7,9 @@
 #define kPlane(i) k[2 * (i)] // of curve i: its centre, the turn and zoom that take the picture to the plane
 #define kCurve(i) k[2 * (i) + 1] // 1 / tilt of the plane, depth of one lobe or less the depth of three, phase
 
+float tiltOf(int i) { return 0.34 + 0.45 * seedRandom(4 + i); }
+float radiusOf(int i, float count) { return (1.2 - 0.1 * count) * (0.62 + 0.34 * seedRandom(9 + i)); }
+
 void prepare(inout vec4 k[8])
 {
     vec2 shape = frameSize / min(frameSize.x, frameSize.y);
@@ -15,12 +18,19 @@ void prepare(inout vec4 k[8])
     // Coarse cells have room for two or three plain curves.
     float count = min(2.0 + floor(2.3 * seedRandom(1)), 1.0 + ceil(3.0 / coarseness()));
     bool coarse = coarseness() > 1.5;
+    // Many long curves are drawn a little smaller, few short ones larger and nearer to the middle, or the picture were
+    // too full or too empty.
+    float girth = 0.0;
+    for (int i = 0; i < 4; ++i)
+        girth += float(i) < count ? radiusOf(i, count) * (1.0 + tiltOf(i)) : 0.0;
+    float fit = pow(3.2 / girth, 0.35);
+    vec2 spread = shape * vec2(1.1, 0.9) * min(0.3 + 0.2 * count, 1.0);
     for (int i = 0; i < 4; ++i) {
         float sway = 0.2 * sin(loopAngle(0.04 + 0.01 * float(i)));
         float turn = tau * seedRandom(2) + float(i) * (0.5 + 0.6 * seedRandom(3)) + sway;
-        float tilt = 0.34 + 0.45 * seedRandom(4 + i);
-        float radius = size * (1.2 - 0.1 * count) * (0.62 + 0.34 * seedRandom(9 + i));
-        vec2 center = shape * vec2(1.1, 0.9) * vec2(seedRandom(14 + i) - 0.5, seedRandom(19 + i) - 0.5);
+        float tilt = tiltOf(i);
+        float radius = size * fit * radiusOf(i, count);
+        vec2 center = spread * vec2(seedRandom(14 + i) - 0.5, seedRandom(19 + i) - 0.5);
         // A curve too many lies far away.
         center = float(i) < count ? center : vec2(1000.0);
         kPlane(i) = vec4(center / zoom, vec2(cos(turn), sin(turn)) * (zoom / radius));
@@ -63,7 +73,7 @@ float trail(vec2 p, vec4 plane, vec4 curve, float extent)
         float strength = 0.52 + side * head;
         float wide = exp(-away * 5.0);
         float narrow = wide * wide;
-        light += strength * (1.7 * bell(away, width) + 0.6 * narrow * narrow + 0.07 * wide);
+        light += strength * (1.7 * bell(away, width) + 0.6 * narrow * narrow + 0.076 * wide);
     }
     return light;
 }

@@ -33,12 +33,12 @@ void prepare(inout vec4 k[8])
             size += 0.9;
             away = (size - 0.15) / length(aspect * towards) + 0.1 * seedRandom(22);
         }
-        float rate = (0.1 + 0.06 * seedRandom(i + 8)) * (seedRandom(i + 12) < 0.5 ? -1.0 : 1.0);
+        float rate = (0.22 + 0.12 * seedRandom(i + 8)) * (seedRandom(i + 12) < 0.5 ? -1.0 : 1.0);
         kLightPlace(i) = away * aspect * towards + 0.25 * loopCircle(rate);
         kLightSize(i) = size;
     }
     kLampHole = kind < 0.3 ? 0.5 : -1.0;
-    kSpin = spin(0.12);
+    kSpin = spin(0.24);
     // What is behind is far away: it shrinks less than the zoom says.
     kPlace = seedOffset(10);
     kSkySlope = seedRandom(20) < 0.5 ? -0.18 : 0.18;

@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
     vec2 middle = (vec2(seedRandom(41), seedRandom(42)) - 0.5) * 0.5;
     float angle = tau * seedRandom(0);
     vec2 n = vec2(cos(angle), sin(angle));
-    vec2 circle = loopCircle(0.07);
+    vec2 circle = loopCircle(0.14);
     float wild = min(0.25 + 0.5 * lookWarp, 1.0);
     vec2 halfSheet = sheet;
     float creases = coarseness() > 1.6 ? 4.0 : 5.0;
@@ -42,9 +42,9 @@ void prepare(inout vec4 k[8])
         float h = wild * 0.77 * (seedRandom(i + 1) - 0.5);
         n = rotate(vec2(-n.y, n.x), vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h));
     }
-    kSpin = spin(0.05);
+    kSpin = spin(0.1);
     kPlace = seedOffset(21);
-    float light = tau * seedRandom(40) + 0.5 * sin(loopAngle(0.11));
+    float light = tau * seedRandom(40) + 0.6 * sin(loopAngle(0.2));
     // Zoomed far out the folds spread: they shrink less than the zoom says.
     kLight = vec2(cos(light), sin(light));
     kZoom = sqrt(lookScale);

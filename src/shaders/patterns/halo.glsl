@@ -22,18 +22,18 @@ void prepare(inout vec4 k[8])
     float size = sqrt(shape.x * shape.y);
     // Small anywhere, or so large that a part of it is out of the picture.
     float large = seedRandom(1);
-    float radius = size * (0.2 + 0.55 * large * large);
+    float radius = size * (0.2 * pow(coarseness(), 0.5) + 0.55 * large * large);
     vec2 center = shape * (vec2(1.1, 0.9) + 0.3 * large) * vec2(seedRandom(2) - 0.5, seedRandom(3) - 0.5);
     kCentre = center;
     kRadius = radius;
     kZoom = sqrt(lookScale);
     // The bright side is the one with more room.
-    float side = atan(-center.y, -center.x) + 3.6 * (seedRandom(4) - 0.5) + 0.25 * sin(loopAngle(0.05));
+    float side = atan(-center.y, -center.x) + 3.6 * (seedRandom(4) - 0.5) + 0.25 * sin(loopAngle(0.1));
     kSide = vec2(cos(side), sin(side));
     kRays = 2.2 + 2.4 * seedRandom(5);
     kCell = sqrt(lookScale) * cellWidth();
-    kSlowSpin = spin(0.1);
-    kFastSpin = spin(0.16);
+    kSlowSpin = spin(0.22);
+    kFastSpin = spin(0.34);
     kPlaces = vec4(seedOffset(4), seedOffset(5));
     float reach = size * (0.33 + 0.05 * seedRandom(13) + 0.1 * length(center / shape)) / sqrt(lookScale);
     kReachRate = 0.9 + 0.8 * seedRandom(12);

@@ -24,14 +24,14 @@ void prepare(inout vec4 k[8])
         float angle = turn * tau * (start + float(i) * 0.2 + 0.11 * seedRandom(i));
         float away = i == 5 ? 0.2 : 0.62 + 0.38 * seedRandom(i + 6);
         vec2 home = away * reach * vec2(cos(angle), sin(angle));
-        float rate = (i - (i / 2) * 2 == 0 ? 1.0 : -1.0) * (0.09 + 0.07 * seedRandom(i + 12));
-        vec2 drift = ground * loopCircle(rate) * (0.16 + 0.1 * seedRandom(i + 30));
+        float rate = (i - (i / 2) * 2 == 0 ? 1.0 : -1.0) * (0.28 + 0.18 * seedRandom(i + 12));
+        vec2 drift = ground * loopCircle(rate) * (0.2 + 0.12 * seedRandom(i + 30));
         float tone = i == 0 ? 0.0 : i == 1 ? 0.75 : i == 2 ? 0.2 : i == 3 ? 1.0 : 0.5;
         kAnchorPlace(i) = home + drift;
         kAnchorTone(i) = tone;
         kAnchorReach(i) = ground * (0.75 + 0.5 * seedRandom(i + 50));
     }
-    kSpin = spin(0.12);
+    kSpin = spin(0.24);
     kPlace = seedOffset(30);
     kForm = 0.13 * plainness();
 }

@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
     kSpin = spin(0.06);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(6);
-    float size = 0.55 + 0.2 * seedRandom(7);
+    float size = (0.55 + 0.2 * seedRandom(7)) * pow(coarseness(), -0.3);
     kTurn = vec2(cos(turn), sin(turn));
     kStretch = vec2(size * (0.5 + 0.25 * seedRandom(8)), size);
     float studio = tau * seedRandom(9) + 0.35 * sin(loopAngle(0.07));

@@ -10,6 +10,7 @@
 #define kTurn k[3].xy
 #define kDensity k[3].z
 #define kClock k[3].w
+#define kWidth k[4].x // the least of a filament
 
 void prepare(inout vec4 k[8])
 {
@@ -21,6 +22,7 @@ void prepare(inout vec4 k[8])
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = density;
     kClock = loopAngle(0.4) / tau;
+    kWidth = 0.9 * dotWidth() * density;
 }
 
 /// About exp(-x), 0 from x = 4 on: nothing reaches beyond the neighbouring cells of the lattice.
@@ -75,7 +77,7 @@ float pattern(vec2 p, vec4 k[8])
     vec2 bend = 0.2 * vec2(slow.z, -slow.y);
     q += 0.4 * lookWarp / (1.0 + 0.75 * lookWarp) * bend;
     vec2 f = fract(q);
-    float width = 0.9 * cellWidth() * density;
+    float width = kWidth;
     // Once round the cell's own node: the four beside it, each with the corner that follows it.
     uint key = latticeKey(ivec2(floor(q)));
     vec3 own = node(key, vec2(0.0), kNodeSpin);

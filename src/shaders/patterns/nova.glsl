@@ -25,10 +25,10 @@ void prepare(inout vec4 k[8])
     kCentre = center;
     kPerSize = 1.0 / size;
     kZoom = pow(lookScale, 0.7);
-    kSlowSpin = spin(0.07);
-    kFastSpin = spin(0.11);
+    kSlowSpin = spin(0.17);
+    kFastSpin = spin(0.26);
     kPlaces = vec4(seedOffset(2), seedOffset(3));
-    float breath = sin(loopAngle(0.09) + tau * seedRandom(9));
+    float breath = sin(loopAngle(0.2) + tau * seedRandom(9));
     kShellRadius = 0.5 + 0.3 * seedRandom(10) + 0.03 * breath;
     kFilaments = (1.2 + 1.6 * seedRandom(11)) * pow(coarseness(), -0.8);
     kCell = pow(lookScale, 0.7) * cellWidth() / size;

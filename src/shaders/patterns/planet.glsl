@@ -30,7 +30,7 @@ void prepare(inout vec4 k[8])
     // A globe in the picture, or one so large that its limb is the picture's horizon, from any side but the left.
     bool near = seedRandom(9) < 0.35;
     float grown = seedRandom(2);
-    float radius = size * (near ? 1.1 + 0.7 * grown : kind > 1.5 ? 0.59 + 0.13 * grown : 0.66 + 0.26 * grown);
+    float radius = size * (near ? 1.1 + 0.7 * grown : kind > 1.5 ? 0.59 + 0.13 * grown : 0.66 + 0.26 * grown) * pow(coarseness(), 0.2);
     float toward = pi * (1.3 * seedRandom(3) - 0.65);
     vec2 limb = vec2(cos(toward), sin(toward));
     float inward = radius - dot(abs(limb), shape) * (0.16 + 0.34 * seedRandom(4));
@@ -54,13 +54,13 @@ void prepare(inout vec4 k[8])
     vec3 side = vec3(sqrt(1.0 - lean * lean), -lean, 0.0);
     vec3 axis = vec3(vec2(lean, side.x) * sqrt(1.0 - nod * nod), nod);
     vec3 front = cross(side, axis);
-    vec2 day = loopCircle(0.06);
+    vec2 day = loopCircle(0.1);
     kSide = side * day.x + front * day.y;
     kCell = 0.0;
     kAxis = axis;
     kFront = front * day.x - side * day.y;
     kPlaces = vec4(seedOffset(10), seedOffset(11));
-    kSpin = spin(0.03);
+    kSpin = spin(0.05);
     bool land = kind < 0.5;
     kStretch = land ? vec2(1.5, 1.5) : vec2(1.1, 4.2);
     kBands = land ? 2.0 : 3.2 + 2.6 * seedRandom(12);

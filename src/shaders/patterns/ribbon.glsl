@@ -50,9 +50,11 @@ vec3 ribbon(vec2 p, vec4 a, vec4 b, vec4 k[8])
     float away = abs(y) - halfWidth;
     float width = kCell;
     // The cloth is a little hollow, so the light wanders across it as it turns.
-    float normal = twist + (facing > 0.0 ? 0.55 : -0.55) * v;
+    // It turns over within a little way, not at once, or its waist would flicker as it moves.
+    float side = clamp(6.0 * facing, -1.0, 1.0);
+    float normal = twist + 0.55 * side * v;
     float sheen = saturate(0.5 + 0.5 * cos(2.0 * normal + kLight));
-    float back = facing > 0.0 ? 1.0 : 0.72;
+    float back = 0.86 + 0.14 * side;
     float tone = back * (0.175 + 0.325 * sheen + 0.5 * pow(sheen, 5.0));
     float rim = (1.0 - smoothstep(0.006, 0.022 + width, abs(away))) * (0.45 + 0.5 * sheen);
     float cover = inside(away - 0.006, width);

@@ -30,7 +30,7 @@ void prepare(inout vec4 k[8])
     for (int i = 0; i < cones; ++i) {
         // The pools share the floor from left to right, in any order.
         float place = fract(first + (float(i) + 0.5 * seedRandom(9 + i)) / float(count));
-        float swing = 0.1 * sin(loopAngle(0.07 + 0.03 * float(i)) + tau * seedRandom(15 + i));
+        float swing = 0.13 * sin(loopAngle(0.2 + 0.06 * float(i)) + tau * seedRandom(15 + i));
         float depth = seedRandom(18 + i);
         float pool = (2.0 * place - 1.0) * (count == 1 ? 0.5 : 0.8) * shape.x;
         float lean = (2.0 * seedRandom(3 + i) - 1.0) * (count == 1 ? 1.1 : 0.85);
@@ -46,8 +46,8 @@ void prepare(inout vec4 k[8])
     kZoom = pow(lookScale, 0.7);
     kCell = pow(lookScale, 0.7) * cellWidth();
     kFlatness = 0.14 + 0.14 * seedRandom(14) + 0.1 * (0.65 + back);
-    kSpin = spin(0.1);
-    kDrift = 0.5 * loopCircle(0.06);
+    kSpin = spin(0.3);
+    kDrift = 0.5 * loopCircle(0.2);
     kPlaces = vec4(seedOffset(8), seedOffset(9));
     kAir = 0.6 + 0.3 * seedRandom(24);
 }

@@ -21,6 +21,7 @@ const int ranks = 7;
 #define kReach k[3].z
 #define kReachShare k[3].w
 #define kPhases(i) k[4 + (i)] // of the even or the odd ranks
+#define kPerRank k[6].x
 
 void prepare(inout vec4 k[8])
 {
@@ -31,7 +32,7 @@ void prepare(inout vec4 k[8])
     kWaveRate = 0.6 + 0.9 * seedRandom(1);
     kSunPlace = (0.8 * seedRandom(2) - 0.15) * aspect.x;
     kSunGlow = 0.15 + 0.4 * seedRandom(3);
-    kHeight = 0.55 + 0.75 * seedRandom(4);
+    kHeight = (0.55 + 0.75 * seedRandom(4)) * pow(coarseness(), 0.3);
     kSky = 0.12 + 0.33 * seedRandom(5);
     kHaze = 0.05 + 0.25 * seedRandom(6);
     kFacing = seedRandom(7) < 0.5 ? -1.0 : 1.0;
@@ -41,6 +42,8 @@ void prepare(inout vec4 k[8])
     kPlace = seedOffset(4);
     kReach = reach;
     kReachShare = reach / (horizon + 0.8);
+    // In coarse cells there are fewer ranks: those too many lie below the picture.
+    kPerRank = 1.0 / (max(float(ranks) * pow(coarseness(), -0.5), 4.0) - 1.0);
     // The phase of each rank: nearer ones run faster.
     for (int i = 0; i < 4; ++i) {
         float near = float(2 * i) / float(ranks);
@@ -59,7 +62,7 @@ float pattern(vec2 p, vec4 k[8])
     float slow = noise(vec2(0.4 * p.x, 0.0) + kPlace, kSpin);
     float glint = exp(-1.1 * sun.x * sun.x);
     for (int i = 0; i < ranks; ++i) {
-        float near = float(i) / float(ranks - 1);
+        float near = float(i) * kPerRank;
         float size = (0.03 + 0.25 * near * near * kReachShare) * kHeight;
         float base = horizon - 0.03 - kReach * near * (0.45 + 0.55 * near);
         float own = kPhases(i & 1)[i >> 1];
@@ -78,7 +81,7 @@ float pattern(vec2 p, vec4 k[8])
         float lit = 0.5 + 0.32 * wave + 0.38 * kFacing * swing;
         float haze = kHaze * (1.0 - near);
         float rank = 0.03 + haze + (0.4 + 0.35 * lit + 0.25 * glint) * (1.0 - 0.5 * haze) * exp(-2.1 * depth);
-        rank += (0.12 + 0.25 * lit) * bell(d, 0.015 + 0.03 * near);
+        rank += (0.12 + 0.25 * lit) * bell(d, max(0.015 + 0.03 * near, 0.6 * cellWidth()));
         tone = mix(tone, rank, saturate(d / (cellWidth() + 0.004 + 0.01 * near) + 0.5));
     }
     return tone;

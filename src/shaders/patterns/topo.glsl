@@ -34,7 +34,7 @@ void prepare(inout vec4 k[8])
     kHollowDepth = 0.16 + 0.2 * seedRandom(13);
     kHollowFall = 1.0 / (0.3 + 0.5 * seedRandom(14));
     kLines = (11.0 + 6.0 * seedRandom(15)) / coarseness();
-    kHair = 0.5 + 0.25 * saturate(coarseness() - 1.0);
+    kHair = (0.5 + 0.25 * saturate(coarseness() - 1.0)) * dotWidth() / cellWidth();
     // In coarse cells there are fewer hills too.
     kZoom = (0.36 + 0.22 * seedRandom(16)) * pow(coarseness(), -0.5);
     kDetail = 0.09 / coarseness();
