@@ -21,7 +21,7 @@ constexpr std::chrono::milliseconds patience{20'000};
 // QCoreApplication keeps references to these.
 int argumentCount = 1;
 std::array<char, 7> programName{"tessel"};
-std::array<char*, 2> arguments{programName.data(), nullptr};
+std::array<char*, 2> programArguments{programName.data(), nullptr};
 
 std::string problem(const QDBusMessage& answer)
 {
@@ -44,7 +44,7 @@ std::string problem(const QDBusMessage& answer)
 } // namespace
 
 RunningApplication::RunningApplication()
-    : m_application(argumentCount, arguments.data())
+    : m_application(argumentCount, programArguments.data())
     , m_bus(QDBusConnection::sessionBus())
 {
     if (!m_bus.isConnected())

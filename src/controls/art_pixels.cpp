@@ -32,7 +32,7 @@ std::vector<QRgb> premultiplied(const std::vector<QColor>& colours)
 // The colour of a cell at a position along the colours, 0 being the first and 1 the second.
 QRgb mixed(const std::vector<QRgb>& colours, double position, int column, int row)
 {
-    const double last = static_cast<double>(colours.size() - 1);
+    const auto last = static_cast<double>(colours.size() - 1);
     const double at = std::clamp(position, 0.0, last);
     const auto first = std::min(static_cast<std::size_t>(at), colours.size() - 1);
     const auto second = std::min(first + 1, colours.size() - 1);
@@ -147,7 +147,7 @@ QImage ditheredRamp(const std::vector<QColor>& colours, Ramp ramp, QSize cells, 
     if (colours.empty())
         return {};
     const std::vector<QRgb> values = premultiplied(colours);
-    const double count = static_cast<double>(values.size());
+    const auto count = static_cast<double>(values.size());
     return drawCells(cells, scale, [&](int column, int row) {
         const double along = (column + 0.5) / cells.width();
         const double position = ramp == Ramp::Blocks ? along * count - 0.5 : along * (count - 1);
