@@ -152,6 +152,13 @@
     </message>
 </context>
 <context>
+    <name>CrashNotesText</name>
+    <message>
+        <source>The pattern %1 with the dither %2 has ended Tessel Broth twice. It is tried again with another graphics driver, or another version of Tessel Broth.</source>
+        <translation>Das Muster %1 mit dem Raster %2 hat Tessel Broth zweimal beendet. Mit einem anderen Grafiktreiber oder einer anderen Version von Tessel Broth wird es wieder versucht.</translation>
+    </message>
+</context>
+<context>
     <name>Dialogs</name>
     <message>
         <source>OK</source>

@@ -303,7 +303,6 @@ void AppDelegate::leave()
         std::fputs("Tessel Broth: the last changes could not be saved.\n", stderr);
 }
 
-/// Says something that needs no answer.
 void AppDelegate::tell(const QString& title, const QString& text)
 {
     m_parts.notifications.show(title, text, [this, title, text] { m_parts.dialogs.alert({title, text}); });

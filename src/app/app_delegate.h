@@ -59,6 +59,9 @@ public:
     /// Saves everything, takes the windows down and ends the event loop.
     void quit();
 
+    /// Says something that needs no answer, in a message of the desktop's where it shows them.
+    void tell(const QString& title, const QString& text);
+
 Q_SIGNALS:
     /// The program begins to end: everything is saved and taken down now.
     void leaving();
@@ -80,7 +83,6 @@ private:
     void toggleEditor();
     void perform(Action action);
     void leave();
-    void tell(const QString& title, const QString& text);
     [[nodiscard]] std::vector<MenuRow> menuRows();
 
     AppParts m_parts;

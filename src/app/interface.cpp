@@ -40,6 +40,10 @@ Interface::Interface(const InterfaceParts& parts)
         if (!m_edge.state().isOpen())
             m_pictures.release();
     });
+    connect(&m_editor, &EditorModel::told, this, [this](const QString& title, const QString& text) {
+        if (!m_edge.state().isOpen())
+            Q_EMIT told(title, text);
+    });
     connect(&m_quickActions, &QuickActions::presetsRequested, &m_presetsMenu, &PresetsMenu::open);
     connect(&m_presetsMenu, &PresetsMenu::opened, this, [this] { m_edge.setMenuOpen(true); });
     connect(&m_presetsMenu, &PresetsMenu::closed, this, [this] { m_edge.setMenuOpen(false); });

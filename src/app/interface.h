@@ -41,6 +41,10 @@ public:
     /// \param onboarding must outlive what is returned, as must this
     [[nodiscard]] std::unique_ptr<OnboardingWindow> makeOnboardingWindow(Onboarding& onboarding);
 
+Q_SIGNALS:
+    /// The editor has something to tell and is not open: a picture that could not be saved, for example.
+    void told(const QString& title, const QString& text);
+
 private:
     std::unique_ptr<EdgePanel> makePanel();
 

@@ -168,6 +168,7 @@ int runApplication()
                           .makeOnboardingWindow = [&interface](Onboarding& onboarding) {
                               return interface.makeOnboardingWindow(onboarding);
                           }});
+    QObject::connect(&interface, &Interface::told, &delegate, &AppDelegate::tell);
     QObject::connect(&delegate, &AppDelegate::leaving, [] {
         endWithin(longestEnd);
         crash_notes::forgetAccidents();

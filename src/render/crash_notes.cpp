@@ -7,6 +7,8 @@
 #include "model/pattern.h"
 #include "render/drawing_error.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -23,6 +25,11 @@
 namespace tessel::crash_notes {
 
 namespace {
+
+struct CrashNotesText
+{
+    Q_DECLARE_TR_FUNCTIONS(CrashNotesText)
+};
 
 constexpr std::array faults{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
 constexpr int crashesToRefuse = 2;
@@ -160,10 +167,12 @@ void setDrawn(const Look& look)
 void check(const Look& look)
 {
     if (refused.at(static_cast<std::size_t>(kindOf(look))))
-        throw DrawingError("The pattern " + std::string(title(look.pattern)) + " with the dither " +
-                           std::string(title(look.dither)) +
-                           " has ended Tessel Broth twice. It is tried again with another graphics driver, "
-                           "or another version of Tessel Broth.");
+        throw DrawingError(
+            CrashNotesText::tr("The pattern %1 with the dither %2 has ended Tessel Broth twice. It is tried "
+                               "again with another graphics driver, or another version of Tessel Broth.")
+                .arg(QString::fromStdString(std::string(title(look.pattern))),
+                     QString::fromStdString(std::string(title(look.dither))))
+                .toStdString());
 }
 
 void forgetAccidents()

@@ -9,6 +9,7 @@ from desktop import Desktop, wait_until
 from edge import EdgeTest
 
 SQUARE = "Square  ·  2048 × 2048"
+LARGE = "6K  ·  6016 × 3384"
 
 
 class EditorTest(EdgeTest):
@@ -124,11 +125,18 @@ class ExportTest(EdgeTest):
     def make_desktop(cls) -> Desktop:
         return Desktop(1100, 700)
 
-    def export(self, file: object) -> None:
+    def export(self, file: object, size: str = SQUARE) -> None:
         self.reader.find("Export PNG", "button menu").press()
-        self.reader.find(SQUARE, "menu item").press()
+        self.reader.find(size, "menu item").press()
         self.reader.find("File name:", "text").write(str(file))
         self.reader.find("Save", "push button").press()
+
+    def start_on_full_disk(self) -> None:
+        """With a look whose pictures do not fit, and the editor open."""
+        self.application.quit()
+        self.write_settings(look={"pattern": 5, "pixel": 2, "dither": 4})
+        self.application.start(*on_full_disk(64))
+        self.open_editor()
 
     def expect_failure(self, *words: str) -> None:
         sheet = self.reader.find("Could not save that PNG", "dialog")
@@ -150,14 +158,19 @@ class ExportTest(EdgeTest):
         self.expect_failure(str(file), "is not a folder")
 
     def test_a_full_disk_is_told(self) -> None:
-        self.application.quit()
-        self.write_settings(look={"pattern": 5, "pixel": 2, "dither": 4})
-        self.application.start(*on_full_disk(64))
-        self.open_editor()
+        self.start_on_full_disk()
         file = self.desktop.folder / "home/bowl.png"
         self.export(file)
         self.expect_failure(str(file), "larger than is allowed")
         self.assertFalse(file.exists())
+
+    def test_a_failure_is_told_without_the_editor_too(self) -> None:
+        self.start_on_full_disk()
+        file = self.desktop.folder / "home/large.png"
+        self.export(file, LARGE)
+        self.desktop.panel.choose("Close Editor")
+        wait_until(lambda: any(title == "Could not save that PNG" and str(file) in text
+                               for title, text in self.desktop.panel.messages), "a message", 60)
 
 
 if __name__ == "__main__":
