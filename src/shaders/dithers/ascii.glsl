@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // One character per cell, the denser the lighter or along the edge that it is on, in the tone's colour on the
-// palette's darkest stop.
+// palette's darkest ink or the one above it.
 
 const float glyphSide = 48.0; // of a character in the atlas, in texels
 

@@ -63,7 +63,8 @@ float pattern(vec2 p, vec4 k[8])
     // The slope of rho. Between balls it falls to nothing, and the dome flattens to a saddle.
     float steep = rho * length(gradient) / sum;
     vec2 outward = gradient * inversesqrt(dot(gradient, gradient) + 1e-9);
-    float body = inside((rho - 1.0) / max(steep, 1e-3), 1.5 * cellWidth());
+    // Where two are about to merge it is flat, and the neck comes softly, not at once.
+    float body = inside((rho - 1.0) / max(steep, 0.3), 1.5 * cellWidth());
     float across = min(rho, 1.0) * saturate(steep * radii / sum);
     vec3 normal = vec3(outward * across, sqrt(1.0 - across * across));
     float lit = saturate(dot(normal, vec3(0.6 * kLight, 0.8)));
