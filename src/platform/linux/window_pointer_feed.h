@@ -18,7 +18,7 @@ public:
     /// \param window must outlive this
     explicit WindowPointerFeed(QWindow& window);
 
-private:
+protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 

@@ -6,7 +6,10 @@
 #include "platform/linux/x11/x11_connection.h"
 
 #include <QCursor>
+#include <QMouseEvent>
+#include <QTimer>
 
+#include <chrono>
 #include <xcb/xinput.h>
 
 namespace tessel {
@@ -15,6 +18,8 @@ namespace {
 
 constexpr std::uint32_t leftButton = 1;
 constexpr std::uint32_t rightButton = 3;
+/// Until Qt has told of the same press. It reads its own connection on a thread of its own.
+constexpr std::chrono::milliseconds qtsTurn{50};
 
 } // namespace
 
@@ -58,8 +63,22 @@ void X11PointerFeed::handle(const xcb_generic_event_t& event)
         return;
     const auto& button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
     if (general.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
-        (button.detail == leftButton || button.detail == rightButton))
-        Q_EMIT pressed(QCursor::pos());
+        (button.detail == leftButton || button.detail == rightButton)) {
+        // It comes without a place, and the pointer may have moved on since. Of a press on our window Qt
+        // tells the place, perhaps only after this, with the same time.
+        QTimer::singleShot(qtsTurn, this, [this, time = button.time, now = QCursor::pos()] {
+            Q_EMIT pressed(m_latestPress.time == time ? m_latestPress.position : now);
+        });
+    }
+}
+
+bool X11PointerFeed::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        m_latestPress = {press.timestamp(), press.globalPosition().toPoint()};
+    }
+    return WindowPointerFeed::eventFilter(watched, event);
 }
 
 } // namespace tessel

@@ -27,11 +27,20 @@ public:
     ~X11PointerFeed() override;
 
 private:
+    /// What was pressed on the window itself, as Qt tells it.
+    struct Press
+    {
+        quint64 time = 0;
+        QPoint position;
+    };
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void choose(std::uint32_t events);
     void handle(const xcb_generic_event_t& event);
 
     X11Connection& m_connection;
     std::uint8_t m_extension = 0; ///< the number of XInput's events
+    Press m_latestPress;
 };
 
 } // namespace tessel
