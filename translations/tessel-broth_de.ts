@@ -650,7 +650,7 @@
     </message>
     <message>
         <source>The pattern %1 cannot be drawn: %2</source>
-        <extracomment>behind a colon; the last marker is what the graphics driver says</extracomment>
+        <extracomment>The last marker is what the graphics driver says.</extracomment>
         <translation>Das Muster %1 kann nicht gezeichnet werden: %2</translation>
     </message>
     <message>

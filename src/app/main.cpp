@@ -7,6 +7,7 @@
 #include "app/languages.h"
 #include "app/menu_accessibility.h"
 #include "app/status_icon.h"
+#include "base/data_folder.h"
 #include "base/identity.h"
 #include "platform/accessibility_bus.h"
 #include "platform/process.h"
@@ -17,7 +18,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
-#include <QStandardPaths>
 
 #include <chrono>
 #include <cstdio>
@@ -117,18 +117,13 @@ std::unique_ptr<Graphics> makeGraphics(WindowSystem& windows, RunningInstance& i
     }
 }
 
-QString crashNotes()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
-           identity::folder + QStringLiteral("/crashes");
-}
-
 int runApplication()
 {
     const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
         return EXIT_SUCCESS;
-    crash_notes::keep(QFile::encodeName(crashNotes()).toStdString(), TESSEL_VERSION);
+    crash_notes::keep(QFile::encodeName(dataFolder() + QStringLiteral("/crashes")).toStdString(),
+                      TESSEL_VERSION);
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
     Dialogs dialogs(windows->focus());
     const std::unique_ptr<Graphics> graphics = makeGraphics(*windows, *instance, dialogs);

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iomanip>
-#include <numbers>
 #include <numeric>
 #include <sstream>
 #include <stdexcept>
@@ -17,7 +16,6 @@ namespace tessel::cli {
 
 namespace {
 
-constexpr double clockLength = 2000.0 * std::numbers::pi;
 constexpr double frameStep = 2.0 / 30.0;
 constexpr float seenStep = 0.02F;     // a change of tone that is just seen
 constexpr float restlessStep = 0.05F; // one that draws the eye where it comes and goes
@@ -94,7 +92,7 @@ void measureMotion(PatternMeasures& measures, const FieldSource& draw, int seed)
         measures.cellChange = std::max(measures.cellChange,
                                        static_cast<double>(change[change.size() - change.size() / 1000 - 1]));
     }
-    const Field before = draw(desktop(seed, clockLength - frameStep / 2));
+    const Field before = draw(desktop(seed, phaseLimit - frameStep / 2));
     measures.wrapChange =
         std::max(measures.wrapChange, mean(changes(before, draw(desktop(seed, frameStep / 2)))));
 }
@@ -122,11 +120,11 @@ public:
             cell.add(*tone++);
     }
 
-    [[nodiscard]] double shareAbove(float step) const
+    [[nodiscard]] std::vector<float> values() const
     {
-        return static_cast<double>(
-                   std::ranges::count_if(m_cells, [step](const Cell& cell) { return cell.back > step; })) /
-               static_cast<double>(m_cells.size());
+        std::vector<float> values(m_cells.size());
+        std::ranges::transform(m_cells, values.begin(), &Cell::back);
+        return values;
     }
 
 private:
@@ -169,9 +167,9 @@ void measurePace(PatternMeasures& measures, const FieldSource& draw, int seed)
         measures.jump = std::max<double>(measures.jump, changes(last, next).back());
         last = std::move(next);
     }
-    measures.restless = std::max(measures.restless, returns.shareAbove(restlessStep));
+    measures.restless = std::max(measures.restless, shareAbove(returns.values(), restlessStep));
     const double half = 0.5 * brisk / framesPerSecond;
-    const Field before = draw(desktop(seed, clockLength - half));
+    const Field before = draw(desktop(seed, phaseLimit - half));
     measures.wrapJump =
         std::max<double>(measures.wrapJump, changes(before, draw(desktop(seed, half))).back());
 }

@@ -16,7 +16,6 @@
 #include <cmath>
 #include <iostream>
 #include <memory>
-#include <numbers>
 #include <optional>
 #include <stdexcept>
 #include <vector>
@@ -160,7 +159,7 @@ Tile drawTile(Headless& headless, const SheetEntry& entry, const SheetOptions& o
                            .current = entry.look,
                            .width = options.tile.width,
                            .height = options.tile.height,
-                           .time = std::fmod(options.time + entry.time, 2000.0 * std::numbers::pi),
+                           .time = std::fmod(options.time + entry.time, phaseLimit),
                            .reference = options.reference}),
             entry.label};
 }

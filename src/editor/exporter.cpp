@@ -33,9 +33,8 @@ QSize displaySize(const Screens& screens)
 
 QString pngName(const Look& look, QSize size)
 {
-    const std::string_view pattern = title(look.pattern);
     return QStringLiteral("Tessel Broth %1 %2x%3.png")
-        .arg(QString::fromUtf8(pattern.data(), static_cast<qsizetype>(pattern.size())))
+        .arg(QString::fromUtf8(title(look.pattern)))
         .arg(size.width())
         .arg(size.height());
 }

@@ -48,11 +48,6 @@ float patternCell(Dither dither)
     }
 }
 
-QString text(std::string_view title)
-{
-    return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
-}
-
 Look inClay()
 {
     Look look;
@@ -82,7 +77,7 @@ std::vector<Tile> patternTiles()
         Look look = inClay();
         look.pattern = pattern;
         look.pixel = pixelForCells(patternCell(look.dither), patternTileWidth);
-        tiles.push_back({text(title(pattern)), look});
+        tiles.push_back({QString::fromUtf8(title(pattern)), look});
     }
     return tiles;
 }
@@ -95,7 +90,7 @@ std::vector<Tile> ditherTiles()
         look.pattern = Pattern::swell;
         look.dither = dither;
         look.pixel = pixelForCells(ditherCell(dither), ditherTileWidth);
-        tiles.push_back({text(title(dither)), look});
+        tiles.push_back({QString::fromUtf8(title(dither)), look});
     }
     return tiles;
 }

@@ -18,11 +18,6 @@ namespace tessel {
 
 namespace {
 
-QString text(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QVariantList colorsOf(std::span<const Color> stops)
 {
     QVariantList colors;
@@ -147,7 +142,7 @@ std::vector<PaletteGrid::Row> PaletteGrid::rowsOfFamilies()
 {
     std::vector<Row> rows;
     for (const PaletteGroup& group : paletteGroups()) {
-        rows.push_back({Family, text(group.name), {}});
+        rows.push_back({Family, QString::fromUtf8(group.name), {}});
         std::vector<Swatch> swatches;
         for (const int index : group.indices)
             swatches.push_back({BuiltIn, index});
@@ -224,7 +219,7 @@ QVariantMap PaletteGrid::describe(const Swatch& swatch) const
     const auto place = static_cast<std::size_t>(swatch.index);
     switch (swatch.kind) {
     case BuiltIn:
-        map[QStringLiteral("title")] = text(builtInPalettes()[place].name);
+        map[QStringLiteral("title")] = QString::fromUtf8(builtInPalettes()[place].name);
         map[QStringLiteral("stops")] = colorsOf(builtInPalettes()[place].hex);
         break;
     case Mine:

@@ -170,8 +170,7 @@ void check(const Look& look)
         throw DrawingError(
             CrashNotesText::tr("The pattern %1 with the dither %2 has ended Tessel Broth twice. It is tried "
                                "again with another graphics driver, or another version of Tessel Broth.")
-                .arg(QString::fromStdString(std::string(title(look.pattern))),
-                     QString::fromStdString(std::string(title(look.dither))))
+                .arg(QString::fromUtf8(title(look.pattern)), QString::fromUtf8(title(look.dither)))
                 .toStdString());
 }
 

@@ -15,7 +15,7 @@
 namespace tessel::crash_notes {
 
 /// Notes from now on what a fault ends, one line a time at the end of the file, and reads what is noted
-/// there. \param file made, with its folder, when there is something to note \param version of the program
+/// there. \param file made when there is something to note, its folder at once \param version of the program
 void keep(const std::filesystem::path& file, std::string_view version);
 
 /// With whom we draw. Before it is known nothing is noted or refused.

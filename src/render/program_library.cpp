@@ -18,11 +18,6 @@ struct ProgramText
     Q_DECLARE_TR_FUNCTIONS(ProgramText)
 };
 
-QString named(std::string_view title)
-{
-    return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
-}
-
 /// What the driver says first in its log.
 std::string firstLine(const std::array<char, 4096>& log)
 {
@@ -100,19 +95,19 @@ std::string ProgramLibrary::refusal(Key key, const char* reason)
     const QString because = QString::fromUtf8(reason);
     switch (key.kind) {
     case Kind::field:
-        //: behind a colon; the last marker is what the graphics driver says
+        //: The last marker is what the graphics driver says.
         return ProgramText::tr("The pattern %1 cannot be drawn: %2")
-            .arg(named(title(key.pattern)), because)
+            .arg(QString::fromUtf8(title(key.pattern)), because)
             .toStdString();
     case Kind::direct:
         return ProgramText::tr("The pattern %1 with the dither %2 cannot be drawn: %3")
-            .arg(named(title(key.pattern)), named(title(key.dither)), because)
+            .arg(QString::fromUtf8(title(key.pattern)), QString::fromUtf8(title(key.dither)), because)
             .toStdString();
     case Kind::inks:
     case Kind::composite:
     case Kind::map:
         return ProgramText::tr("The dither %1 cannot be drawn: %2")
-            .arg(named(title(key.dither)), because)
+            .arg(QString::fromUtf8(title(key.dither)), because)
             .toStdString();
     default:
         return ProgramText::tr("The palette cannot be drawn: %1").arg(because).toStdString();

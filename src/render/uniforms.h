@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <numbers>
 #include <span>
 #include <utility>
 #include <vector>
@@ -38,6 +39,9 @@ struct PhotoSize
     bool present = false;
 };
 
+/// Animation phases stay below a thousand turns, so that the GPU's floats keep their precision.
+inline constexpr double phaseLimit = 2000 * std::numbers::pi;
+
 /// One frame to draw: the cross-fade of two looks on a target of `width` x `height` pixels.
 struct Frame
 {
@@ -46,7 +50,7 @@ struct Frame
     int width = 0;
     int height = 0;
     float mix = 1.0F;  ///< 0 shows `previous`, 1 shows `current`
-    double time = 0.0; ///< animation phase, 0 to 2000 pi
+    double time = 0.0; ///< animation phase, 0 to `phaseLimit`
     float reference = desktopReference;
     Edge edge = Edge::left;
     Edge previousEdge = Edge::left; ///< that `previous` was drawn for

@@ -3,10 +3,11 @@
 
 #pragma once
 
+#include "render/uniforms.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <numbers>
 
 namespace tessel {
 
@@ -18,9 +19,6 @@ enum class Source : std::uint8_t
     thumb
 };
 inline constexpr std::size_t sourceCount = 3;
-
-/// Animation phases stay below a thousand turns, so that the GPU's floats keep their precision.
-inline constexpr double phaseLimit = 2000 * std::numbers::pi;
 
 /// The animation phases, one per source and shared by all its views. A clock only runs while it is advanced;
 /// a gap of any length moves it no further than its longest step.

@@ -3,8 +3,8 @@
 
 #include "wallpaper/photos.h"
 
+#include "base/data_folder.h"
 #include "base/file_writer.h"
-#include "base/identity.h"
 #include "render/photo.h"
 
 #include <QCoreApplication>
@@ -12,7 +12,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QUuid>
 
 #include <span>
@@ -92,8 +91,7 @@ bool isCopy(const QFileInfo& file)
 
 QString defaultPhotoFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
-           identity::folder + QStringLiteral("/Photos");
+    return dataFolder() + QStringLiteral("/Photos");
 }
 
 QString copyPhoto(const QString& file, const QString& folder)

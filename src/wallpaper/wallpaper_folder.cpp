@@ -3,11 +3,10 @@
 
 #include "wallpaper/wallpaper_folder.h"
 
-#include "base/identity.h"
+#include "base/data_folder.h"
 
 #include <QDir>
 #include <QRegularExpression>
-#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -33,8 +32,7 @@ qint64 timeOf(const QString& name)
 
 QString defaultWallpaperFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
-           identity::folder + QStringLiteral("/Wallpapers");
+    return dataFolder() + QStringLiteral("/Wallpapers");
 }
 
 QString stillFileName(qint64 milliseconds, int index)

@@ -90,12 +90,12 @@ private:
 };
 
 /// Handles events until something is so.
-/// \return whether it became so within 10 s
+/// \return whether it became so within a minute, which is long enough for a busy machine
 template<typename Condition>
 bool waitUntil(Condition condition)
 {
     const auto start = std::chrono::steady_clock::now();
-    while (!condition() && std::chrono::steady_clock::now() - start < std::chrono::seconds(10)) {
+    while (!condition() && std::chrono::steady_clock::now() - start < std::chrono::seconds(60)) {
         QCoreApplication::processEvents();
         QThread::msleep(1);
     }

@@ -3,6 +3,7 @@
 
 #include "platform/linux/running_instance.h"
 
+#include "base/data_folder.h"
 #include "base/identity.h"
 
 #include <QDBusConnectionInterface>
@@ -10,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSocketNotifier>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <chrono>
@@ -58,8 +58,7 @@ QString lockFolder()
     QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty() && QDir(runtime).exists())
         return runtime;
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
-           identity::folder;
+    return dataFolder();
 }
 
 /// \return an address that is refused by all calls if the path is too long for one

@@ -22,8 +22,6 @@ public:
     LinuxTrayHost()
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
-        bus.connect(watcherName, watcherPath, watcherName, QStringLiteral("StatusNotifierHostRegistered"),
-                    this, SIGNAL(changed()));
         auto ping = QDBusMessage::createMethodCall(
             watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
         ping.setAutoStartService(false);
@@ -33,6 +31,7 @@ public:
         connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
             call->deleteLater();
             m_isKnown = true;
+            followHosts();
             Q_EMIT changed();
         });
     }
@@ -40,6 +39,14 @@ public:
     [[nodiscard]] bool isKnown() const override { return m_isKnown; }
 
 private:
+    /// Not before the watcher has answered: `changed` would be heard as its answer.
+    void followHosts()
+    {
+        QDBusConnection::sessionBus().connect(watcherName, watcherPath, watcherName,
+                                              QStringLiteral("StatusNotifierHostRegistered"), this,
+                                              SIGNAL(changed()));
+    }
+
     bool m_isKnown = false;
 };
 
