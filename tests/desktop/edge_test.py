@@ -140,6 +140,16 @@ class I3Test(ManagerTest, EdgeTest):
     command = ("i3", "-c", "/dev/null")
 
 
+@unittest.skipUnless(is_installed("bspwm"), "bspwm is not installed")
+class BspwmTest(ManagerTest, EdgeTest):
+    command = ("bspwm", "-c", "/bin/true")
+
+
+@unittest.skipUnless(is_installed("herbstluftwm"), "herbstluftwm is not installed")
+class HerbstluftwmTest(ManagerTest, EdgeTest):
+    command = ("herbstluftwm", "-c", "/bin/true")
+
+
 class ScreensTest(EdgeTest):
     """Screens and panels that come and go while something is open."""
 

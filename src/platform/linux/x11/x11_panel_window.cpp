@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace tessel {
 
@@ -27,19 +28,22 @@ constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr std::uint32_t inputHint = 1;
 constexpr std::size_t hintItems = 9;
 
-/// Whether the manager knows windows that are parts of the desktop. Others would dock the panel as a bar, or
-/// tile it: it goes around those.
-bool isKnownTo(X11Connection& connection)
+/// From a change among the windows until the manager has put them in their order.
+constexpr std::chrono::milliseconds untilInOrder{100};
+
+/// Whether the manager keeps panels, as those do that tell what room these leave. Others would dock it as a
+/// bar, tile it, or leave it below new windows and without the keyboard: it goes around those.
+bool keepsPanels(X11Connection& connection)
 {
     const auto supported = connection.property(connection.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM);
-    return std::ranges::find(supported, connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP")) != supported.end();
+    return std::ranges::find(supported, connection.atom("_NET_WORKAREA")) != supported.end();
 }
 
 QWindow& prepared(X11Connection& connection, QWindow& window)
 {
     window.setFlags(window.flags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                     Qt::WindowDoesNotAcceptFocus);
-    window.setFlag(Qt::BypassWindowManagerHint, !isKnownTo(connection));
+    window.setFlag(Qt::BypassWindowManagerHint, !keepsPanels(connection));
     window.setProperty(typeProperty, dockType);
     window.create();
     return window;
@@ -47,8 +51,8 @@ QWindow& prepared(X11Connection& connection, QWindow& window)
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Occlusion& occlusion,
-                               QWindow& window)
+X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Events& events, X11Focus& focus,
+                               X11Occlusion& occlusion, QWindow& window)
     : m_connection(connection)
     , m_focus(focus)
     , m_occlusion(occlusion)
@@ -57,6 +61,11 @@ X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Focus& focus, X11Oc
 {
     connect(&m_occlusion, &X11Occlusion::blendingChanged, this, &PanelWindow::blendingChanged);
     connect(&m_occlusion, &X11Occlusion::filledChanged, this, &X11PanelWindow::update);
+    m_connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    connect(&events, &X11Events::received, this, &X11PanelWindow::handle);
+    m_rising.setSingleShot(true);
+    m_rising.setInterval(untilInOrder);
+    connect(&m_rising, &QTimer::timeout, this, &X11PanelWindow::stayAbove);
 }
 
 void X11PanelWindow::show()
@@ -150,6 +159,26 @@ void X11PanelWindow::setKeyboardFocus(KeyboardFocus focus)
 bool X11PanelWindow::isManaged() const
 {
     return !m_window.flags().testFlag(Qt::BypassWindowManagerHint);
+}
+
+void X11PanelWindow::handle(const xcb_generic_event_t& event)
+{
+    if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY || !m_window.isVisible())
+        return;
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (change.window == m_connection.root() && (change.atom == m_connection.atom("_NET_CLIENT_LIST") ||
+                                                 change.atom == m_connection.atom("_NET_ACTIVE_WINDOW")))
+        m_rising.start();
+}
+
+/// A window that came, or was chosen, may stand above. Menus that do are in no list.
+void X11PanelWindow::stayAbove()
+{
+    if (!m_window.isVisible() || isManaged())
+        return;
+    static constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection.get(), m_id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_flush(m_connection.get()); // which Qt leaves until something happens
 }
 
 /// Without the manager, which would not give it.

@@ -62,7 +62,7 @@ std::unique_ptr<PanelWindow> X11WindowSystem::makePanelWindow(QWindow& window)
 {
     if (!m_connection.isValid())
         return nullptr;
-    return std::make_unique<X11PanelWindow>(m_connection, m_focus, m_occlusion, window);
+    return std::make_unique<X11PanelWindow>(m_connection, m_events, m_focus, m_occlusion, window);
 }
 
 std::unique_ptr<PointerFeed> X11WindowSystem::makePointerFeed(QWindow& window)
