@@ -909,6 +909,10 @@
         <source>Save as Preset...</source>
         <translation>Als Vorlage speichern...</translation>
     </message>
+    <message>
+        <source>Keyboard Shortcuts...</source>
+        <translation>Tastenkürzel...</translation>
+    </message>
 </context>
 <context>
     <name>SystemTexts</name>
@@ -1113,6 +1117,26 @@
         <source>its settings were changed at the same time, or are locked.</source>
         <extracomment>&quot;it&quot; is the desktop; behind a colon</extracomment>
         <translation>Seine Einstellungen wurden gleichzeitig geändert oder sind gesperrt.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::DesktopShortcuts</name>
+    <message>
+        <source>Keyboard shortcuts are set up</source>
+        <translation>Tastenkürzel sind eingerichtet</translation>
+    </message>
+    <message>
+        <source>Your desktop&apos;s settings list them under Tessel Broth. Change them there.</source>
+        <translation>In den Einstellungen des Desktops stehen sie unter Tessel Broth. Dort lassen sie sich ändern.</translation>
+    </message>
+    <message>
+        <source>Your desktop gave no keyboard shortcuts</source>
+        <translation>Der Desktop hat keine Tastenkürzel vergeben</translation>
+    </message>
+    <message>
+        <source>You can add one in its settings, for the command %1.</source>
+        <extracomment>%1 is a command</extracomment>
+        <translation>In seinen Einstellungen lässt sich eines für den Befehl %1 anlegen.</translation>
     </message>
 </context>
 <context>

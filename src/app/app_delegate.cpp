@@ -49,6 +49,7 @@ void reportProblems(const std::vector<SettingProblem>& problems)
 AppDelegate::AppDelegate(const AppParts& parts)
     : m_parts(parts)
     , m_shuffleTimer(parts.store, parts.session)
+    , m_shortcuts(parts.store, parts.shortcuts)
     , m_panelMenu([this] { return menuRows(); })
     , m_popupMenu([this] { return menuRows(); })
 {
@@ -118,6 +119,9 @@ void AppDelegate::connectSystem()
     // After the wallpaper, which has heard of it before us and keeps where the animation is.
     connect(&m_parts.session, &Session::aboutToSleep, this,
             [this] { static_cast<void>(m_parts.store.saveNow()); });
+    connect(&m_shortcuts, &DesktopShortcuts::pressed, this, &AppDelegate::perform);
+    connect(&m_shortcuts, &DesktopShortcuts::told, this, &AppDelegate::tell);
+    connect(&m_shortcuts, &DesktopShortcuts::offeredChanged, &m_panelMenu, &MenuView::refreshLater);
     connect(&m_parts.dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     connect(&m_parts.quitSignals, &QuitSignals::received, this, &AppDelegate::quit);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
@@ -318,6 +322,7 @@ std::vector<MenuRow> AppDelegate::menuRows()
             setLaunchAtLogin(m_parts.login, m_parts.dialogs, on,
                              [this](bool) { m_panelMenu.refreshLater(); });
         },
+        m_shortcuts.areOffered() ? std::function([this] { m_shortcuts.setUp(); }) : nullptr,
         [this] { checkForUpdates(m_parts.dialogs); },
         [this](const QString& address) { openWebPage(address, m_parts.dialogs); },
     };

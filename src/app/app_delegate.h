@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/actions.h"
+#include "app/desktop_shortcuts.h"
 #include "app/dialogs.h"
 #include "app/menu_view.h"
 #include "app/shuffle_timer.h"
@@ -38,6 +39,7 @@ struct AppParts
     QuitSignals& quitSignals;
     TrayHost& trayHost;
     PanelShade& panelShade;
+    Shortcuts& shortcuts;
     EdgeController& edge;
     /// Shows the introduction of the first start.
     std::function<std::unique_ptr<OnboardingWindow>(Onboarding& onboarding)> makeOnboardingWindow;
@@ -87,6 +89,7 @@ private:
 
     AppParts m_parts;
     ShuffleTimer m_shuffleTimer;
+    DesktopShortcuts m_shortcuts;
     MenuView m_panelMenu;
     MenuView m_popupMenu; ///< the same where a panel does not show it
     QTimer m_rest;        ///< runs while something that was done may leave things behind

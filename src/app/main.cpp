@@ -149,6 +149,7 @@ int runApplication()
     const std::unique_ptr<QuitSignals> quitSignals = watchQuitSignals();
     const std::unique_ptr<TrayHost> trayHost = watchTrayHost();
     const std::unique_ptr<PanelShade> panelShade = watchPanelShade();
+    const std::unique_ptr<Shortcuts> shortcuts = watchShortcuts();
     AppDelegate delegate({.instance = *instance,
                           .store = store,
                           .wallpaper = wallpaper,
@@ -159,6 +160,7 @@ int runApplication()
                           .quitSignals = *quitSignals,
                           .trayHost = *trayHost,
                           .panelShade = *panelShade,
+                          .shortcuts = *shortcuts,
                           .edge = interface.edge(),
                           .makeOnboardingWindow = [&interface](Onboarding& onboarding) {
                               return interface.makeOnboardingWindow(onboarding);

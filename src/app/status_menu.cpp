@@ -28,6 +28,9 @@ constexpr int widestName = 320;
 /// The most of a name that is looked at, in UTF-16 units: far more than fits, but nothing that takes long.
 constexpr qsizetype longestName = 1000;
 
+/// The separator below the settings.
+const auto beforeAbout = QStringLiteral("before-about");
+
 MenuRow separator(const QString& id)
 {
     return {id, {}};
@@ -170,12 +173,16 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, std::
         //: the round handle at the edge of the screen
         submenu(QStringLiteral("handle"), StatusMenu::tr("Handle Position"), handleRows(store)),
         launchRow(login, commands),
-        separator(QStringLiteral("before-about")),
+        separator(beforeAbout),
         row(QStringLiteral("updates"), StatusMenu::tr("Check for Updates..."), commands.checkForUpdates),
         submenu(QStringLiteral("credit"), StatusMenu::tr("Made by the Tessel Broth developers"),
                 creditRows(commands)),
         actionRow(commands, Action::quit),
     };
+    if (commands.setUpShortcuts)
+        rows.insert(std::ranges::find(rows, beforeAbout, &MenuRow::id),
+                    row(QStringLiteral("shortcuts"), StatusMenu::tr("Keyboard Shortcuts..."),
+                        commands.setUpShortcuts));
     if (mode)
         rows.insert(rows.begin(), editorRow(*mode, commands));
     return rows;

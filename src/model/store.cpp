@@ -144,6 +144,12 @@ void Store::setOnboarded(bool onboarded)
     finish();
 }
 
+void Store::setShortcutsWanted(bool wanted)
+{
+    change(m_shortcutsWanted, wanted);
+    finish();
+}
+
 void Store::setLastServed(const QDateTime& served)
 {
     change(m_lastServed, served);

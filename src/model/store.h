@@ -115,6 +115,8 @@ public:
 
     /// Whether the first steps with the program have been taken.
     [[nodiscard]] bool onboarded() const { return m_onboarded.value; }
+    /// Whether the desktop is asked for key combinations at each start, as the user once wished.
+    [[nodiscard]] bool shortcutsWanted() const { return m_shortcutsWanted.value; }
     /// When the last fresh wallpaper came by itself; invalid before the first.
     [[nodiscard]] const QDateTime& lastServed() const { return m_lastServed.value; }
     /// Where the desktop's animation was when it was last asked for.
@@ -148,6 +150,7 @@ public:
     void setEdge(Edge edge);
     void setHandleHidden(bool hidden);
     void setOnboarded(bool onboarded);
+    void setShortcutsWanted(bool wanted);
     /// These are saved with whatever is saved next, or after `lookDelay`, and nobody is told of them.
     void setLastServed(const QDateTime& served);
     void setDesktopPhase(double phase);
@@ -289,6 +292,7 @@ private:
     Setting<bool> m_handleHidden{m_settings, "handleHidden", false, SaveWhen::atOnce,
                                  &Store::handleHiddenChanged};
     Setting<bool> m_onboarded{m_settings, "onboarded", false, SaveWhen::atOnce, &Store::onboardedChanged};
+    Setting<bool> m_shortcutsWanted{m_settings, "shortcutsWanted", false, SaveWhen::atOnce};
     Setting<QDateTime> m_lastServed{m_settings, "lastServed", {}, SaveWhen::withNext};
     Setting<double> m_desktopPhase{m_settings, "desktopPhase", 0.0, SaveWhen::withNext};
     Setting<QStringList> m_latestPictures{m_settings, "latestPictures", {}, SaveWhen::withNext};

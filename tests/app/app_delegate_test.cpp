@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 #include <QPointer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -75,6 +76,39 @@ public:
     [[nodiscard]] std::optional<bool> isDark() const override { return false; }
 };
 
+/// A row of one of our menus, shown or not; nullptr if there is none of that title.
+QAction* menuRow(const char* title)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        for (QAction* action : widget->actions())
+            if (qobject_cast<QMenu*>(widget) != nullptr && action->text() == QLatin1String(title))
+                return action;
+    return nullptr;
+}
+
+/// A desktop that gives key combinations away, or not.
+class FakeShortcuts : public Shortcuts
+{
+public:
+    [[nodiscard]] bool isOffered() const override { return areOffered; }
+    void ask(const std::vector<Shortcut>& wanted, std::function<void(Outcome)> done) override
+    {
+        asked = wanted;
+        answer = std::move(done);
+    }
+    void offer(bool offered)
+    {
+        areOffered = offered;
+        Q_EMIT offeredChanged();
+    }
+    /// Whether it is asked; forgets that it was.
+    bool wasAsked() { return !std::exchange(asked, {}).empty(); }
+
+    bool areOffered = false;
+    std::vector<Shortcut> asked;
+    std::function<void(Outcome)> answer;
+};
+
 class AppDelegateTest : public testing::Test
 {
 protected:
@@ -93,6 +127,7 @@ protected:
                      .quitSignals = m_quitSignals,
                      .trayHost = m_trayHost,
                      .panelShade = m_shade,
+                     .shortcuts = m_shortcuts,
                      .edge = m_edge,
                      .makeOnboardingWindow = [this](Onboarding& onboarding) {
                          m_onboarding = &onboarding;
@@ -124,6 +159,7 @@ protected:
     QuitSignals m_quitSignals;
     TrayHost m_trayHost;
     FakeShade m_shade;
+    FakeShortcuts m_shortcuts;
     FakeWindowSystem m_windows;
     int m_panels = 0; ///< that were asked for
     EdgeController m_edge{*m_store, m_windows, [this](EdgeState&) {
@@ -173,6 +209,42 @@ TEST_F(AppDelegateTest, DoesWhatIsAskedForByName)
     EXPECT_EQ(m_wallpaper.steps.back(), "apply") << "the answer comes first";
     QCoreApplication::processEvents();
     EXPECT_EQ(m_wallpaper.steps.back(), "stop");
+}
+
+TEST_F(AppDelegateTest, AsksTheDesktopForShortcutsOnceTheUserHas)
+{
+    m_store->setDesktopMotion(true);
+    start();
+    m_notifications.messages.clear();
+    EXPECT_EQ(menuRow("Keyboard Shortcuts..."), nullptr);
+    m_shortcuts.offer(true);
+    EXPECT_FALSE(m_shortcuts.wasAsked()) << "nobody wants any yet";
+    ASSERT_TRUE(waitUntil([&] { return menuRow("Keyboard Shortcuts...") != nullptr; }));
+    const auto answerWith = [&](Shortcuts::Outcome outcome) {
+        menuRow("Keyboard Shortcuts...")->trigger();
+        EXPECT_EQ(m_shortcuts.asked.size(), 4U) << "all actions, and not the end";
+        EXPECT_TRUE(m_shortcuts.wasAsked());
+        m_shortcuts.answer(outcome);
+    };
+    answerWith(Shortcuts::Outcome::declined);
+    answerWith(Shortcuts::Outcome::failed);
+    m_delegate.reset();
+    start();
+    EXPECT_FALSE(m_shortcuts.wasAsked());
+    answerWith(Shortcuts::Outcome::given);
+    EXPECT_THAT(m_notifications.messages,
+                ElementsAre(HasSubstr("tessel do new-wallpaper"), HasSubstr("ready"), HasSubstr("set up")));
+    m_delegate.reset();
+    start();
+    EXPECT_TRUE(m_shortcuts.wasAsked()) << "as the user wished the last time";
+    m_shortcuts.offer(false);
+    EXPECT_FALSE(m_shortcuts.wasAsked());
+    m_shortcuts.offer(true);
+    EXPECT_TRUE(m_shortcuts.wasAsked()) << "whoever gives them was replaced";
+
+    Q_EMIT m_shortcuts.pressed(QStringLiteral("toggle-motion"));
+    EXPECT_FALSE(m_store->desktopMotion());
+    Q_EMIT m_shortcuts.pressed(QStringLiteral("boil-over"));
 }
 
 TEST_F(AppDelegateTest, PutsLooksOfOtherProgramsOnTheDesktop)

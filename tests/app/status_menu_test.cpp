@@ -73,6 +73,7 @@ protected:
         [this] { m_asked.emplace_back("editor"); },
         [this] { m_asked.emplace_back("save"); },
         [this](bool on) { m_asked.emplace_back(on ? "login on" : "login off"); },
+        nullptr,
         [this] { m_asked.emplace_back("updates"); },
         [this](const QString& address) { m_asked.push_back(address.toStdString()); },
     };

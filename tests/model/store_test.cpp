@@ -227,6 +227,7 @@ TEST_F(StoreTest, LoadsWhatAnotherSaved)
         store->setEdge(Edge::right);
         store->setHandleHidden(true);
         store->setOnboarded(true);
+        store->setShortcutsWanted(true);
         store->setLastServed(served);
         store->setDesktopPhase(4711.0625e-3);
         store->setLatestPictures(pictures);
@@ -247,6 +248,7 @@ TEST_F(StoreTest, LoadsWhatAnotherSaved)
     EXPECT_EQ(store->edge(), Edge::right);
     EXPECT_TRUE(store->handleHidden());
     EXPECT_TRUE(store->onboarded());
+    EXPECT_TRUE(store->shortcutsWanted());
     EXPECT_EQ(store->lastServed(), served);
     EXPECT_EQ(store->desktopPhase(), 4711.0625e-3);
     EXPECT_EQ(store->latestPictures(), pictures);

@@ -4,6 +4,7 @@
 #include "platform/linux/linux_session.h"
 
 #include "platform/linux/bus_service.h"
+#include "platform/linux/portal.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -33,8 +34,7 @@ const auto propertiesChanged = QStringLiteral("PropertiesChanged");
 const auto powerPath = QStringLiteral("/org/freedesktop/UPower");
 const auto powerInterface = QStringLiteral("org.freedesktop.UPower");
 const auto onBattery = QStringLiteral("OnBattery");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto portalInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const auto portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
 
 /// One of the desktop's settings in which the user asks for something.
 struct DesktopSetting
@@ -208,18 +208,18 @@ void LinuxSession::watchBattery(const QDBusConnection& systemBus)
 
 void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
 {
-    auto* portal = new BusService(sessionBus, QStringLiteral("org.freedesktop.portal.Desktop"), this);
-    connect(portal, &BusService::appeared, this, [this, portal] {
-        portal->listen(portalPath, portalInterface, QStringLiteral("SettingChanged"));
+    auto* desktop = new BusService(sessionBus, portal::service, this);
+    connect(desktop, &BusService::appeared, this, [this, desktop] {
+        desktop->listen(portal::path, portalSettings, QStringLiteral("SettingChanged"));
         for (const DesktopSetting& setting : desktopSettings)
-            portal->call(portalPath, portalInterface, QStringLiteral("Read"),
-                         {QString(setting.space), QString(setting.key)},
-                         [this, &setting](const QDBusMessage& reply) {
-                             set(claimOf(setting.wish), setting.key,
-                                 setting.isAsked(unwrapped(reply.arguments().value(0))));
-                         });
+            desktop->call(portal::path, portalSettings, QStringLiteral("Read"),
+                          {QString(setting.space), QString(setting.key)},
+                          [this, &setting](const QDBusMessage& reply) {
+                              set(claimOf(setting.wish), setting.key,
+                                  setting.isAsked(unwrapped(reply.arguments().value(0))));
+                          });
     });
-    connect(portal, &BusService::received, this, [this](const QDBusMessage& message) {
+    connect(desktop, &BusService::received, this, [this](const QDBusMessage& message) {
         const QVariantList arguments = message.arguments();
         for (const DesktopSetting& setting : desktopSettings) {
             if (arguments.value(0).toString() == setting.space &&
@@ -227,7 +227,7 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
                 set(claimOf(setting.wish), setting.key, setting.isAsked(unwrapped(arguments.value(2))));
         }
     });
-    connect(portal, &BusService::vanished, this, [this] {
+    connect(desktop, &BusService::vanished, this, [this] {
         for (const DesktopSetting& setting : desktopSettings)
             set(claimOf(setting.wish), setting.key, false);
     });

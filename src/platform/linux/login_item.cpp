@@ -4,6 +4,7 @@
 #include "platform/linux/login_item.h"
 
 #include "base/identity.h"
+#include "platform/linux/portal.h"
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
 
@@ -162,20 +163,7 @@ bool startSettingsProgram()
     return false;
 }
 
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto portalToken = QStringLiteral("login");
-
-/// What the portal answers when it has done as it was asked, and when the user did not want that.
-constexpr uint agreed = 0;
-constexpr uint cancelled = 1;
-
-/// Where the portal answers, which has to be listened to before it is asked.
-QString answerPath(const QDBusConnection& bus)
-{
-    const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
-    return portalPath + QStringLiteral("/request/") + sender + QLatin1Char('/') + portalToken;
-}
 
 } // namespace
 
@@ -256,8 +244,8 @@ PortalLoginItem::PortalLoginItem(QDBusConnection bus, QString mark)
     : m_bus(std::move(bus))
     , m_mark(std::move(mark))
 {
-    m_bus.connect({}, answerPath(m_bus), QStringLiteral("org.freedesktop.portal.Request"),
-                  QStringLiteral("Response"), this, SLOT(hear(uint, QVariantMap)));
+    m_bus.connect({}, portal::answerPath(m_bus, portalToken), portal::request, portal::response, this,
+                  SLOT(hear(uint, QVariantMap)));
 }
 
 LoginItem::Status PortalLoginItem::status() const
@@ -295,12 +283,12 @@ void PortalLoginItem::ask(bool on, const Done& done)
     }
     m_done = done;
     m_isOnWanted = on;
-    auto call = QDBusMessage::createMethodCall(portalService, portalPath,
+    auto call = QDBusMessage::createMethodCall(portal::service, portal::path,
                                                QStringLiteral("org.freedesktop.portal.Background"),
                                                QStringLiteral("RequestBackground"));
     const QString window; // none that the question would belong to
     call << window
-         << QVariantMap{{QStringLiteral("handle_token"), portalToken},
+         << QVariantMap{{portal::handleToken, portalToken},
                         {QStringLiteral("reason"), tr("Tessel Broth puts your wallpaper back at login.")},
                         {QStringLiteral("autostart"), on},
                         {QStringLiteral("commandline"), QStringList(QStringLiteral("tessel-broth"))}};
@@ -314,14 +302,15 @@ void PortalLoginItem::ask(bool on, const Done& done)
 
 void PortalLoginItem::hear(uint response, const QVariantMap& results)
 {
-    const bool isOn = response == agreed && results.value(QStringLiteral("autostart")).toBool();
-    m_isForbidden = m_isOnWanted && !isOn && response <= cancelled;
+    const bool isOn = response == portal::agreed && results.value(QStringLiteral("autostart")).toBool();
+    m_isForbidden = m_isOnWanted && !isOn && response <= portal::cancelled;
     // Without the mark it is asked once more, which does no harm.
     if (isOn && QDir().mkpath(QFileInfo(m_mark).path()))
         static_cast<void>(QFile(m_mark).open(QIODevice::WriteOnly));
-    else if (response <= cancelled)
+    else if (response <= portal::cancelled)
         QFile::remove(m_mark);
-    end(response <= cancelled ? std::nullopt : std::optional(tr("The desktop's portal could not do it.")));
+    end(response <= portal::cancelled ? std::nullopt
+                                      : std::optional(tr("The desktop's portal could not do it.")));
 }
 
 void PortalLoginItem::end(const std::optional<QString>& failure)

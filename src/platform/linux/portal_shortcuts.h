@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/shortcuts.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QVariantMap>
+
+namespace tessel {
+
+class BusService;
+
+/// Key combinations by the desktop's portal.
+class PortalShortcuts final : public Shortcuts
+{
+    Q_OBJECT
+
+public:
+    explicit PortalShortcuts(const QDBusConnection& sessionBus);
+
+    [[nodiscard]] bool isOffered() const override { return m_isOffered; }
+    void ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done) override;
+
+private:
+    void setOffered(bool offered);
+    void receive(const QDBusMessage& message);
+    void receiveAnswer(const QString& path, uint code, const QVariantMap& results);
+    void bind(const QString& session);
+    void closeSession();
+    void end(Outcome outcome);
+
+    QDBusConnection m_bus;
+    BusService* m_portal = nullptr;
+    bool m_isOffered = false;
+    std::vector<Shortcut> m_wanted;
+    std::function<void(Outcome)> m_done; ///< while the portal is asked
+    QString m_session;                   ///< that they were given in; empty while there is none
+};
+
+} // namespace tessel
