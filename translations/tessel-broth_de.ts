@@ -913,6 +913,15 @@
         <source>Keyboard Shortcuts...</source>
         <translation>Tastenkürzel...</translation>
     </message>
+    <message>
+        <source>Wallpapers stay still here</source>
+        <extracomment>&quot;here&quot;: on this desktop</extracomment>
+        <translation>Hintergrundbilder stehen hier still</translation>
+    </message>
+    <message>
+        <source>Wallpapers stay still here, and there is no handle</source>
+        <translation>Hintergrundbilder stehen hier still, und es gibt keinen Griff</translation>
+    </message>
 </context>
 <context>
     <name>SystemTexts</name>
@@ -1280,6 +1289,10 @@
     <message>
         <source>Use the JSON of a look, a PNG from Tessel Broth, or another picture as the photo.</source>
         <translation>Geeignet sind das JSON eines Looks, ein PNG von Tessel Broth oder ein anderes Bild als Foto.</translation>
+    </message>
+    <message>
+        <source>On this desktop, too, it becomes a picture that stays still.</source>
+        <translation>Auch so wird es auf diesem Desktop ein Bild, das stillsteht.</translation>
     </message>
 </context>
 <context>

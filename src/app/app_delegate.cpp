@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/requests.h"
 #include "app/status_menu.h"
+#include "base/identity.h"
 #include "platform/process.h"
 
 #include <QApplication>
@@ -322,6 +323,9 @@ std::vector<MenuRow> AppDelegate::menuRows()
             setLaunchAtLogin(m_parts.login, m_parts.dialogs, on,
                              [this](bool) { m_panelMenu.refreshLater(); });
         },
+        m_parts.playsWallpapers ? nullptr : std::function([this] {
+            openWebPage(identity::waylandPage, m_parts.dialogs);
+        }),
         m_shortcuts.areOffered() ? std::function([this] { m_shortcuts.setUp(); }) : nullptr,
         [this] { checkForUpdates(m_parts.dialogs); },
         [this](const QString& address) { openWebPage(address, m_parts.dialogs); },

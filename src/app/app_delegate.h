@@ -41,6 +41,7 @@ struct AppParts
     PanelShade& panelShade;
     Shortcuts& shortcuts;
     EdgeController& edge;
+    bool playsWallpapers; ///< or the desktop only shows stills
     /// Shows the introduction of the first start.
     std::function<std::unique_ptr<OnboardingWindow>(Onboarding& onboarding)> makeOnboardingWindow;
 };

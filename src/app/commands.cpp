@@ -149,7 +149,8 @@ void openWebPage(const QString& address, Dialogs& dialogs)
     });
 }
 
-EditorServices editorServices(Dialogs& dialogs, const std::function<void(bool isOpen)>& opened)
+EditorServices editorServices(Dialogs& dialogs, bool playsWallpapers,
+                              const std::function<void(bool isOpen)>& opened)
 {
     // If one of that id is open already, that one is what the user sees.
     const auto present = [&dialogs, opened](const QString& id, std::unique_ptr<QFileDialog> dialog,
@@ -170,6 +171,7 @@ EditorServices editorServices(Dialogs& dialogs, const std::function<void(bool is
                 [present](const QString& name, const auto& chosen) {
                     present(QStringLiteral("save-png"), makeSaveDialog(name), chosen);
                 },
+            .playsWallpapers = playsWallpapers,
             .photoFolder = defaultPhotoFolder()};
 }
 

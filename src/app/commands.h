@@ -27,8 +27,10 @@ void checkForUpdates(Dialogs& dialogs);
 /// Opens an address in the user's browser, or shows it where there is none.
 void openWebPage(const QString& address, Dialogs& dialogs);
 
-/// The file dialogs that the editor needs.
+/// What the editor needs of its surroundings: the file dialogs above all.
+/// \param playsWallpapers or the desktop only shows stills
 /// \param opened called as one opens, and as it closes before anything else is
-[[nodiscard]] EditorServices editorServices(Dialogs& dialogs, const std::function<void(bool isOpen)>& opened);
+[[nodiscard]] EditorServices editorServices(Dialogs& dialogs, bool playsWallpapers,
+                                            const std::function<void(bool isOpen)>& opened);
 
 } // namespace tessel

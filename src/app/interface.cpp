@@ -24,7 +24,8 @@ Interface::Interface(const InterfaceParts& parts)
                 .screens = parts.windows.screens(),
                 .clocks = parts.scene.clocks,
                 .graphics = parts.scene.graphics,
-                .services = editorServices(parts.dialogs, [this](bool isOpen) { m_edge.setHeld(isOpen); })})
+                .services = editorServices(parts.dialogs, parts.windows.hasWallpaperWindows(),
+                                           [this](bool isOpen) { m_edge.setHeld(isOpen); })})
     , m_thumb(Source::thumb, parts.scene, parts.windows.screens())
     , m_preview(Source::editor, parts.scene, parts.windows.screens())
     , m_presetsMenu([this] {

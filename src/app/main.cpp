@@ -162,6 +162,7 @@ int runApplication()
                           .panelShade = *panelShade,
                           .shortcuts = *shortcuts,
                           .edge = interface.edge(),
+                          .playsWallpapers = windows->hasWallpaperWindows(),
                           .makeOnboardingWindow = [&interface](Onboarding& onboarding) {
                               return interface.makeOnboardingWindow(onboarding);
                           }});

@@ -146,6 +146,16 @@ MenuRow editorRow(Mode mode, const StatusCommands& commands)
     return made;
 }
 
+/// What cannot be shown here; the guide says why.
+MenuRow limitsRow(bool hasHandle, const StatusCommands& commands)
+{
+    return row(QStringLiteral("limits"),
+               //: "here": on this desktop
+               hasHandle ? StatusMenu::tr("Wallpapers stay still here")
+                         : StatusMenu::tr("Wallpapers stay still here, and there is no handle"),
+               commands.explainStills);
+}
+
 MenuRow previousRow(const Store& store, const StatusCommands& commands)
 {
     MenuRow made = actionRow(commands, Action::previousWallpaper);
@@ -185,6 +195,9 @@ std::vector<MenuRow> statusMenuRows(Store& store, LoginItem::Status login, std::
                         commands.setUpShortcuts));
     if (mode)
         rows.insert(rows.begin(), editorRow(*mode, commands));
+    if (commands.explainStills)
+        rows.insert(rows.begin(),
+                    {limitsRow(mode.has_value(), commands), separator(QStringLiteral("below-limits"))});
     return rows;
 }
 

@@ -22,6 +22,7 @@ struct StatusCommands
     std::function<void()> toggleEditor;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> setLaunchAtLogin;
+    std::function<void()> explainStills;  ///< nullptr where wallpapers can play
     std::function<void()> setUpShortcuts; ///< nullptr where the desktop has none to give
     std::function<void()> checkForUpdates;
     std::function<void(const QString& address)> openWebPage;

@@ -19,6 +19,7 @@ inline const auto objectPath = QStringLiteral("/org/tesselbroth/TesselBroth");
 inline const auto folder = QStringLiteral("Tessel Broth");
 
 inline const auto webPage = QStringLiteral("https://tesselbroth.org");
+inline const auto waylandPage = QStringLiteral("https://tesselbroth.org/guide#wayland");
 inline const auto sourcePage = QStringLiteral("https://tesselbroth.org/source");
 
 } // namespace tessel::identity

@@ -19,7 +19,8 @@ struct EditorServices
     /// \param name proposed
     std::function<void(const QString& name, std::function<void(const QString& file)> chosen)> choosePngFile{};
 
-    QString photoFolder{}; ///< where copies of photos are kept
+    bool playsWallpapers = true; ///< or the desktop only shows stills
+    QString photoFolder{};       ///< where copies of photos are kept
 };
 
 } // namespace tessel

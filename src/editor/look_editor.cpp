@@ -109,8 +109,10 @@ bool LookEditor::motion() const
 
 QString LookEditor::motionText() const
 {
-    return motion() ? tr("Plays behind your desktop icons. Speed sets the pace.")
-                    : tr("Sets the frame in the preview as your desktop picture.");
+    if (!motion())
+        return tr("Sets the frame in the preview as your desktop picture.");
+    return m_services.playsWallpapers ? tr("Plays behind your desktop icons. Speed sets the pace.")
+                                      : tr("On this desktop, too, it becomes a picture that stays still.");
 }
 
 void LookEditor::setMotion(bool motion)

@@ -30,6 +30,9 @@ public:
 
     [[nodiscard]] virtual Screens& screens() = 0;
 
+    /// Whether there are windows in which a wallpaper plays.
+    [[nodiscard]] virtual bool hasWallpaperWindows() const = 0;
+
     /// nullptr where there are no such windows.
     [[nodiscard]] virtual std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                                Rasterizer rasterizer) = 0;

@@ -129,6 +129,7 @@ protected:
                      .panelShade = m_shade,
                      .shortcuts = m_shortcuts,
                      .edge = m_edge,
+                     .playsWallpapers = true,
                      .makeOnboardingWindow = [this](Onboarding& onboarding) {
                          m_onboarding = &onboarding;
                          auto window = std::make_unique<OnboardingWindow>(onboarding, m_pictures, nullptr);

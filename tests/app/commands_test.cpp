@@ -181,7 +181,7 @@ protected:
 
     std::vector<bool> m_openings;
     EditorServices m_services =
-        editorServices(m_dialogs, [this](bool isOpen) { m_openings.push_back(isOpen); });
+        editorServices(m_dialogs, true, [this](bool isOpen) { m_openings.push_back(isOpen); });
     QStringList m_chosen;
     std::function<void(const QString&)> m_note = [this](const QString& file) { m_chosen << file; };
 };

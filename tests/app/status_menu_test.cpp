@@ -74,6 +74,7 @@ protected:
         [this] { m_asked.emplace_back("save"); },
         [this](bool on) { m_asked.emplace_back(on ? "login on" : "login off"); },
         nullptr,
+        nullptr,
         [this] { m_asked.emplace_back("updates"); },
         [this](const QString& address) { m_asked.push_back(address.toStdString()); },
     };
@@ -87,6 +88,19 @@ TEST_F(StatusMenu, OpensAndClosesTheEditorWhereThereCanBeOne)
     EXPECT_THAT(m_asked, ElementsAre("editor"));
     m_mode.reset();
     EXPECT_EQ(rows().front().title, QStringLiteral("New Wallpaper"));
+}
+
+TEST_F(StatusMenu, SaysFirstWhatCannotBeShown)
+{
+    m_commands.explainStills = [this] { m_asked.emplace_back("why"); };
+    EXPECT_THAT(titles(rows()).front(), "Wallpapers stay still here");
+    m_mode.reset();
+    const std::vector<MenuRow> made = rows();
+    EXPECT_EQ(titles(made)[0], "Wallpapers stay still here, and there is no handle");
+    EXPECT_EQ(titles(made)[1], "-");
+    EXPECT_EQ(titles(made)[2], "New Wallpaper");
+    made.front().run();
+    EXPECT_THAT(m_asked, ElementsAre("why"));
 }
 
 TEST_F(StatusMenu, ChoosesStillOrAnimatedAlsoForTheFirstWallpaper)

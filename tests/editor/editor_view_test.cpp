@@ -125,7 +125,8 @@ protected:
     LookPreparer m_preparer;
     const SceneServices m_services{*m_store, m_session, graphics, m_clocks, m_preparer};
     LivePicture m_preview{Source::editor, m_services, m_screens};
-    EditorModel m_model{{*m_store, m_screens, m_clocks, graphics, EditorServices{{}, {}, m_store.folder()}}};
+    EditorModel m_model{
+        {*m_store, m_screens, m_clocks, graphics, EditorServices{.photoFolder = m_store.folder()}}};
     LookPictures m_pictures;
     QQuickView m_view;
 };

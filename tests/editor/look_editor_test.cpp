@@ -101,6 +101,9 @@ TEST_F(LookEditorTest, SaysWhetherTheDesktopShowsTheLook)
     EXPECT_EQ(m_editor->status(), QStringLiteral("On desktop"));
     EXPECT_EQ(m_editor->applyTitle(), QStringLiteral("Applied. Apply again"));
     EXPECT_TRUE(m_store->appliedMotion());
+    m_services.playsWallpapers = false;
+    EXPECT_EQ(m_editor->motionText(),
+              QStringLiteral("On this desktop, too, it becomes a picture that stays still."));
     m_editor->setMotion(false);
     EXPECT_EQ(m_editor->status(), QStringLiteral("Draft"));
     EXPECT_EQ(m_editor->motionText(),

@@ -190,6 +190,7 @@ public:
         return std::make_unique<HeadlessContext>();
     }
     [[nodiscard]] FakeScreens& screens() override { return m_screens; }
+    [[nodiscard]] bool hasWallpaperWindows() const override { return true; }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                        Rasterizer /*rasterizer*/) override
     {

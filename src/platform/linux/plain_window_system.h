@@ -15,6 +15,7 @@ class PlainWindowSystem final : public WindowSystem
 public:
     [[nodiscard]] std::unique_ptr<GlContext> makeContext() override;
     [[nodiscard]] Screens& screens() override { return m_screens; }
+    [[nodiscard]] bool hasWallpaperWindows() const override { return false; }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& /*screen*/,
                                                                        Rasterizer /*rasterizer*/) override
     {

@@ -22,6 +22,7 @@ class X11WindowSystem final : public WindowSystem
 public:
     [[nodiscard]] std::unique_ptr<GlContext> makeContext() override;
     [[nodiscard]] Screens& screens() override { return m_screens; }
+    [[nodiscard]] bool hasWallpaperWindows() const override { return true; }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                        Rasterizer rasterizer) override;
     void leaveIconsFree(const std::vector<DesktopPicture>& pictures) override;
