@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// QSettings only reads here. When the disk is full it replaces the file by one that is cut short, without an
-// error (seen with Qt 6.4.2), and it never keeps the lines that it cannot read.
+// The file is one that QSettings could read and write. When the disk is full it replaces the file by one that
+// is cut short, without an error (seen with Qt 6.4.2); it never keeps the lines that it cannot read; and it
+// makes whatever object a value asks for, down to the end of the stack.
 
 #include "model/settings_file.h"
 
 #include "base/file_writer.h"
 #include "base/identity.h"
+#include "base/ini_value.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -15,7 +17,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QThread>
 
@@ -103,10 +104,23 @@ bool isPlain(QByteArrayView header)
     return isLineBreak(header.back()) && !header.contains('"') && !header.contains('\\');
 }
 
+bool isComment(QByteArrayView entry)
+{
+    return entry.trimmed().startsWith(';');
+}
+
+/// Whether an entry is neither a setting nor anything else that can stand in such a file.
+bool isPassedOver(QByteArrayView entry)
+{
+    if (isHeader(entry))
+        return !entry.contains(']');
+    return !entry.trimmed().isEmpty() && !isComment(entry) && !entry.contains('=');
+}
+
 /// The key of `key=value`; empty for what is no setting.
 std::string keyOf(QByteArrayView entry)
 {
-    const qsizetype equals = entry.indexOf('=');
+    const qsizetype equals = isComment(entry) ? -1 : entry.indexOf('=');
     return equals < 0 ? std::string() : entry.first(equals).trimmed().toByteArray().toStdString();
 }
 
@@ -392,22 +406,20 @@ private:
     int m_file = -1;
 };
 
-/// What an ordinary file holds as QSettings reads it.
-StoredSettings readValues(const QString& path)
+/// The settings in the text of a file.
+StoredSettings settingsIn(QByteArray text, const QString& path)
 {
-    const QSettings file(path, QSettings::IniFormat);
     StoredSettings stored;
-    for (const QString& key : file.childKeys())
-        stored.values.emplace(key.toStdString(), file.value(key));
-    // Only now: the keys are read when they are asked for.
-    if (file.status() == QSettings::AccessError) {
-        stored.problem =
-            QStringLiteral("\"%1\" cannot be read; a file that you may read and write is expected").arg(path);
-    } else if (file.status() == QSettings::FormatError) {
+    const std::vector<Entry> entries = entriesOf(withoutMark(text));
+    for (const Entry& entry : entries)
+        if (!entry.key.empty())
+            stored.values.insert_or_assign(entry.key,
+                                           iniValue(entry.text.sliced(entry.text.indexOf('=') + 1)));
+    if (std::ranges::any_of(entries, isPassedOver, &Entry::text))
         stored.problem =
             QStringLiteral("\"%1\" has lines that were passed over; they should read key=value or [group]")
                 .arg(path);
-    }
+    stored.text = std::move(text);
     return stored;
 }
 
@@ -454,8 +466,7 @@ StoredSettings readSettings(const QString& path)
     const bool isDamaged = now.problem || (QFileInfo::exists(path) && !holdsSettings(now.text));
     Contents previous = isDamaged ? contentsOf(previousOf(path)) : Contents();
     if (holdsSettings(previous.text)) {
-        StoredSettings stored = readValues(previousOf(path));
-        stored.text = std::move(previous.text);
+        StoredSettings stored = settingsIn(std::move(previous.text), previousOf(path));
         stored.problem =
             QStringLiteral("%1; the settings of before its last change are used")
                 .arg(now.problem.value_or(QStringLiteral("\"%1\" holds no settings any more").arg(path)));
@@ -463,9 +474,7 @@ StoredSettings readSettings(const QString& path)
     }
     if (now.problem)
         return {{}, {}, *now.problem + QStringLiteral("; a file that you may read and write is expected")};
-    StoredSettings stored = readValues(path);
-    stored.text = std::move(now.text);
-    return stored;
+    return settingsIn(std::move(now.text), path);
 }
 
 QByteArray withSettings(QByteArrayView text, const SettingValues& changes)

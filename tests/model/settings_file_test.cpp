@@ -119,6 +119,12 @@ TEST_F(SettingsFile, AgreesWithQSettingsOnWhatIsWhere)
         auto actual = allValues(after);
         ASSERT_EQ(actual[key].toString(), QStringLiteral("71")) << text.toStdString();
         ASSERT_EQ(actual[bytesKey], bytes) << text.toStdString();
+        for (const auto& [name, value] : readSettings(before).values) {
+            const auto found = expected.find(QString::fromStdString(name));
+            if (found == expected.end())
+                continue;
+            ASSERT_EQ(value.toStringList(), found->second.toStringList()) << text.toStdString();
+        }
         expected[key] = actual[key];
         expected[bytesKey] = actual[bytesKey];
         ASSERT_EQ(actual, expected) << text.toStdString();
@@ -141,6 +147,32 @@ TEST_F(SettingsFile, ReadsWhatItCanOfADamagedFile)
     ASSERT_TRUE(QDir().mkpath(path("folder")));
     EXPECT_TRUE(readSettings(path("folder")).problem);
     EXPECT_TRUE(writeSettings(path("folder"), {{"k", 1}}));
+}
+
+TEST_F(SettingsFile, MakesNothingButTextOfWhatItHolds)
+{
+    put(path(), R"ini(a=@Variant(\0\0\0\n\0\0\0\x2\0\x61)
+b=@Rect(1 2 3 4)
+c="@ByteArray(x, \x66g\061\\)"
+d=" q" ,"; no comment" , @@x ; comment
+e=@@x
+f= \xe4 \t  ; comment
+)ini");
+    const StoredSettings stored = readSettings(path());
+    EXPECT_EQ(stored.problem, std::nullopt);
+    const auto value = [&](const char* key) { return stored.values.at(key); };
+    EXPECT_EQ(value("a").typeId(), QMetaType::QString);
+    EXPECT_EQ(value("b"), QStringLiteral("@Rect(1 2 3 4)"));
+    EXPECT_EQ(value("c"), QByteArray("x, fg1\\"));
+    EXPECT_EQ(value("d"),
+              (QStringList{QStringLiteral(" q"), QStringLiteral("; no comment"), QStringLiteral("@@x")}));
+    EXPECT_EQ(value("e"), QStringLiteral("@x"));
+    EXPECT_EQ(value("f"), QStringLiteral("\u00E4 \t"));
+
+    // QSettings goes down into each of these lists, to the end of the stack.
+    const QByteArray lists = QByteArray(R"(\0\0\0\t\0\0\0\x1)").repeated(200'000);
+    put(path(), "edge=1\ndeep=@Variant(" + lists + ")\n");
+    EXPECT_EQ(readSettings(path()).values.at("edge").toInt(), 1);
 }
 
 TEST_F(SettingsFile, StaysAsItWasWhenTheDiskIsFull)
