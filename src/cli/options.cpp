@@ -20,13 +20,6 @@ bool readSide(const char*& from, const char* end, int& value)
     return error == std::errc() && value > 0;
 }
 
-std::string checkFinite(const std::string& text)
-{
-    double value = 0;
-    const bool number = CLI::detail::lexical_cast(text, value);
-    return number && std::isfinite(value) ? std::string() : text + " is not a finite number";
-}
-
 std::string checkReference(const std::string& text)
 {
     float value = 0;
@@ -51,6 +44,13 @@ bool lexical_cast(const std::string& text, PixelSize& size)
         throw CLI::ValidationError(
             "size", text + " is not WIDTHxHEIGHT in pixels, both above zero, such as 1920x1080");
     return true;
+}
+
+std::string checkFinite(const std::string& text)
+{
+    double value = 0;
+    const bool number = CLI::detail::lexical_cast(text, value);
+    return number && std::isfinite(value) ? std::string() : text + " is not a finite number";
 }
 
 void addLookArgument(CLI::App& command, std::string& look)
@@ -101,6 +101,7 @@ void addFrameOptions(CLI::App& command, FrameOptions& options)
     CLI::Option* previous =
         command.add_option("--previous", options.previous, "The look to fade from")->type_name("LOOK");
     command.add_option("--mix", options.mix, "How far the fade has come, 0 to 1 [1]")
+        ->check(checkFinite)
         ->check(CLI::Range(0.0, 1.0))
         ->needs(previous)
         ->type_name("M");

@@ -26,6 +26,10 @@ struct PixelSize
 /// \throws CLI::ValidationError for anything but two whole numbers above zero
 bool lexical_cast(const std::string& text, PixelSize& size);
 
+/// What is wrong with a text that is to be a number; nothing if it is one and not infinite. A range alone
+/// lets "nan" pass.
+[[nodiscard]] std::string checkFinite(const std::string& text);
+
 /// What a frame is drawn of, as typed.
 struct FrameOptions
 {

@@ -103,10 +103,12 @@ void addAnimationOptions(CLI::App& command, RenderOptions& options)
     CLI::Option* animate = command
                                .add_option("--animate", animation.seconds,
                                            "Draw that many seconds as numbered PNG files, for a video tool")
+                               ->check(checkFinite)
                                ->check(CLI::Range(0.01, longestSeconds))
                                ->excludes(command.get_option("--timing"))
                                ->type_name("SECONDS");
     command.add_option("--fps", animation.framesPerSecond, "Frames a second [30]")
+        ->check(checkFinite)
         ->check(CLI::Range(0.1, fastest))
         ->needs(animate)
         ->type_name("N");
@@ -114,6 +116,7 @@ void addAnimationOptions(CLI::App& command, RenderOptions& options)
         .add_option("--loop-fade", animation.fade,
                     "Fade the last seconds into the beginning, so that the end meets it: no pattern comes "
                     "round by itself in less than hours [0]")
+        ->check(checkFinite)
         ->check(CLI::Range(0.0, longestSeconds))
         ->needs(animate)
         ->type_name("SECONDS");

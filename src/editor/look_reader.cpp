@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <optional>
@@ -66,8 +67,8 @@ Found readLookJson(const QByteArray& json)
 Found readLookFile(const QString& file, const QString& photoFolder)
 {
     QFile opened(file);
-    // What cannot be opened is told by what copies it.
-    if (opened.open(QIODevice::ReadOnly)) {
+    // What cannot be opened is told by what copies it; what is no ordinary file might keep us waiting.
+    if (QFileInfo(file).isFile() && opened.open(QIODevice::ReadOnly)) {
         if (opened.peek(8) == pngSignature) {
             if (std::optional<Found> found = lookInPng(file))
                 return *std::move(found);

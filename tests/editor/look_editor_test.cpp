@@ -18,6 +18,8 @@
 #include <QUuid>
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 namespace tessel {
 namespace {
 
@@ -241,6 +243,15 @@ TEST_F(LookEditorTest, TakesLooksAndPhotosThatAreDropped)
     EXPECT_TRUE(m_editor->acceptsDrop({QUrl::fromLocalFile(m_photo)}, {}));
     EXPECT_FALSE(
         m_editor->acceptsDrop({QUrl(QStringLiteral("https://example.org/"))}, QStringLiteral("tea")));
+}
+
+TEST_F(LookEditorTest, DoesNotWaitForAPipeThatIsDropped)
+{
+    const QString pipe = path("pipe");
+    ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    drop(pipe);
+    ASSERT_THAT(m_told, SizeIs(1));
+    EXPECT_THAT(m_told[0].second, HasSubstr("not an ordinary file"));
 }
 
 TEST_F(LookEditorTest, SaysWhatIsWrongWithALook)

@@ -32,6 +32,7 @@
 
 #include <array>
 #include <atomic>
+#include <limits>
 
 namespace tessel {
 namespace {
@@ -295,6 +296,14 @@ TEST_F(OnBusTest, AHungDesktopIsWaitedForOnce)
 
     DesktopCalls programs(ours, 200ms);
     EXPECT_EQ(programs.run(QStringLiteral("echo"), {QStringLiteral("yes")}), QStringLiteral("yes"));
+    try {
+        programs.run(QStringLiteral("sh"),
+                     {QStringLiteral("-c"), QStringLiteral("printf %9999d 1 | tr ' ' x >&2; false")});
+        ADD_FAILURE() << "it has failed";
+    } catch (const DesktopError& error) {
+        EXPECT_THAT(error.reason, Has("xxx"));
+        EXPECT_LT(error.reason.size(), 500);
+    }
     EXPECT_THROW(programs.run(QStringLiteral("sleep"), {QStringLiteral("60")}), DesktopError);
 }
 
@@ -393,6 +402,13 @@ TEST_F(XfceTest, SetsThePicturesOfAUserWhoNeverDid)
     settings.clear();
     EXPECT_THAT(xfce.apply(two, Which::all), IsEmpty());
     EXPECT_EQ(settings.value(key("HDMI-1", 1, "last-image")), two[0].file);
+}
+
+TEST_F(XfceTest, ManyWorkspacesThatSomebodySaysThereAreAreNotTried)
+{
+    XfcePictures many(ours, std::numeric_limits<int>::max());
+    EXPECT_THAT(many.apply(std::vector{two[0]}, Which::all), IsEmpty());
+    EXPECT_LT(settings.size(), 1000);
 }
 
 TEST_F(XfceTest, RestoresOnlyWhatDiffers)

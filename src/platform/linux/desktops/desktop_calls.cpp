@@ -16,10 +16,13 @@ namespace tessel {
 
 namespace {
 
+/// The most of an answer that is said again.
+constexpr qsizetype longestAnswer = 200;
+
 QString answered(const QString& text)
 {
     //: "it" is the desktop; behind a colon
-    return DesktopPictures::tr("it answered “%1”.").arg(text.trimmed());
+    return DesktopPictures::tr("it answered “%1”.").arg(text.trimmed().left(longestAnswer));
 }
 
 QString inWords(const QDBusError& error)

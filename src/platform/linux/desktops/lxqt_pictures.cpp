@@ -3,9 +3,11 @@
 
 #include "platform/linux/desktops/lxqt_pictures.h"
 
+#include "base/ini_value.h"
 #include "platform/linux/desktops/spanned_picture.h"
 
-#include <QSettings>
+#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace tessel {
@@ -14,11 +16,25 @@ namespace {
 
 const QString service = QStringLiteral("org.pcmanfm.PCManFM");
 
+constexpr qint64 mostSettings = qint64{1} << 20; // bytes
+
+/// Of the group "Desktop"; invalid if there is none.
 /// \param file below the folders of settings: the user's own goes before the system's
-QVariant setting(const QString& file, const char* key)
+QVariant setting(const QString& file, const QByteArray& key)
 {
-    const QString path = QStandardPaths::locate(QStandardPaths::GenericConfigLocation, file);
-    return QSettings(path, QSettings::IniFormat).value(QLatin1String("Desktop/") + QLatin1String(key));
+    QFile settings(QStandardPaths::locate(QStandardPaths::GenericConfigLocation, file));
+    if (!QFileInfo(settings.fileName()).isFile() || !settings.open(QIODevice::ReadOnly))
+        return {};
+    QVariant found;
+    bool isOfDesktop = false;
+    for (const QByteArray& line : settings.read(mostSettings).split('\n')) {
+        const QByteArray entry = line.trimmed();
+        if (entry.startsWith('['))
+            isOfDesktop = entry == "[Desktop]";
+        else if (isOfDesktop && entry.startsWith(key + '='))
+            found = iniValue(QByteArrayView(entry).sliced(key.size() + 1));
+    }
+    return found;
 }
 
 /// With one picture for each monitor it repeats the same one on all of them.

@@ -8,6 +8,7 @@
 
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -20,6 +21,7 @@ namespace {
 /// What the desktop has been told is saved a little later.
 constexpr std::chrono::milliseconds savingPace{100};
 constexpr int mostLooks = 30;
+constexpr qint64 mostSettings = qint64{1} << 20; // bytes
 
 /// Of the first monitor's pictures, below the folder of settings: they depend on the process that draws it.
 QString settingsFile(X11Connection& connection, const QRect& monitor)
@@ -34,9 +36,9 @@ QString settingsFile(X11Connection& connection, const QRect& monitor)
 QString setting(const QString& name, const QByteArray& key)
 {
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    for (const QByteArray& line : file.readAll().split('\n'))
+    for (const QByteArray& line : file.read(mostSettings).split('\n'))
         if (line.startsWith(key + '='))
             return QString::fromUtf8(line.mid(key.size() + 1).replace("\\\\", "\\"));
     return {};

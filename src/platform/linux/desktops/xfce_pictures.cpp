@@ -19,6 +19,9 @@ enum ImageStyle : int
     zoomed = 5
 };
 
+/// What the X server says need not be so.
+constexpr int mostWorkspaces = 100;
+
 DesktopCalls::Method settingsMethod(const char* name)
 {
     return {QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
@@ -37,7 +40,7 @@ QString monitorFolder(const DesktopPicture& picture)
 std::set<QString> workspaceFolders(const QString& monitor, const QVariantMap& settings, int workspaces)
 {
     std::set<QString> folders;
-    for (int i = 0; i < std::max(workspaces, 1); ++i)
+    for (int i = 0; i < std::clamp(workspaces, 1, mostWorkspaces); ++i)
         folders.insert(QStringLiteral("%1workspace%2/").arg(monitor).arg(i));
     for (const QString& key : settings.keys()) {
         const QString folder = key.section(QLatin1Char('/'), 0, -2) + QLatin1Char('/');
