@@ -42,8 +42,8 @@ class InstalledTest(unittest.TestCase):
         with self.subTest(program):
             if shutil.which(program) is None:
                 self.skipTest(f"{program} is not installed")
-            self.assertEqual(output(program, *arguments).replace("Validation was successful: pedantic: 1", "")
-                             .strip(" \n✔"), "")
+            self.assertRegex(output(program, *arguments).strip(" \n✔"),
+                             r"^(Validation was successful: pedantic: \d+)?$")
 
     def read_page(self, name: str) -> str:
         return output("gzip", "-dc", str(self.share / f"man/man1/{name}.1.gz"))
@@ -69,9 +69,16 @@ class InstalledTest(unittest.TestCase):
         for section in entry.sections():
             self.assertTrue((self.root / "bin" / entry[section]["Exec"].split()[0]).exists())
 
+    def old_developer_tag(self) -> list[str]:
+        """Has later versions of the validator accept the developer's name where those before 1.0 look for it."""
+        version = shutil.which("appstreamcli") and output("appstreamcli", "--version")
+        if not version or re.search(r" 0\.", version):
+            return []
+        return ["--override=developer-name-tag-deprecated=pedantic,developer-info-missing=pedantic"]
+
     def test_metainfo(self) -> None:
         path = self.share / f"metainfo/{ID}.metainfo.xml"
-        self.check("appstreamcli", "validate", "--strict", "--no-net", "--no-color", str(path))
+        self.check("appstreamcli", "validate", "--strict", "--no-net", "--no-color", *self.old_developer_tag(), str(path))
         newest = ElementTree.parse(path).find("releases/release")
         self.assertEqual(newest.get("version"), VERSION)
 

@@ -15,6 +15,7 @@ from pathlib import Path
 ROOT = Path(__file__).parents[2]
 FILES = sorted((ROOT / "translations").glob("*.ts"))
 LUPDATE = os.environ.get("TESSEL_LUPDATE", "").split("|")
+LUPDATE_VERSION = "6.4"
 
 # What is put in, what is underlined, and how a text goes on.
 MARKS = re.compile(r"%L?\d|%n|&\w|<[^>]+>|\n|\.\.\.$|…$|\*\.\w+")
@@ -58,6 +59,9 @@ class TranslationsTest(unittest.TestCase):
     """Every file, in all ways in which it could be wrong without anybody who reads it."""
 
     def test_hold_the_texts_of_today(self) -> None:
+        version = subprocess.run([LUPDATE[0], "-version"], check=True, capture_output=True, text=True).stdout
+        if f" {LUPDATE_VERSION}." not in version:  # such as 6.8, which loses the namespace of some classes
+            self.skipTest(f"the files are made by lupdate {LUPDATE_VERSION}, this is {version.strip()}")
         with tempfile.TemporaryDirectory() as folder:
             for file in FILES:
                 copy = Path(shutil.copy(file, folder))
