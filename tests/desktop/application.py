@@ -85,6 +85,11 @@ class Application:
         """Resident memory in KiB."""
         return int(re.search(r"VmRSS:\s*(\d+)", Path(f"/proc/{self.process.pid}/status").read_text())[1])
 
+    def memory_share(self) -> int:
+        """Its proportional share of the memory in KiB."""
+        return int(re.search(r"^Pss: +(\d+)", Path(f"/proc/{self.process.pid}/smaps_rollup").read_text(),
+                             re.MULTILINE)[1])
+
     def settled_memory(self) -> int:
         """The same, once it stays for a second."""
         def unchanged() -> int | None:

@@ -34,6 +34,16 @@ BUS_CONFIGURATION = """<busconfig>
 
 PR_SET_CHILD_SUBREAPER = 36
 
+# Window managers that arrange all windows themselves, without a configuration of the user's.
+BSPWM = ("bspwm", "-c", "/bin/true")
+DWM = ("dwm",)
+HERBSTLUFTWM = ("herbstluftwm", "-c", "/bin/true")
+I3 = ("i3", "-c", "/dev/null")
+
+
+def is_installed(name: str) -> bool:
+    return shutil.which(name) is not None
+
 
 def wait_until(condition: Callable[[], Result], what: str, seconds: float = 20) -> Result:
     """Asks until the answer is true, and returns it; fails after some time, saying what was expected."""

@@ -2,10 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The handle at the screen's edge, and the strip that opens from it."""
 
-import shutil
 import unittest
 
-from desktop import Desktop, wait_until
+from desktop import BSPWM, HERBSTLUFTWM, I3, Desktop, is_installed, wait_until
 from edge import FOOT, SHELL, STEAM, STRIP_ROWS, EdgeTest
 
 
@@ -117,10 +116,6 @@ class ManagerTest:
         self.open_strip()
 
 
-def is_installed(name: str) -> bool:
-    return shutil.which(name) is not None
-
-
 class OpenboxTest(ManagerTest, EdgeTest):
     command = ("openbox",)
 
@@ -137,17 +132,17 @@ class CompositedXfwmTest(ManagerTest, EdgeTest):
 
 @unittest.skipUnless(is_installed("i3"), "i3 is not installed")
 class I3Test(ManagerTest, EdgeTest):
-    command = ("i3", "-c", "/dev/null")
+    command = I3
 
 
 @unittest.skipUnless(is_installed("bspwm"), "bspwm is not installed")
 class BspwmTest(ManagerTest, EdgeTest):
-    command = ("bspwm", "-c", "/bin/true")
+    command = BSPWM
 
 
 @unittest.skipUnless(is_installed("herbstluftwm"), "herbstluftwm is not installed")
 class HerbstluftwmTest(ManagerTest, EdgeTest):
-    command = ("herbstluftwm", "-c", "/bin/true")
+    command = HERBSTLUFTWM
 
 
 class ScreensTest(EdgeTest):

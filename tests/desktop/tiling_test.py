@@ -3,11 +3,10 @@
 """The wallpaper under window managers that arrange all windows themselves."""
 
 import re
-import shutil
 import unittest
 
 from application import ApplicationTest
-from desktop import Desktop, Window, wait_until
+from desktop import BSPWM, DWM, HERBSTLUFTWM, I3, Desktop, Window, is_installed, wait_until
 
 
 class TilingTest:
@@ -56,28 +55,24 @@ class TilingTest:
         self.assertTrue(self.lies_below_all())
 
 
-def is_installed(name: str) -> bool:
-    return shutil.which(name) is not None
-
-
 @unittest.skipUnless(is_installed("i3"), "i3 is not installed")
 class I3Test(TilingTest, ApplicationTest):
-    command = ("i3", "-c", "/dev/null")
+    command = I3
 
 
 @unittest.skipUnless(is_installed("bspwm"), "bspwm is not installed")
 class BspwmTest(TilingTest, ApplicationTest):
-    command = ("bspwm", "-c", "/bin/true")
+    command = BSPWM
 
 
 @unittest.skipUnless(is_installed("herbstluftwm"), "herbstluftwm is not installed")
 class HerbstluftwmTest(TilingTest, ApplicationTest):
-    command = ("herbstluftwm", "-c", "/bin/true")
+    command = HERBSTLUFTWM
 
 
 @unittest.skipUnless(is_installed("dwm"), "dwm is not installed")
 class DwmTest(TilingTest, ApplicationTest):
-    command = ("dwm",)
+    command = DWM
 
 
 if __name__ == "__main__":

@@ -78,7 +78,8 @@ class InstalledTest(unittest.TestCase):
 
     def test_metainfo(self) -> None:
         path = self.share / f"metainfo/{ID}.metainfo.xml"
-        self.check("appstreamcli", "validate", "--strict", "--no-net", "--no-color", *self.old_developer_tag(), str(path))
+        self.check("appstreamcli", "validate", "--strict", "--no-net", "--no-color", *self.old_developer_tag(),
+                   str(path))
         newest = ElementTree.parse(path).find("releases/release")
         self.assertEqual(newest.get("version"), VERSION)
 

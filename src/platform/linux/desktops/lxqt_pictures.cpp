@@ -4,10 +4,9 @@
 #include "platform/linux/desktops/lxqt_pictures.h"
 
 #include "base/ini_value.h"
+#include "platform/linux/desktops/setting_lines.h"
 #include "platform/linux/desktops/spanned_picture.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace tessel {
@@ -16,18 +15,14 @@ namespace {
 
 const QString service = QStringLiteral("org.pcmanfm.PCManFM");
 
-constexpr qint64 mostSettings = qint64{1} << 20; // bytes
-
 /// Of the group "Desktop"; invalid if there is none.
 /// \param file below the folders of settings: the user's own goes before the system's
 QVariant setting(const QString& file, const QByteArray& key)
 {
-    QFile settings(QStandardPaths::locate(QStandardPaths::GenericConfigLocation, file));
-    if (!QFileInfo(settings.fileName()).isFile() || !settings.open(QIODevice::ReadOnly))
-        return {};
     QVariant found;
     bool isOfDesktop = false;
-    for (const QByteArray& line : settings.read(mostSettings).split('\n')) {
+    for (const QByteArray& line :
+         settingLines(QStandardPaths::locate(QStandardPaths::GenericConfigLocation, file))) {
         const QByteArray entry = line.trimmed();
         if (entry.startsWith('['))
             isOfDesktop = entry == "[Desktop]";

@@ -3,12 +3,11 @@
 
 #include "platform/linux/desktops/pcmanfm_pictures.h"
 
+#include "platform/linux/desktops/setting_lines.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_desktop_owner.h"
 
 #include <QEventLoop>
-#include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -21,7 +20,6 @@ namespace {
 /// What the desktop has been told is saved a little later.
 constexpr std::chrono::milliseconds savingPace{100};
 constexpr int mostLooks = 30;
-constexpr qint64 mostSettings = qint64{1} << 20; // bytes
 
 /// Of the first monitor's pictures, below the folder of settings: they depend on the process that draws it.
 QString settingsFile(X11Connection& connection, const QRect& monitor)
@@ -35,10 +33,7 @@ QString settingsFile(X11Connection& connection, const QRect& monitor)
 
 QString setting(const QString& name, const QByteArray& key)
 {
-    QFile file(name);
-    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    for (const QByteArray& line : file.read(mostSettings).split('\n'))
+    for (const QByteArray& line : settingLines(name))
         if (line.startsWith(key + '='))
             return QString::fromUtf8(line.mid(key.size() + 1).replace("\\\\", "\\"));
     return {};

@@ -61,6 +61,8 @@ X11PanelWindow::X11PanelWindow(X11Connection& connection, X11Events& events, X11
 {
     connect(&m_occlusion, &X11Occlusion::blendingChanged, this, &PanelWindow::blendingChanged);
     connect(&m_occlusion, &X11Occlusion::filledChanged, this, &X11PanelWindow::update);
+    if (isManaged())
+        return;
     m_connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
     connect(&events, &X11Events::received, this, &X11PanelWindow::handle);
     m_rising.setSingleShot(true);
@@ -171,10 +173,11 @@ void X11PanelWindow::handle(const xcb_generic_event_t& event)
         m_rising.start();
 }
 
-/// A window that came, or was chosen, may stand above. Menus that do are in no list.
+/// Without a manager that does: a window that came, or was chosen, may stand above. Menus that do are in no
+/// list.
 void X11PanelWindow::stayAbove()
 {
-    if (!m_window.isVisible() || isManaged())
+    if (!m_window.isVisible())
         return;
     static constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection.get(), m_id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
