@@ -53,18 +53,18 @@ function(tessel_add_tests name)
     gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST)
 endfunction()
 
-# tessel_add_qml_module(TARGET uri FILES file... SINGLETONS file...)
-# The QML files of a library, compiled, and its C++ types that say QML_ELEMENT. Whoever uses the module calls
-# qml_register_types_URI(), with underscores in the URI.
+# tessel_add_qml_module(TARGET uri FILES file... SINGLETONS file... DEPENDENCIES uri...)
+# The QML files of a library, compiled, and its C++ types that say QML_ELEMENT; dependencies are the modules whose
+# types those derive from. Whoever uses the module calls qml_register_types_URI(), with underscores in the URI.
 function(tessel_add_qml_module target uri)
-    cmake_parse_arguments(ARG "" "" "FILES;SINGLETONS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "FILES;SINGLETONS;DEPENDENCIES" ${ARGN})
     string(REPLACE "." "/" folder ${uri})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}) # for the registration of types
     set_source_files_properties(${ARG_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     qt_add_qml_module(${target} URI ${uri} VERSION 1.0 NO_PLUGIN RESOURCE_PREFIX /qt-project.org/imports
         OUTPUT_DIRECTORY ${TESSEL_QML}/${folder} IMPORT_PATH ${TESSEL_QML}
-        DEPENDENCIES QtQuick QML_FILES ${ARG_FILES} ${ARG_SINGLETONS})
+        DEPENDENCIES QtQuick ${ARG_DEPENDENCIES} QML_FILES ${ARG_FILES} ${ARG_SINGLETONS})
     # What Qt's compilers write is not held to our warnings.
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "/\\.rcc/|_qmltyperegistrations\\.cpp$")

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import TesselBroth.Controls
 import TesselBroth.Edge
@@ -220,7 +222,7 @@ Item {
             id: editorLoader
 
             function open() {
-                if (source.toString() === "")
+                if (status === Loader.Null)
                     setSource("qrc:/qt-project.org/imports/TesselBroth/Editor/Editor.qml", { model: root.editor, preview: root.preview })
                 unloading.stop()
             }

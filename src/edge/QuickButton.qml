@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import TesselBroth.Controls
-import TesselBroth.Edge
 
 /** One row of the strip. What it does is said beside it while the pointer is over it. */
 Item {

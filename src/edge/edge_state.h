@@ -6,7 +6,7 @@
 #include "edge/edge_layout.h"
 
 #include <QObject>
-#include <QRect>
+#include <QRectF>
 #include <QtQml/qqmlregistration.h>
 
 #include <utility>
@@ -24,9 +24,9 @@ class EdgeState : public QObject
     Q_PROPERTY(bool hovering READ hovering NOTIFY hoveringChanged)
     Q_PROPERTY(int quickHover READ quickHoverIndex NOTIFY quickHoverChanged)
     Q_PROPERTY(bool isOnRight READ isOnRight NOTIFY layoutChanged)
-    Q_PROPERTY(QRect handleFrame READ handleFrame NOTIFY layoutChanged)
-    Q_PROPERTY(QRect quickFrame READ quickFrame NOTIFY layoutChanged)
-    Q_PROPERTY(QRect editorFrame READ editorFrame NOTIFY layoutChanged)
+    Q_PROPERTY(QRectF handleFrame READ handleFrame NOTIFY layoutChanged)
+    Q_PROPERTY(QRectF quickFrame READ quickFrame NOTIFY layoutChanged)
+    Q_PROPERTY(QRectF editorFrame READ editorFrame NOTIFY layoutChanged)
     Q_PROPERTY(bool isHandleHidden READ isHandleHidden NOTIFY handleHiddenChanged)
 
 public:
@@ -50,9 +50,9 @@ public:
     void setLayout(const EdgeLayout& layout);
     [[nodiscard]] int panelHeight() const { return m_layout.panelHeight(); }
     [[nodiscard]] bool isOnRight() const { return m_layout.edge == Edge::right; }
-    [[nodiscard]] QRect handleFrame() const { return m_layout.contentFrame(Mode::handle); }
-    [[nodiscard]] QRect quickFrame() const { return m_layout.contentFrame(Mode::quick); }
-    [[nodiscard]] QRect editorFrame() const { return m_layout.contentFrame(Mode::open); }
+    [[nodiscard]] QRectF handleFrame() const { return m_layout.contentFrame(Mode::handle); }
+    [[nodiscard]] QRectF quickFrame() const { return m_layout.contentFrame(Mode::quick); }
+    [[nodiscard]] QRectF editorFrame() const { return m_layout.contentFrame(Mode::open); }
 
     /// Whether the user wants no handle.
     [[nodiscard]] bool isHandleHidden() const { return m_isHandleHidden; }

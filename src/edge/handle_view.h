@@ -8,7 +8,7 @@
 namespace tessel {
 
 /// The round handle, a bowl seen from above: a rim of art pixels around the desktop's look.
-class HandleView : public LiveView
+class HandleView : public tessel::LiveView // the name that qmllint finds it by
 {
     Q_OBJECT
     QML_ELEMENT
