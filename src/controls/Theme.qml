@@ -71,7 +71,7 @@ QtObject {
 
     /** A colour as image providers take it. */
     function code(colour: color): string {
-        return colour.toString().substring(1)
+        return `${colour}`.substring(1) // with toString() qmllint 6.4 crashes
     }
 
     /** A length on whole device pixels. */
