@@ -150,7 +150,7 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                 },
                 [this, request](const auto& written) { noteWritten(request, written.failure); });
         };
-        draw(std::make_unique<Drawing>(recipe, screen.pixels().size(), drawn, request));
+        draw(std::make_unique<Drawing>(Drawing{recipe, screen.pixels().size(), drawn, request, nullptr}));
     }
 }
 
@@ -164,8 +164,8 @@ int StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
                      std::function<void(std::optional<QString> failure)> done,
                      std::function<void(double)> progress)
 {
-    const auto saving = std::make_shared<Saving>(++m_lastSaving, file, encodeLook(recipe.look),
-                                                 std::move(done), std::move(progress));
+    const auto saving = std::shared_ptr<Saving>(
+        new Saving{++m_lastSaving, file, encodeLook(recipe.look), std::move(done), std::move(progress)});
     m_savings.push_back(saving);
     const auto drawn = [this, saving, size](Outcome<Picture> outcome) {
         if (outcome.value)
@@ -177,7 +177,7 @@ int StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
                                .arg(size.width())
                                .arg(size.height()));
     };
-    draw(std::make_unique<Drawing>(recipe, size, drawn, nullptr, saving));
+    draw(std::make_unique<Drawing>(Drawing{recipe, size, drawn, nullptr, saving}));
     return saving->number;
 }
 
