@@ -40,7 +40,7 @@ bool isModifier(int key)
 
 Surroundings& Surroundings::instance()
 {
-    static Surroundings* const surroundings = new Surroundings; // QML may outlive everything static
+    static auto* const surroundings = new Surroundings; // QML may outlive everything static
     return *surroundings;
 }
 

@@ -96,7 +96,7 @@ void Exporter::exportItem(int item)
     const std::vector<Size> all = sizes();
     if (item < 0 || static_cast<std::size_t>(item) >= all.size())
         return;
-    const Size size = all[static_cast<std::size_t>(item)];
+    const Size& size = all[static_cast<std::size_t>(item)];
     m_services.choosePngFile(pngName(m_store.look(), size.pixels),
                              [guard = QPointer(this), recipe = recipe(), size](const QString& file) {
                                  if (guard)

@@ -88,6 +88,7 @@ std::vector<Share> sharesOf(const QImage& picture)
         }
     }
     std::vector<Share> shares;
+    shares.reserve(cells.size());
     for (const auto& [key, mean] : cells)
         shares.push_back(mean.share());
     // Where a map has its entries differs from one standard library to the next.
@@ -206,6 +207,7 @@ std::vector<Color> paletteOf(const QImage& picture)
         groups = withShade(groups.front());
     std::ranges::sort(groups, {}, [](const Share& group) { return group.color.lightness; });
     std::vector<Color> colors;
+    colors.reserve(groups.size());
     for (const Share& group : groups)
         colors.push_back(toColor(group.color));
     return colors;

@@ -66,6 +66,7 @@ int releaseObject(dl_phdr_info* object, std::size_t /*size*/, void* unchangedPag
             return segment.p_type == PT_LOAD && begin < pages.end && pages.begin < begin + segment.p_memsz;
         };
         if (std::ranges::any_of(segments, isInside))
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): it was read as text
             madvise(reinterpret_cast<void*>(pages.begin), pages.end - pages.begin, MADV_DONTNEED);
     }
     return 0;

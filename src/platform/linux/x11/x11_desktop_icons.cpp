@@ -239,8 +239,8 @@ private:
         const auto reply = readReply(xcb_get_image_reply, m_server->get(), cookie);
         if (reply == nullptr || (reply->depth != 24 && reply->depth != 32))
             return false;
-        const QImage shown(xcb_get_image_data(reply.get()), rows.width(), rows.height(), 4 * rows.width(),
-                           QImage::Format_RGB32);
+        const QImage shown(xcb_get_image_data(reply.get()), rows.width(), rows.height(),
+                           qsizetype{4} * rows.width(), QImage::Format_RGB32);
         const QRect part = rows.translated(-m_place.topLeft());
         m_mask.compare(m_picture.copy(part).convertToFormat(QImage::Format_RGB32), shown, part.topLeft());
         return true;
