@@ -97,6 +97,7 @@ TEST_F(FileWriterTest, WhatAKilledProgramLeftIsRemovedByTheNext)
 TEST_F(FileWriterTest, ManyAtOnceDoNotTakeEachOthersForLeftovers)
 {
     std::vector<std::jthread> writers;
+    writers.reserve(4);
     for (int writer = 0; writer < 4; ++writer) {
         writers.emplace_back([this, name = folder / std::to_string(writer)] {
             for (int round = 0; round < 100; ++round)

@@ -34,7 +34,7 @@ Page::Page(const char* body)
 
 QString Page::heard()
 {
-    const QString said = m_root->property("said").toString();
+    QString said = m_root->property("said").toString();
     m_root->setProperty("said", QString());
     return said;
 }

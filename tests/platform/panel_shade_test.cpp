@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <utility>
 
 namespace tessel {
 namespace {
@@ -31,10 +30,10 @@ protected:
                            });
     }
 
-    void tell(const char* member, QVariantList arguments)
+    void tell(const char* member, const QVariantList& arguments)
     {
         m_settings->signal(QStringLiteral("/org/xfce/Xfconf"), settings, QString::fromLatin1(member),
-                           std::move(arguments));
+                           arguments);
     }
 
     void change(const QString& channel, const QString& name, bool value)

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <map>
 #include <ostream>
@@ -100,11 +102,11 @@ TEST_F(ExtremeCells, AreThoseOfTheStill)
             readColors(cells->lowerTarget, grid.width, grid.height, colors.data());
             std::size_t different = 0;
             for (int y = 0; y < height; ++y) {
-                const int row = static_cast<int>(static_cast<float>(y) / cell) * grid.width;
+                const std::uint32_t* row =
+                    colors.data() + static_cast<std::ptrdiff_t>(static_cast<float>(y) / cell) * grid.width;
                 for (int x = 0; x < width; ++x) {
-                    const auto at =
-                        static_cast<std::size_t>(row + static_cast<int>(static_cast<float>(x) / cell));
-                    different += colorOf(still.row(y)[static_cast<std::size_t>(x)]) != colorOf(colors[at]);
+                    const std::uint32_t color = row[static_cast<int>(static_cast<float>(x) / cell)];
+                    different += colorOf(still.row(y)[static_cast<std::size_t>(x)]) != colorOf(color);
                 }
             }
             EXPECT_EQ(different, 0U) << named(look);

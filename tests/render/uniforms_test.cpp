@@ -7,7 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <array>
+#include <bit>
+#include <cstdint>
 
 namespace tessel {
 namespace {
@@ -37,7 +39,8 @@ TEST(LookBlock, IsTheSameForEqualLooks)
     ASSERT_EQ(look, negative);
     const LookBlock block = makeLookBlock(look);
     const LookBlock other = makeLookBlock(negative);
-    EXPECT_EQ(std::memcmp(block.data(), other.data(), sizeof block), 0);
+    using Bits = std::array<std::uint32_t, lookBlockLength>;
+    EXPECT_EQ(std::bit_cast<Bits>(block), std::bit_cast<Bits>(other)) << "to the bit";
 }
 
 TEST(LookBlock, DropsTheTopByteOfAColour)

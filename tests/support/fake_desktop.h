@@ -17,6 +17,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace tessel {
 
@@ -158,9 +159,9 @@ struct PanelRecord
 class MemoryPanel : public PanelWindow
 {
 public:
-    MemoryPanel(QWindow& window, const std::shared_ptr<PanelRecord>& record)
+    MemoryPanel(QWindow& window, std::shared_ptr<PanelRecord> record)
         : m_window(window)
-        , m_record(record)
+        , m_record(std::move(record))
     {
     }
 
