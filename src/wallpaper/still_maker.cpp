@@ -164,6 +164,7 @@ int StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
                      std::function<void(std::optional<QString> failure)> done,
                      std::function<void(double)> progress)
 {
+    // NOLINTNEXTLINE(modernize-make-shared): clang 14 would need a constructor for that
     const auto saving = std::shared_ptr<Saving>(
         new Saving{++m_lastSaving, file, encodeLook(recipe.look), std::move(done), std::move(progress)});
     m_savings.push_back(saving);
