@@ -58,7 +58,7 @@ protected:
     /// One of our own pictures.
     [[nodiscard]] QString writePicture(const Look& look, const std::string& json) const
     {
-        const QString file = path("bowl.png");
+        QString file = path("bowl.png");
         writePng(*graphics.draw({.previous = look, .current = look, .width = 32, .height = 20}), json,
                  file.toStdString());
         return file;

@@ -80,7 +80,7 @@ protected:
     }
 
     /// How many frames a second the last window is to ask for.
-    int rate() const { return windows.back()->rate; }
+    [[nodiscard]] int rate() const { return windows.back()->rate; }
 
     /// Whether that window draws on.
     bool isMoving()
