@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace tessel::art {
 namespace {
 
@@ -14,10 +16,8 @@ using testing::ElementsAre;
 TEST(ArtPixels, CellsAreOfWholeDevicePixelsAtEveryScale)
 {
     const auto widths = [](double scale) {
-        std::vector<int> list;
-        for (int cell = 0; cell < 4; ++cell)
-            list.push_back(edge(cell + 1, scale) - edge(cell, scale));
-        return list;
+        const auto width = [scale](int cell) { return edge(cell + 1, scale) - edge(cell, scale); };
+        return std::array{width(0), width(1), width(2), width(3)};
     };
     EXPECT_THAT(widths(1.0), ElementsAre(2, 2, 2, 2));
     EXPECT_THAT(widths(1.25), ElementsAre(3, 2, 3, 2));
