@@ -37,12 +37,14 @@ void fillStore(Store& store, int presets, int palettes)
 {
     const RandomSource random = seededSource(1);
     std::vector<Preset> all;
+    all.reserve(static_cast<std::size_t>(presets));
     for (int number = 0; number < presets; ++number)
         all.push_back(
             {QStringLiteral("6F9619FF-8B86-D011-B42D-%1").arg(number, 12, 16, QLatin1Char('0')).toStdString(),
              "Preset " + std::to_string(number), randomLook(random, std::nullopt), true});
     store.setPresets(std::move(all));
     std::vector<std::vector<Color>> own;
+    own.reserve(static_cast<std::size_t>(palettes));
     for (int number = 0; number < palettes; ++number)
         own.push_back({static_cast<Color>(number), 0x808080, 0xFFFFFF});
     store.setCustomPalettes(std::move(own));

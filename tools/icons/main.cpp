@@ -84,8 +84,8 @@ QByteArray svg(int side, int shownSide, ColorOf colorOf)
 {
     const QByteArray box = QByteArray::number(side);
     const QByteArray shown = QByteArray::number(shownSide);
-    QByteArray text = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + shown + "\" height=\"" + shown +
-                      "\" viewBox=\"0 0 " + box + ' ' + box +
+    QByteArray text = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + shown + R"(" height=")" + shown +
+                      R"(" viewBox="0 0 )" + box + ' ' + box +
                       R"(" shape-rendering="crispEdges">)"
                       "\n";
     for (int row = 0; row < side; ++row) {
