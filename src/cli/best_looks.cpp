@@ -41,7 +41,8 @@ Field channel(const Field& field, const Ramp& ramp, double Oklab::*member)
 {
     Field result{field.size, std::vector<float>(field.tones.size())};
     std::ranges::transform(field.tones, result.tones.begin(), [&](float tone) {
-        const auto place = static_cast<std::size_t>(std::clamp(tone, 0.0F, 1.0F) * (rampPlaces - 1) + 0.5F);
+        const auto place =
+            static_cast<std::size_t>(std::lround(std::clamp(tone, 0.0F, 1.0F) * (rampPlaces - 1)));
         return static_cast<float>(ramp.at(place).*member);
     });
     return result;
