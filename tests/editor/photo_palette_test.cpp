@@ -17,7 +17,6 @@ namespace tessel {
 namespace {
 
 using testing::AllOf;
-using testing::Each;
 using testing::ElementsAre;
 using testing::Ge;
 using testing::IsEmpty;

@@ -12,8 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 class OnboardingTest : public testing::Test
 {
