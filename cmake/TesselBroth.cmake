@@ -18,13 +18,6 @@ if(TESSEL_SANITIZE)
     target_link_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE})
 endif()
 
-# What tests are compiled with. With sanitizers, to optimise them takes far longer than to run them.
-add_library(tessel_test_options INTERFACE)
-target_link_libraries(tessel_test_options INTERFACE tessel_options)
-if(TESSEL_SANITIZE)
-    target_compile_options(tessel_test_options INTERFACE -O0)
-endif()
-
 # Where a preset says so, what nearly every file includes of others is read once. Other presets go without, so that
 # what a file forgets to include is noticed.
 
@@ -92,7 +85,7 @@ endfunction()
 function(tessel_add_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tessel_test_options GTest::gmock GTest::gtest_main)
+    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tessel_options GTest::gmock GTest::gtest_main)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     tessel_precompile(${name} test_headers)
     gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST)
