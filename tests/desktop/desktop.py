@@ -35,7 +35,7 @@ BUS_CONFIGURATION = """<busconfig>
 PR_SET_CHILD_SUBREAPER = 36
 
 KILLED_WITH_US = ("setpriv", "--pdeathsig", "KILL")
-SANITIZER_FOUND = 86  # the exit code that tests/environment.cmake gives to sanitizers
+SANITIZER_FOUND = re.compile("Sanitizer: |: runtime error: ")  # what it says on standard error
 
 # Window managers that arrange all windows themselves, without a configuration of the user's.
 BSPWM = ("bspwm", "-c", "/bin/true")
@@ -183,18 +183,20 @@ class Desktop:
         return self.folder / f"{Path(program).name}.log"
 
     def check_programs(self) -> None:
-        """Fails where a sanitizer has ended a program that was started here."""
-        for process in self.processes:
-            if process.poll() == SANITIZER_FOUND:
-                self.processes.remove(process)
-                program = process.args[len(KILLED_WITH_US)]
-                raise AssertionError(f"{program}: {self._log_file(program).read_text(errors='replace')}")
+        """Fails where a sanitizer has found something in a program that was started here and is gone."""
+        ended = [process for process in self.processes if process.poll() is not None]
+        self.processes = [process for process in self.processes if process not in ended]
+        for process in ended:
+            log = self._log_file(process.args[len(KILLED_WITH_US)])
+            said = log.read_text(errors="replace") if log.exists() else ""
+            if SANITIZER_FOUND.search(said):
+                raise AssertionError(f"{process.args}: {said}")
 
     def output(self, *command: str) -> str:
         """Runs a program and returns what it prints; a failure is left to the reader."""
         done = subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20,
                               check=False)
-        if done.returncode == SANITIZER_FOUND:
+        if SANITIZER_FOUND.search(done.stderr):
             raise AssertionError(done.stderr)
         return done.stdout
 
