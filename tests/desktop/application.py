@@ -51,6 +51,7 @@ class Application:
     def start(self, *wrapper: str) -> None:
         """Starts it, through another program if one is given, and waits for its icon."""
         self.desktop.panel.item = None
+        self.desktop.check_programs()
         self.log_file.unlink(missing_ok=True)
         self.process = self.desktop.start(*wrapper, PROGRAM)
         wait_until(lambda: self.desktop.panel.item or not self.runs(), "the icon in the panel")
@@ -223,3 +224,4 @@ class ApplicationTest(unittest.TestCase):
             self.application.kill()
         if self.application.log_file.exists() and (log := self.application.log_file.read_text()):
             print(f"{self.id()}: the application said\n{log}", file=sys.stderr)
+        self.desktop.check_programs()

@@ -34,6 +34,9 @@ BUS_CONFIGURATION = """<busconfig>
 
 PR_SET_CHILD_SUBREAPER = 36
 
+KILLED_WITH_US = ("setpriv", "--pdeathsig", "KILL")
+SANITIZER_FOUND = re.compile("Sanitizer: |: runtime error: ")  # what it says on standard error
+
 # Window managers that arrange all windows themselves, without a configuration of the user's.
 BSPWM = ("bspwm", "-c", "/bin/true")
 DWM = ("dwm",)
@@ -134,6 +137,7 @@ class Desktop:
             "XDG_DATA_HOME": str(home / "data"),
             "XDG_CACHE_HOME": str(home / "cache"),
             "LIBGL_ALWAYS_SOFTWARE": "1",
+            **{name: os.environ[name] for name in os.environ if name.endswith("SAN_OPTIONS")},
         }
 
     def _start_display(self) -> None:
@@ -169,16 +173,32 @@ class Desktop:
 
     def start(self, *command: str, **options: object) -> subprocess.Popen:
         """Starts a program that is killed if we are; what it says goes to a file of its name."""
-        with (self.folder / f"{Path(command[0]).name}.log").open("ab") as log:
-            process = subprocess.Popen(["setpriv", "--pdeathsig", "KILL", *command], env=self.environment,
+        with self._log_file(command[0]).open("ab") as log:
+            process = subprocess.Popen([*KILLED_WITH_US, *command], env=self.environment,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=log, **options)
         self.processes.append(process)
         return process
 
+    def _log_file(self, program: str) -> Path:
+        return self.folder / f"{Path(program).name}.log"
+
+    def check_programs(self) -> None:
+        """Fails where a sanitizer has found something in a program that was started here and is gone."""
+        ended = [process for process in self.processes if process.poll() is not None]
+        self.processes = [process for process in self.processes if process not in ended]
+        for process in ended:
+            log = self._log_file(process.args[len(KILLED_WITH_US)])
+            said = log.read_text(errors="replace") if log.exists() else ""
+            if SANITIZER_FOUND.search(said):
+                raise AssertionError(f"{process.args}: {said}")
+
     def output(self, *command: str) -> str:
         """Runs a program and returns what it prints; a failure is left to the reader."""
-        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20,
-                              check=False).stdout
+        done = subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20,
+                              check=False)
+        if SANITIZER_FOUND.search(done.stderr):
+            raise AssertionError(done.stderr)
+        return done.stdout
 
     def has_name(self, name: str) -> bool:
         return call(self.bus, "org.freedesktop.DBus", "/", "org.freedesktop.DBus.NameHasOwner",

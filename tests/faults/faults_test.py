@@ -57,7 +57,10 @@ class Scene:
             self.prepare()
 
     def run(self, *command: object, wrapper: tuple[str, ...] = ()) -> subprocess.CompletedProcess:
-        return subprocess.run([*wrapper, *map(str, command)], env=environment(self.folder.parent),
+        variables = environment(self.folder.parent)
+        if wrapper:  # where programs are traced, leaks cannot be looked for
+            variables["ASAN_OPTIONS"] = variables.get("ASAN_OPTIONS", "") + ":detect_leaks=0"
+        return subprocess.run([*wrapper, *map(str, command)], env=variables,
                               capture_output=True, text=True, timeout=60, check=False)
 
     def names(self) -> set[str]:

@@ -34,10 +34,15 @@ struct Counted<Function>
 } // namespace
 
 // Every C++ allocation of the test program is counted.
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept
 {
     ++allocations;
-    if (void* memory = std::malloc(size))
+    return std::malloc(size);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
