@@ -116,8 +116,8 @@ class Application:
                 total += sum(map(int, re.findall(r"ctxt_switches:\s*(\d+)", (thread / "status").read_text())))
         return total
 
-    def wait_until_idle(self) -> None:
-        wait_until(lambda: self.wake_ups(1) <= 1, "at most one wake-up in a second")
+    def wait_until_idle(self, seconds: float = 1) -> None:
+        wait_until(lambda: self.wake_ups(seconds) <= 1, f"{seconds} s with one wake-up each at most", 60)
 
     # What it keeps
 
