@@ -101,6 +101,35 @@ void setGrid(const Program& program, GridSize grid)
                 1.0F / static_cast<float>(grid.height));
 }
 
+/// How many tiles are drawn beside each other, and how many rows of them.
+GridSize tileRows(std::size_t tiles)
+{
+    return {static_cast<int>(std::min(tiles, TileTones::tilesInARow)),
+            static_cast<int>((tiles + TileTones::tilesInARow - 1) / TileTones::tilesInARow)};
+}
+
+/// Into the texture of places that is bound: whole rows, and what is left.
+void upload(std::span<const CellTile> tiles)
+{
+    static constexpr auto length = static_cast<int>(TileTones::tilesInARow);
+    const auto rows = static_cast<int>(tiles.size() / TileTones::tilesInARow);
+    const auto rest = static_cast<int>(tiles.size() % TileTones::tilesInARow);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, length, rows, placeFormat.format, placeFormat.type, tiles.data());
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, rows, rest, 1, placeFormat.format, placeFormat.type,
+                    tiles.last(static_cast<std::size_t>(rest)).data());
+}
+
+/// From the framebuffer that is bound.
+void readTones(GridSize size, std::uint16_t* tones)
+{
+    glReadBuffer(GL_COLOR_ATTACHMENT0);
+    glPixelStorei(GL_PACK_ALIGNMENT, 2);
+    glPixelStorei(GL_PACK_ROW_LENGTH, static_cast<GLint>(TileTones::pitch));
+    glReadPixels(0, 0, size.width, size.height, toneFormat.format, toneFormat.type, tones);
+    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+}
+
 /// The first look of a cross-fade is drawn over whatever was there, the second blended on top of it.
 void setBlending(float opacity)
 {
@@ -296,7 +325,7 @@ FrameEncoder::State::~State()
     glDisable(GL_SCISSOR_TEST);
     glUseProgram(0);
     glBindVertexArray(0);
-    for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::steps); ++unit)
+    for (GLuint unit = 0; unit <= static_cast<GLuint>(TextureUnit::tiles); ++unit)
         glBindSampler(unit, 0);
     glActiveTexture(GL_TEXTURE0);
 }
@@ -341,6 +370,60 @@ const CellTextures* FrameEncoder::encodeCells(const Frame& frame)
     });
 }
 
+bool FrameEncoder::makeTileTextures()
+{
+    if (m_tiles.target)
+        return true;
+    static constexpr auto side = static_cast<int>(TileTones::tilesInARow);
+    static constexpr auto samples = static_cast<int>(TileTones::pitch);
+    m_tiles.places = makeTexture(placeFormat, side, side);
+    m_tiles.tones = makeTexture(toneFormat, samples, samples);
+    if (m_tiles.places && m_tiles.tones)
+        m_tiles.target = makeFramebuffer(m_tiles.tones);
+    return static_cast<bool>(m_tiles.target);
+}
+
+bool FrameEncoder::sampleTiles(const Frame& frame, std::span<const CellTile> tiles, int step,
+                               TileTones& tones)
+{
+    crash_notes::check(frame.current);
+    crash_notes::setDrawn(frame.current);
+    if (!makeTileTextures())
+        return false;
+    const std::shared_ptr<const Photo> photo = photoOf(frame.current);
+    const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
+    const State state(m_vertexArray.name());
+    const Program& program = m_programs.tiles(frame.current.pattern);
+    setBlending(1.0F);
+    bind(TextureUnit::photo, textureOf(photo));
+    bind(TextureUnit::tiles, m_tiles.places.name());
+    upload(tiles);
+    // Samples that tones lie between need one at the far end, too.
+    tones.side = CellTile::side / step + (step > 1 ? 1 : 0);
+    glUseProgram(program.object.name());
+    glUniform3f(program.sampling, static_cast<float>(tones.side), static_cast<float>(step),
+                static_cast<float>(CellTile::side));
+    const GridSize rows = tileRows(tiles.size());
+    const GridSize drawn{rows.width * tones.side, rows.height * tones.side};
+    draw(Pass{block, Slot::current, frame.current, 0}, program, m_tiles.target.name(), drawn,
+         static_cast<float>(drawn.width), static_cast<float>(drawn.height), RowOrder::topFirst);
+    tones.tones.resize(TileTones::pitch * TileTones::pitch);
+    readTones(drawn, tones.tones.data());
+    return true;
+}
+
+std::vector<float> FrameEncoder::readRamp(const Frame& frame)
+{
+    const UniformBlock block = makeUniforms(frame, {}, {}, m_blocks);
+    const State state(m_vertexArray.name());
+    prepareColors(Pass{block, Slot::current, frame.current, 0});
+    std::vector<float> colors(3UL * shaders::rampLength);
+    glBindFramebuffer(GL_FRAMEBUFFER, m_ramps.at(static_cast<std::size_t>(Slot::current)).target.name());
+    glReadBuffer(GL_COLOR_ATTACHMENT0);
+    glReadPixels(0, 0, shaders::rampLength, 1, GL_RGB, GL_FLOAT, colors.data());
+    return colors;
+}
+
 bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
 {
     const UniformBlock block = makeUniforms(frame, {}, {}, m_blocks);
@@ -377,7 +460,10 @@ bool FrameEncoder::isPrepared(const Look& look, const Frame& frame) const
 
 bool FrameEncoder::isPrepared(const Frame& frame) const
 {
-    return isPrepared(frame.current, frame) && (frame.mix >= 1.0F || isPrepared(frame.previous, frame));
+    const bool hasTiles =
+        frame.current.dither != Dither::smooth || m_programs.hasTiles(frame.current.pattern);
+    return hasTiles && isPrepared(frame.current, frame) &&
+           (frame.mix >= 1.0F || isPrepared(frame.previous, frame));
 }
 
 void FrameEncoder::prepare(const Frame& frame)
@@ -388,6 +474,10 @@ void FrameEncoder::prepare(const Frame& frame)
     encode(frame, target);
     if (shaders::kind(frame.current.dither) == shaders::DitherKind::screen)
         encodeMap(frame, target);
+    if (frame.current.dither == Dither::smooth) {
+        TileTones tones;
+        sampleTiles(frame, std::array{CellTile()}, 1, tones);
+    }
     glFinish();
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "render/cell_tiles.h"
 #include "render/gl_objects.h"
 #include "render/photo_cache.h"
 #include "render/program_library.h"
@@ -11,6 +12,8 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <span>
+#include <vector>
 
 namespace tessel {
 
@@ -69,6 +72,14 @@ struct ColorRow
     std::optional<LookBlock> look;
 };
 
+/// What tiles are sampled with.
+struct TileTextures
+{
+    GlTexture places;
+    GlTexture tones;
+    GlFramebuffer target;
+};
+
 /// Draws frames, at first use with the programs and caches it needs, then without allocating anything as long
 /// as the looks and sizes stay. An encoder belongs to one context, which must be current whenever it is made,
 /// used or destroyed: contexts do not share vertex arrays and framebuffers, not even those of one share
@@ -95,6 +106,19 @@ public:
     /// in the lower texture; of a screen its two inks in lower and upper, and in alpha the share of the upper
     /// one. Otherwise as encodeField() says.
     const CellTextures* encodeCells(const Frame& frame);
+
+    /// Works out the plain tones of some tiles of the field of the frame's current look: before grain and the
+    /// shift along the ramp.
+    /// \param tiles no more than TileTones::capacity
+    /// \param step cells from one sample to the next: 1, or 2 or 4, and then the samples reach to the first
+    ///        of the next tile
+    /// \return false if there is no room for it
+    /// \throws DrawingError
+    bool sampleTiles(const Frame& frame, std::span<const CellTile> tiles, int step, TileTones& tones);
+
+    /// The ramp of the frame's current look, a smooth one: shaders::rampLength colours as red, green, blue, 0
+    /// to 1, from its first stop to its last. \throws DrawingError
+    std::vector<float> readRamp(const Frame& frame);
 
     /// Draws the map of the frame's current look, whose dither must be a screen, instead of its picture. Of
     /// each pixel it has the number of its cell, row by row, in the lower three bytes of RGBA, and in the
@@ -148,6 +172,7 @@ private:
     CellTextures* drawCells(const Pass& pass, GridSize grid);
     void prepareColors(const Pass& pass);
     void bindGlyphs(Dither dither);
+    bool makeTileTextures();
     void drawPicture(const Pass& pass, const Frame& frame, const Target& target);
     static void restrictTo(const Target& target, GridSize grid, float cell);
     void bind(TextureUnit unit, GLuint texture, GLuint sampler = 0);
@@ -163,6 +188,7 @@ private:
     GlTexture m_glyphs;
     std::array<ColorRow, 2> m_ramps; ///< by slot, as are the steps
     std::array<ColorRow, 2> m_steps;
+    TileTextures m_tiles; ///< there only once a smooth look has needed them
     GlTexture m_small;
     GlFramebuffer m_smallTarget;
 };

@@ -81,6 +81,8 @@ struct TextureFormat
 };
 inline constexpr TextureFormat fieldFormat{GL_R16F, GL_RED, GL_HALF_FLOAT};
 inline constexpr TextureFormat colorFormat{GL_RGBA8, GL_RGBA, GL_UNSIGNED_BYTE};
+inline constexpr TextureFormat toneFormat{GL_R16, GL_RED, GL_UNSIGNED_SHORT};
+inline constexpr TextureFormat placeFormat{GL_RG16UI, GL_RG_INTEGER, GL_UNSIGNED_SHORT};
 inline constexpr TextureFormat maskFormat{GL_R8, GL_RED, GL_UNSIGNED_BYTE};
 
 /// A 2D texture of one level, clamped at its edges and filled with `data` (rows packed, first row first)

@@ -49,6 +49,7 @@ void bindSamplers(GLuint program)
         {"uLower", TextureUnit::lower}, {"uUpper", TextureUnit::upper},
         {"uPhoto", TextureUnit::photo}, {"uBlueNoise", TextureUnit::blueNoise},
         {"uRamp", TextureUnit::ramp},   {"uSteps", TextureUnit::steps},
+        {"uTiles", TextureUnit::tiles},
     };
     glUseProgram(program);
     for (const auto& [name, unit] : samplers)
@@ -80,6 +81,7 @@ Program build(const shaders::Source& source)
     program.extent = glGetUniformLocation(name, "uExtent");
     program.perCell = glGetUniformLocation(name, "uPerCell");
     program.flip = glGetUniformLocation(name, "uFlip");
+    program.sampling = glGetUniformLocation(name, "uSampling");
     return program;
 }
 
@@ -95,6 +97,7 @@ std::string ProgramLibrary::refusal(Key key, const char* reason)
     const QString because = QString::fromUtf8(reason);
     switch (key.kind) {
     case Kind::field:
+    case Kind::tiles:
         //: The last marker is what the graphics driver says.
         return ProgramText::tr("The pattern %1 cannot be drawn: %2")
             .arg(QString::fromUtf8(title(key.pattern)), because)
@@ -121,7 +124,7 @@ const Program& ProgramLibrary::find(Key key, MakeSource makeSource)
         return m_programs.find(key)->second;
     try {
         Program program = build(makeSource());
-        if (key.kind == Kind::field || key.kind == Kind::direct)
+        if (key.kind == Kind::field || key.kind == Kind::tiles || key.kind == Kind::direct)
             rememberPattern(key);
         return m_programs.emplace(key, std::move(program)).first->second;
     } catch (const DrawingError& error) {
@@ -162,7 +165,14 @@ ProgramLibrary::Key ProgramLibrary::compositeKey(Dither dither)
 
 const Program& ProgramLibrary::field(Pattern pattern)
 {
-    return find(fieldKey(pattern), [&] { return shaders::field(pattern, m_dialect); });
+    return find(fieldKey(pattern),
+                [&] { return shaders::field(pattern, shaders::FieldPart::whole, m_dialect); });
+}
+
+const Program& ProgramLibrary::tiles(Pattern pattern)
+{
+    return find(tilesKey(pattern),
+                [&] { return shaders::field(pattern, shaders::FieldPart::tiles, m_dialect); });
 }
 
 const Program& ProgramLibrary::inks(Dither dither)
@@ -200,6 +210,11 @@ const Program& ProgramLibrary::direct(Pattern pattern, Dither dither)
 bool ProgramLibrary::hasDirect(Pattern pattern, Dither dither) const
 {
     return has(directKey(pattern, dither));
+}
+
+bool ProgramLibrary::hasTiles(Pattern pattern) const
+{
+    return has(tilesKey(pattern));
 }
 
 bool ProgramLibrary::hasRamp() const

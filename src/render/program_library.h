@@ -24,7 +24,8 @@ enum class TextureUnit : GLint
     photo,
     blueNoise,
     ramp,
-    steps
+    steps,
+    tiles
 };
 
 /// A linked program and where its uniforms are; -1 for those it does not use.
@@ -37,6 +38,7 @@ struct Program
     GLint extent = -1;
     GLint perCell = -1;
     GLint flip = -1;
+    GLint sampling = -1;
 };
 
 /// The specialised programs, each built when it is first asked for. Those of the dithers are few and small,
@@ -48,6 +50,7 @@ public:
     ProgramLibrary();
 
     const Program& field(Pattern pattern);
+    const Program& tiles(Pattern pattern);
     const Program& inks(Dither dither);
     const Program& ramp();
     const Program& steps();
@@ -55,10 +58,11 @@ public:
     const Program& map(Dither dither);
     const Program& direct(Pattern pattern, Dither dither);
 
-    /// Whether the programs are built already: that of direct(), those of ramp() and steps(), and the three
-    /// of a picture made of cells.
-    /// \throws DrawingError where one of them has been refused
+    /// Whether the programs are built already: that of direct(), that of tiles(), those of ramp() and
+    /// steps(), and the three of a picture made of cells. \throws DrawingError where one of them has been
+    /// refused
     [[nodiscard]] bool hasDirect(Pattern pattern, Dither dither) const;
+    [[nodiscard]] bool hasTiles(Pattern pattern) const;
     [[nodiscard]] bool hasRamp() const;
     [[nodiscard]] bool hasSteps() const;
     [[nodiscard]] bool hasCells(Pattern pattern, Dither dither) const;
@@ -67,6 +71,7 @@ private:
     enum class Kind : std::uint8_t
     {
         field,
+        tiles,
         inks,
         ramp,
         steps,
@@ -83,6 +88,7 @@ private:
     };
 
     static Key fieldKey(Pattern pattern) { return {Kind::field, pattern, {}}; }
+    static Key tilesKey(Pattern pattern) { return {Kind::tiles, pattern, {}}; }
     static Key inksKey(Dither dither);
     static Key rampKey() { return {Kind::ramp, {}, {}}; }
     static Key stepsKey() { return {Kind::steps, {}, {}}; }

@@ -56,7 +56,7 @@ std::string assemble(Dialect dialect, Stage stage, std::string_view switches,
     std::string text = dialect == Dialect::glsl330
                            ? "#version 330 core\n"
                            : "#version 300 es\nprecision highp float;\nprecision highp int;\n"
-                             "precision highp sampler2D;\n";
+                             "precision highp sampler2D;\nprecision highp usampler2D;\n";
     // Both stages share the declarations of what is hoisted; only the direction differs.
     text += stage == Stage::vertex ? "#define out_hoisted flat out\n" : "#define in_hoisted flat in\n";
     text += "const float rampLength = " + std::to_string(rampLength) + ".0;\n";
@@ -109,12 +109,14 @@ DitherKind kind(Dither dither)
     }
 }
 
-Source field(Pattern pattern, Dialect dialect)
+Source field(Pattern pattern, FieldPart part, Dialect dialect)
 {
     const std::string file = fileOf(pattern);
-    return {assemble(dialect, Stage::vertex, patternSwitch, {"prelude", "noise", "sdf", file, "vmain"}),
-            assemble(dialect, Stage::fragment, patternSwitch,
-                     {"prelude", "noise", "sdf", file, "tone", "ffield"})};
+    const std::string switches =
+        std::string(patternSwitch) + (part == FieldPart::tiles ? "#define TILES\n" : "");
+    return {
+        assemble(dialect, Stage::vertex, switches, {"prelude", "noise", "sdf", file, "vmain"}),
+        assemble(dialect, Stage::fragment, switches, {"prelude", "noise", "sdf", file, "tone", "ffield"})};
 }
 
 Source inks(Dither dither, Dialect dialect)

@@ -39,8 +39,14 @@ inline constexpr int rampLength = 512;
 /// The most inks that a look is drawn with.
 inline constexpr int maxLevels = 16;
 
-/// Draws the tone of every cell into a field texture.
-[[nodiscard]] Source field(Pattern pattern, Dialect dialect);
+enum class FieldPart : std::uint8_t
+{
+    whole,
+    tiles ///< samples of some tiles of it, of their plain tones
+};
+
+/// Draws the tone of every cell into a field texture, or those of some tiles.
+[[nodiscard]] Source field(Pattern pattern, FieldPart part, Dialect dialect);
 
 /// Draws the cells of a field into ink textures: the final colour of each cell, or for a screen dither its
 /// lower and upper ink and the share between them.

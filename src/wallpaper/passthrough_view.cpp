@@ -3,12 +3,27 @@
 
 #include "wallpaper/passthrough_view.h"
 
-#include "render/stopwatch.h"
-
+#include <algorithm>
 #include <array>
+#include <ctime>
 #include <exception>
+#include <utility>
 
 namespace tessel {
+
+namespace {
+
+/// Unlike a GPU the processor has other things to do: a millisecond of its time is as much as four of a
+/// GPU's. Frames come less often when they would take more than about a fifth of one core.
+constexpr double processorWeight = 4.0;
+
+/// CPU time of all our threads, since frames are drawn by several.
+double processorMilliseconds()
+{
+    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+} // namespace
 
 PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& graphics, float reference)
     : m_surface(surface)
@@ -20,6 +35,7 @@ PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& g
     connect(&m_surface, &LiveSurface::contentLost, this, [this] {
         m_cells.invalidate();
         m_screen.invalidate();
+        m_smooth.invalidate();
         draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
@@ -101,23 +117,30 @@ void PassthroughView::drawOn(PixelCanvas& canvas)
     if (!canvas.isReady())
         return;
     m_graphics.makeCurrent();
-    const bool measured = m_governor.countFrame();
+    if (m_governor.countFrame())
+        m_governor.addSample(processorWeight * std::exchange(m_leastMilliseconds, unmeasured));
     const Frame frame = nextFrame();
-    Stopwatch watch;
+    const double begin = processorMilliseconds();
     if (CellPainter::canPaint(frame)) {
         m_buffer = {};
         m_screen = {};
+        m_smooth = {};
         canvas.releasePixels();
         m_cells.paint(m_graphics.encoder(), frame, canvas);
     } else if (ScreenPainter::canPaint(frame)) {
         m_buffer = {};
         m_cells.invalidate();
+        m_smooth = {};
         m_screen.paint(m_graphics.encoder(), frame, canvas);
+    } else if (SmoothPainter::canPaint(frame)) {
+        m_buffer = {};
+        m_cells.invalidate();
+        m_screen = {};
+        m_smooth.paint(m_graphics.encoder(), frame, canvas);
     } else {
         drawPixels(frame, canvas);
     }
-    if (measured)
-        m_governor.addSample(watch.lap());
+    m_leastMilliseconds = std::min(m_leastMilliseconds, processorMilliseconds() - begin);
 }
 
 void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
@@ -132,6 +155,7 @@ void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
         PixelRect{0, 0, static_cast<std::uint16_t>(frame.width), static_cast<std::uint16_t>(frame.height)}});
     m_cells.invalidate();
     m_screen.invalidate();
+    m_smooth.invalidate();
 }
 
 void PassthroughView::releaseObjects()

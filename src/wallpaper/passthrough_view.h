@@ -10,8 +10,11 @@
 #include "scene/scene.h"
 #include "wallpaper/cell_painter.h"
 #include "wallpaper/screen_painter.h"
+#include "wallpaper/smooth_painter.h"
 
 #include <QObject>
+
+#include <limits>
 
 namespace tessel {
 
@@ -57,8 +60,13 @@ private:
     const float m_reference;
     CellPainter m_cells;
     ScreenPainter m_screen;
+    SmoothPainter m_smooth;
     Buffer m_buffer;
+    static constexpr double unmeasured = std::numeric_limits<double>::infinity();
+
     LoadGovernor m_governor;
+    double m_leastMilliseconds =
+        unmeasured; ///< of the frames since the last sample: the first of a look take longer
     GpuTimer m_gpuTimer;
     bool m_stopped = true;
 };

@@ -19,10 +19,6 @@ constexpr std::uint32_t colorBits = 0xFFFFFF;
 constexpr std::uint32_t opaque = 0xFF000000;
 constexpr int topByte = 24;
 
-/// What has changed is presented in bands of this height, as a power of two.
-constexpr int bandShift = 5;
-constexpr int bandHeight = 1 << bandShift;
-
 } // namespace
 
 bool ScreenPainter::canPaint(const Frame& frame)
@@ -55,10 +51,10 @@ bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
             repaint(cell, pixels);
     }
     m_valid = true;
-    findAreas();
-    if (m_areas.empty())
+    const std::span<const PixelRect> changed = m_bands.take();
+    if (changed.empty())
         return false;
-    canvas.presentPixels(m_areas);
+    canvas.presentPixels(changed);
     return true;
 }
 
@@ -76,9 +72,7 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_lower.resize(cells);
     m_upper.resize(cells);
     m_shown.resize(cells);
-    const auto bands = static_cast<std::size_t>((frame.height + bandHeight - 1) / bandHeight);
-    m_dirty.assign(bands, 0);
-    m_areas.reserve(bands);
+    m_bands.reset(frame.width, frame.height);
     if (frame.current.dither == Dither::ascii) {
         m_places = {};
         m_thresholds = {};
@@ -159,7 +153,7 @@ void ScreenPainter::repaintCharacter(std::size_t cell, std::uint32_t* pixels)
     const int right = std::min(left + side, m_shape.width);
     const int bottom = std::min(top + side, m_shape.height);
     for (int y = top; y < bottom; ++y) {
-        m_dirty[static_cast<std::size_t>(y >> bandShift)] = 1;
+        m_bands.mark(y);
         const std::size_t row = cellCount({m_shape.width, y});
         for (std::size_t at = row + static_cast<std::size_t>(left);
              at < row + static_cast<std::size_t>(right); ++at)
@@ -173,26 +167,7 @@ void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels
     for (std::uint32_t at = range.begin; at < range.end; ++at) {
         const auto [x, y] = m_places[at];
         pixels[y * width + x] = color | opaque;
-        m_dirty[y >> bandShift] = 1;
-    }
-}
-
-/// Neighbouring bands that have changed become one area: a server takes one large picture in less time than
-/// many small ones.
-void ScreenPainter::findAreas()
-{
-    m_areas.clear();
-    bool wasDirty = false;
-    for (std::size_t band = 0; band < m_dirty.size(); ++band) {
-        const bool isDirty = std::exchange(m_dirty[band], std::uint8_t{0}) != 0;
-        const int top = static_cast<int>(band) * bandHeight;
-        const int height = std::min(bandHeight, m_shape.height - top);
-        if (isDirty && wasDirty)
-            m_areas.back().height = static_cast<std::uint16_t>(m_areas.back().height + height);
-        else if (isDirty)
-            m_areas.push_back({0, static_cast<std::int16_t>(top), static_cast<std::uint16_t>(m_shape.width),
-                               static_cast<std::uint16_t>(height)});
-        wasDirty = isDirty;
+        m_bands.mark(y);
     }
 }
 

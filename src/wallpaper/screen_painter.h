@@ -5,6 +5,7 @@
 
 #include "platform/canvas.h"
 #include "render/frame_encoder.h"
+#include "wallpaper/changed_bands.h"
 
 #include <cstdint>
 #include <span>
@@ -69,7 +70,6 @@ private:
     void repaint(std::size_t cell, std::uint32_t* pixels);
     void repaintCharacter(std::size_t cell, std::uint32_t* pixels);
     void fill(Range range, std::uint32_t color, std::uint32_t* pixels);
-    void findAreas();
 
     Shape m_shape;
     GridSize m_grid;
@@ -81,8 +81,7 @@ private:
     std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
     std::vector<Shown> m_shown;
-    std::vector<std::uint8_t> m_dirty; ///< of each band, whether it has changed
-    std::vector<PixelRect> m_areas;
+    ChangedBands m_bands;
 };
 
 } // namespace tessel

@@ -40,7 +40,8 @@ TEST_P(EveryShader, IsValid)
     const QString validator = QStandardPaths::findExecutable(QStringLiteral("glslangValidator"));
     ASSERT_FALSE(validator.isEmpty()) << "glslangValidator is missing (on Debian: glslang-tools)";
     for (const Pattern pattern : allPatterns()) {
-        add(field(pattern, GetParam()));
+        add(field(pattern, FieldPart::whole, GetParam()));
+        add(field(pattern, FieldPart::tiles, GetParam()));
         add(direct(pattern, Dither::smooth, GetParam()));
     }
     for (const Dither dither : allDithers()) {

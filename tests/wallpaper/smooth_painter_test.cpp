@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "wallpaper/painter_test.h"
+#include "wallpaper/smooth_painter.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace tessel {
+namespace {
+
+class SmoothPainterTest : public PainterTest<SmoothPainter>
+{
+protected:
+    SmoothPainterTest() { look.dither = Dither::smooth; }
+
+    /// How far the pixels are from what the renderer draws, in levels of the channel that is farthest off, in
+    /// order.
+    std::vector<int> differences(double time)
+    {
+        const auto still = renderStill(encoder, frameOf(look, time));
+        std::vector<int> result;
+        for (int y = 0; y < height; ++y) {
+            const auto* shown = reinterpret_cast<const QRgb*>(record->image.constScanLine(y));
+            for (int x = 0; x < width; ++x) {
+                const QRgb drawn = still->row(y)[static_cast<std::size_t>(x)];
+                result.push_back(std::max({std::abs(qRed(shown[x]) - qRed(drawn)),
+                                           std::abs(qGreen(shown[x]) - qGreen(drawn)),
+                                           std::abs(qBlue(shown[x]) - qBlue(drawn))}));
+            }
+        }
+        std::ranges::sort(result);
+        return result;
+    }
+
+    /// All pixels but so many in a thousand are within so many levels.
+    void isWithin(int levels, std::size_t others, double time)
+    {
+        const std::vector<int> sorted = differences(time);
+        EXPECT_LE(sorted[(sorted.size() - 1) * (1000 - others) / 1000], levels)
+            << title(look.pattern) << " at " << time;
+    }
+
+    Look look;
+};
+
+TEST_F(SmoothPainterTest, ShowsWhatTheRendererDrawsButForWhatNobodySees)
+{
+    for (const Pattern pattern : allPatterns()) {
+        const auto place = static_cast<int>(pattern);
+        look.pattern = pattern;
+        look.seed = static_cast<float>(place);
+        look.grain = place % 2 == 0 ? 0.0F : 0.3F;
+        look.offset = place % 3 == 0 ? 0.0F : -0.6F;
+        look.invert = place % 5 == 0;
+        look.contrast = place % 7 == 0 ? 3.0F : 1.0F;
+        paint(look, 2.0);
+        isWithin(3, 0, 2.0);
+        // Tiles are sampled more coarsely by now, and not all of them in each frame.
+        double time = 2.0;
+        for (int frame = 0; frame < 30; ++frame)
+            paint(look, time += 0.0175);
+        isWithin(4, 10, time);
+        // As after an hour of sleep.
+        paint(look, time += 70.0);
+        isWithin(4, 10, time);
+    }
+}
+
+TEST_F(SmoothPainterTest, TouchesOnlyWhatHasChanged)
+{
+    EXPECT_TRUE(paint(look, 1.0));
+    EXPECT_EQ(record->paintedPixels, all);
+    EXPECT_FALSE(paint(look, 1.0)) << "nothing has moved";
+    double time = 1.0;
+    for (int frame = 0; frame < 20; ++frame)
+        paint(look, time += 0.00001);
+    const long before = record->paintedPixels;
+    paint(look, time += 0.00001);
+    EXPECT_LT(record->paintedPixels, before + all / 2);
+
+    // Somebody else has drawn there.
+    std::fill_n(window->pixels(), all, 0xFFFF00FFU);
+    painter.invalidate();
+    paint(look, time);
+    isWithin(3, 10, time);
+}
+
+TEST_F(SmoothPainterTest, BeginsAnewWithAnotherLook)
+{
+    paint(look, 1.0);
+    look.custom = {0xFF0000, 0x00FF00};
+    look.invert = true;
+    paint(look, 1.0);
+    isWithin(3, 10, 1.0);
+}
+
+TEST_F(SmoothPainterTest, LeavesTheRestToOpenGl)
+{
+    paintsOnly(shaders::DitherKind::continuous);
+}
+
+} // namespace
+} // namespace tessel
