@@ -24,7 +24,6 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <ctime>
 #include <memory>
 
 using namespace tessel;
@@ -128,9 +127,9 @@ void measurePhoto(const QString& folder, const char* format)
     photo.save(file, format, 90);
     photo = QImage();
     Stopwatch watch;
-    const std::clock_t start = std::clock();
+    const double start = processorMilliseconds();
     const std::size_t count = paletteOfFile(file).size();
-    const double processor = 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    const double processor = processorMilliseconds() - start;
     std::printf("%zu colours of a photo of 60 megapixels, %s of %.0f MB: %.0f ms, %.0f ms of a processor\n",
                 count, format, static_cast<double>(QFileInfo(file).size()) / 1e6, watch.lap(), processor);
 }

@@ -5,13 +5,13 @@
 // of each pattern, beside drawing it whole.
 
 #include "render/headless_context.h"
+#include "render/stopwatch.h"
 #include "wallpaper/smooth_painter.h"
 
 #include <QGuiApplication>
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 using namespace tessel;
@@ -24,11 +24,6 @@ constexpr int framesPerSecond = 20;
 constexpr int frames = 60;
 constexpr int firstFrames = 20; ///< that are left out: tiles have not settled
 
-double cpuMilliseconds()
-{
-    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
 /// Counts what it is handed.
 class CountingCanvas : public PixelCanvas
 {
@@ -38,7 +33,7 @@ public:
     void presentPixels(std::span<const PixelRect> changed) override
     {
         for (const PixelRect& area : changed)
-            presented += double{1} * area.width * area.height;
+            presented += 1.0 * area.width * area.height;
     }
     void releasePixels() override {}
     void present(std::span<const ColoredRect> /*rectangles*/) override {}
@@ -73,22 +68,22 @@ Row measure(FrameEncoder& encoder, Pattern pattern)
     const GlFramebuffer framebuffer = makeFramebuffer(texture);
     encoder.encode(frameAt(0), {framebuffer.name()});
     glFinish();
-    double begin = cpuMilliseconds();
+    double begin = processorMilliseconds();
     encoder.encode(frameAt(1), {framebuffer.name()});
     glFinish();
-    const double whole = cpuMilliseconds() - begin;
+    const double whole = processorMilliseconds() - begin;
 
     CountingCanvas canvas;
     SmoothPainter painter;
     for (int frame = 0; frame < frames; ++frame) {
         if (frame == firstFrames) {
             canvas.presented = 0;
-            begin = cpuMilliseconds();
+            begin = processorMilliseconds();
         }
         painter.paint(encoder, frameAt(frame), canvas);
     }
     static constexpr int counted = frames - firstFrames;
-    return {pattern, whole, (cpuMilliseconds() - begin) / counted,
+    return {pattern, whole, (processorMilliseconds() - begin) / counted,
             canvas.presented / counted / width / height};
 }
 

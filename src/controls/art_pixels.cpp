@@ -3,6 +3,8 @@
 
 #include "controls/art_pixels.h"
 
+#include "base/bayer.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,13 +13,10 @@
 namespace tessel::art {
 namespace {
 
-// How much of the second colour a cell needs before it takes it: a 4 x 4 Bayer matrix, as sixteenths and a
-// half.
+// Whether a cell takes the second colour where there is such a share of it.
 bool takesSecond(int column, int row, double share)
 {
-    static constexpr std::array<int, 16> bayer = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
-    const int order = bayer[static_cast<std::size_t>((row % 4) * 4 + column % 4)];
-    return share > (order + 0.5) / 16.0;
+    return share > bayerThreshold(static_cast<unsigned>(column), static_cast<unsigned>(row), 2);
 }
 
 std::vector<QRgb> premultiplied(const std::vector<QColor>& colours)

@@ -3,6 +3,7 @@
 
 #include "onboarding/onboarding_images.h"
 
+#include "base/bayer.h"
 #include "controls/art_pixels.h"
 
 #include <QPainter>
@@ -28,18 +29,6 @@ qreal scaleFor(int cell, qreal scale)
     return scale * cell / art::cellPoints;
 }
 
-/// When a cell of 8 x 8 becomes another, from 0 to 1, after Bayer.
-double threshold(int column, int row)
-{
-    int order = 0;
-    for (int bit = 0; bit < 3; ++bit) {
-        const int x = column >> bit & 1;
-        const int y = row >> bit & 1;
-        order = order << 2 | (x ^ y) << 1 | y;
-    }
-    return (order + 0.5) / 64;
-}
-
 double smoothStep(double from, double to, double at)
 {
     const double share = std::clamp((at - from) / (to - from), 0.0, 1.0);
@@ -56,7 +45,8 @@ QImage drawDissolve(int from, int to, qreal scale)
     return art::drawCells(cells, scaleFor(4, scale), [=](int column, int row) {
         const double down = std::clamp(static_cast<double>(row - lowest) / depth, 0.0, 1.0);
         const double seen = std::min(smoothStep(from, to, column), 1 - down);
-        return seen > threshold(column, row) ? 0U : soot;
+        const double threshold = bayerThreshold(static_cast<unsigned>(column), static_cast<unsigned>(row), 3);
+        return seen > threshold ? 0U : soot;
     });
 }
 

@@ -346,7 +346,7 @@ void FrameEncoder::encode(const Frame& frame, const Target& target)
 }
 
 template<typename DrawGrid>
-const CellTextures* FrameEncoder::encodeGrid(const Frame& frame, DrawGrid drawGrid)
+auto FrameEncoder::encodeGrid(const Frame& frame, DrawGrid drawGrid)
 {
     crash_notes::check(frame.current);
     crash_notes::setDrawn(frame.current);
@@ -386,30 +386,27 @@ bool FrameEncoder::makeTileTextures()
 bool FrameEncoder::sampleTiles(const Frame& frame, std::span<const CellTile> tiles, int step,
                                TileTones& tones)
 {
-    crash_notes::check(frame.current);
-    crash_notes::setDrawn(frame.current);
-    if (!makeTileTextures())
-        return false;
-    const std::shared_ptr<const Photo> photo = photoOf(frame.current);
-    const UniformBlock block = makeUniforms(frame, {}, sizeOf(photo), m_blocks);
-    const State state(m_vertexArray.name());
-    const Program& program = m_programs.tiles(frame.current.pattern);
-    setBlending(1.0F);
-    bind(TextureUnit::photo, textureOf(photo));
-    bind(TextureUnit::tiles, m_tiles.places.name());
-    upload(tiles);
-    // Samples that tones lie between need one at the far end, too.
-    tones.side = CellTile::side / step + (step > 1 ? 1 : 0);
-    glUseProgram(program.object.name());
-    glUniform3f(program.sampling, static_cast<float>(tones.side), static_cast<float>(step),
-                static_cast<float>(CellTile::side));
-    const GridSize rows = tileRows(tiles.size());
-    const GridSize drawn{rows.width * tones.side, rows.height * tones.side};
-    draw(Pass{block, Slot::current, frame.current, 0}, program, m_tiles.target.name(), drawn,
-         static_cast<float>(drawn.width), static_cast<float>(drawn.height), RowOrder::topFirst);
-    tones.tones.resize(TileTones::pitch * TileTones::pitch);
-    readTones(drawn, tones.tones.data());
-    return true;
+    return encodeGrid(frame, [&](const Pass& pass, GridSize /*grid*/) {
+        if (!makeTileTextures())
+            return false;
+        // Samples that tones lie between need one at the far end, too.
+        tones.side = CellTile::side / step + (step > 1 ? 1 : 0);
+        tones.tones.resize(TileTones::pitch * TileTones::pitch);
+        const GridSize rows = tileRows(tiles.size());
+        const GridSize drawn{rows.width * tones.side, rows.height * tones.side};
+        const Program& program = m_programs.tiles(pass.look.pattern);
+        setBlending(1.0F);
+        bind(TextureUnit::photo, pass.photo);
+        bind(TextureUnit::tiles, m_tiles.places.name());
+        upload(tiles);
+        glUseProgram(program.object.name());
+        glUniform3f(program.sampling, static_cast<float>(tones.side), static_cast<float>(step),
+                    static_cast<float>(CellTile::side));
+        draw(pass, program, m_tiles.target.name(), drawn, static_cast<float>(drawn.width),
+             static_cast<float>(drawn.height), RowOrder::topFirst);
+        readTones(drawn, tones.tones.data());
+        return true;
+    });
 }
 
 std::vector<float> FrameEncoder::readRamp(const Frame& frame)

@@ -116,8 +116,9 @@ public:
     /// \throws DrawingError
     bool sampleTiles(const Frame& frame, std::span<const CellTile> tiles, int step, TileTones& tones);
 
-    /// The ramp of the frame's current look, a smooth one: shaders::rampLength colours as red, green, blue, 0
-    /// to 1, from its first stop to its last. \throws DrawingError
+    /// The ramp of the frame's current look, a smooth one: shaders::rampLength colours from its first stop to
+    /// its last, as red, green and blue from 0 to 1.
+    /// \throws DrawingError
     std::vector<float> readRamp(const Frame& frame);
 
     /// Draws the map of the frame's current look, whose dither must be a screen, instead of its picture. Of
@@ -165,7 +166,7 @@ private:
     [[nodiscard]] GLuint textureOf(const std::shared_ptr<const Photo>& photo) const;
     [[nodiscard]] bool isPrepared(const Look& look, const Frame& frame) const;
     template<typename DrawGrid>
-    [[nodiscard]] const CellTextures* encodeGrid(const Frame& frame, DrawGrid drawGrid);
+    [[nodiscard]] auto encodeGrid(const Frame& frame, DrawGrid drawGrid);
     CellTextures* drawField(const Pass& pass, GridSize grid);
     void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
               float extentY, RowOrder rows, int firstRow = 0);

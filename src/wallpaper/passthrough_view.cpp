@@ -3,10 +3,12 @@
 
 #include "wallpaper/passthrough_view.h"
 
+#include "render/stopwatch.h"
+
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <exception>
+#include <type_traits>
 #include <utility>
 
 namespace tessel {
@@ -16,12 +18,6 @@ namespace {
 /// Unlike a GPU the processor has other things to do: a millisecond of its time is as much as four of a
 /// GPU's. Frames come less often when they would take more than about a fifth of one core.
 constexpr double processorWeight = 4.0;
-
-/// CPU time of all our threads, since frames are drawn by several.
-double processorMilliseconds()
-{
-    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 } // namespace
 
@@ -33,9 +29,7 @@ PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& g
 {
     connect(&m_surface, &LiveSurface::frameDue, this, &PassthroughView::draw);
     connect(&m_surface, &LiveSurface::contentLost, this, [this] {
-        m_cells.invalidate();
-        m_screen.invalidate();
-        m_smooth.invalidate();
+        invalidate();
         draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
@@ -120,27 +114,27 @@ void PassthroughView::drawOn(PixelCanvas& canvas)
     if (m_governor.countFrame())
         m_governor.addSample(processorWeight * std::exchange(m_leastMilliseconds, unmeasured));
     const Frame frame = nextFrame();
+    // Frames are drawn by several threads.
     const double begin = processorMilliseconds();
-    if (CellPainter::canPaint(frame)) {
-        m_buffer = {};
-        m_screen = {};
-        m_smooth = {};
-        canvas.releasePixels();
-        m_cells.paint(m_graphics.encoder(), frame, canvas);
-    } else if (ScreenPainter::canPaint(frame)) {
-        m_buffer = {};
-        m_cells.invalidate();
-        m_smooth = {};
-        m_screen.paint(m_graphics.encoder(), frame, canvas);
-    } else if (SmoothPainter::canPaint(frame)) {
-        m_buffer = {};
-        m_cells.invalidate();
-        m_screen = {};
-        m_smooth.paint(m_graphics.encoder(), frame, canvas);
-    } else {
+    if (!paintWith<CellPainter>(frame, canvas) && !paintWith<ScreenPainter>(frame, canvas) &&
+        !paintWith<SmoothPainter>(frame, canvas))
         drawPixels(frame, canvas);
-    }
     m_leastMilliseconds = std::min(m_leastMilliseconds, processorMilliseconds() - begin);
+}
+
+/// \return whether the frame is one for such a painter
+template<typename Painter>
+bool PassthroughView::paintWith(const Frame& frame, PixelCanvas& canvas)
+{
+    if (!Painter::canPaint(frame))
+        return false;
+    m_buffer = {};
+    if constexpr (std::is_same_v<Painter, CellPainter>)
+        canvas.releasePixels();
+    if (!std::holds_alternative<Painter>(m_painter))
+        m_painter.emplace<Painter>();
+    std::get<Painter>(m_painter).paint(m_graphics.encoder(), frame, canvas);
+    return true;
 }
 
 void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
@@ -153,9 +147,13 @@ void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
     readColors(m_buffer.framebuffer, frame.width, frame.height, canvas.pixels());
     canvas.presentPixels(std::array{
         PixelRect{0, 0, static_cast<std::uint16_t>(frame.width), static_cast<std::uint16_t>(frame.height)}});
-    m_cells.invalidate();
-    m_screen.invalidate();
-    m_smooth.invalidate();
+    invalidate();
+}
+
+/// What the painter has worked out stays: it is of use again after a cross-fade.
+void PassthroughView::invalidate()
+{
+    std::visit([](auto& painter) { painter.invalidate(); }, m_painter);
 }
 
 void PassthroughView::releaseObjects()

@@ -15,6 +15,7 @@
 #include <QObject>
 
 #include <limits>
+#include <variant>
 
 namespace tessel {
 
@@ -42,7 +43,10 @@ private:
     void draw();
     void drawOn(GpuCanvas& canvas);
     void drawOn(PixelCanvas& canvas);
+    template<typename Painter>
+    bool paintWith(const Frame& frame, PixelCanvas& canvas);
     void drawPixels(const Frame& frame, PixelCanvas& canvas);
+    void invalidate();
     [[nodiscard]] Frame nextFrame();
     void updateRate();
     void releaseObjects();
@@ -58,9 +62,7 @@ private:
     Scene& m_scene;
     Graphics& m_graphics;
     const float m_reference;
-    CellPainter m_cells;
-    ScreenPainter m_screen;
-    SmoothPainter m_smooth;
+    std::variant<CellPainter, ScreenPainter, SmoothPainter> m_painter;
     Buffer m_buffer;
     static constexpr double unmeasured = std::numeric_limits<double>::infinity();
 

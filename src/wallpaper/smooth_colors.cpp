@@ -3,6 +3,8 @@
 
 #include "wallpaper/smooth_colors.h"
 
+#include "base/bayer.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -35,10 +37,7 @@ float shifted(float tone, float offset)
 /// The threshold of the shaders' ordered noise, less a half.
 float noiseAt(unsigned x, unsigned y)
 {
-    unsigned rank = 0;
-    for (unsigned bit = 0; bit < 2; ++bit)
-        rank = rank << 2U | (((x ^ y) >> bit) & 1U) << 1U | ((y >> bit) & 1U);
-    return (static_cast<float>(rank) + 0.5F) / 16.0F - 0.5F;
+    return static_cast<float>(bayerThreshold(x, y, 2)) - 0.5F;
 }
 
 std::uint32_t packed(const Rgb& color, float noise)

@@ -18,7 +18,7 @@ namespace {
 
 constexpr float unknownRate = std::numeric_limits<float>::infinity();
 
-/// Tones of samples: the one that is shown as 0, and how many of them one of ours is.
+/// The sample whose tone is shown as 0.
 constexpr int sampledZero = 24576;
 static_assert((65535 - sampledZero) * 2 / 5 == SmoothColors::highestTone,
               "2.5 and 0 are as far apart as 65535 and the zero");
@@ -269,10 +269,15 @@ std::size_t SmoothPainter::index(CellTile tile) const
     return std::size_t{tile.row} * static_cast<std::size_t>(m_tiles.width) + tile.column;
 }
 
+/// Cells from one row to the next: those of whole tiles.
+std::size_t SmoothPainter::stride() const
+{
+    return static_cast<std::size_t>(m_tiles.width) * CellTile::side;
+}
+
 std::size_t SmoothPainter::firstCell(CellTile tile) const
 {
-    return (std::size_t{tile.row} * static_cast<std::size_t>(m_tiles.width) * CellTile::side + tile.column) *
-           CellTile::side;
+    return (std::size_t{tile.row} * stride() + tile.column) * CellTile::side;
 }
 
 /// What moves is in the next tile soon: that is evaluated as often, and not much more coarsely.
@@ -343,9 +348,8 @@ void SmoothPainter::update(CellTile tile, int step, const std::uint16_t* samples
     if (m_valid && change < leastChange * level)
         return;
     state.time = time;
-    const auto stride = static_cast<std::size_t>(m_tiles.width) * CellTile::side;
     for (std::size_t y = 0; y < CellTile::side; ++y)
-        std::copy_n(&tones[y * CellTile::side], CellTile::side, &m_tones[firstCell(tile) + y * stride]);
+        std::copy_n(&tones[y * CellTile::side], CellTile::side, &m_tones[firstCell(tile) + y * stride()]);
     m_changed.push_back(tile);
 }
 
@@ -353,14 +357,13 @@ void SmoothPainter::update(CellTile tile, int step, const std::uint16_t* samples
 /// \return how far one of them is from what is painted, the most
 int SmoothPainter::finish(CellTile tile, TileOfTones& tones) const
 {
-    const std::size_t first = firstCell(tile);
-    const auto stride = static_cast<std::size_t>(m_tiles.width) * CellTile::side;
     static constexpr std::array<std::int16_t, CellTile::side> none{};
+    std::size_t first = firstCell(tile);
     int change = 0;
-    for (std::size_t y = 0; y < CellTile::side; ++y) {
+    for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
         std::int16_t* row = &tones[y * CellTile::side];
-        const std::int16_t* painted = &m_tones[first + y * stride];
-        const std::int16_t* grain = m_grain.empty() ? none.data() : &m_grain[first + y * stride];
+        const std::int16_t* painted = &m_tones[first];
+        const std::int16_t* grain = m_grain.empty() ? none.data() : &m_grain[first];
         for (std::size_t x = 0; x < CellTile::side; ++x) {
             const int tone = std::clamp<int>(row[x] + grain[x], 0, SmoothColors::highestTone);
             change = std::max(change, std::abs(tone - painted[x]));
@@ -378,7 +381,7 @@ void SmoothPainter::paintCells(CellTile tile, std::uint32_t* pixels)
     const auto width = static_cast<std::size_t>(std::min<int>(CellTile::side, m_shape.width - left));
     const int bottom = std::min(top + CellTile::side, m_shape.height);
     const std::int16_t* tones = &m_tones[firstCell(tile)];
-    for (int y = top; y < bottom; ++y, tones += static_cast<std::size_t>(m_tiles.width) * CellTile::side) {
+    for (int y = top; y < bottom; ++y, tones += stride()) {
         const SmoothColors::Row colors = m_colors.row(y);
         std::uint32_t* out = pixels + cellCount({m_shape.width, y}) + left;
         for (std::size_t x = 0; x < width; ++x)
@@ -396,7 +399,7 @@ SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
     for (auto& colors : cells) {
         const int inside = std::clamp(row++, 0, m_grid.height - 1);
         const SmoothColors::Row tables = m_colors.row(inside);
-        const std::int16_t* tones = &m_tones[cellCount({m_tiles.width * CellTile::side, inside})];
+        const std::int16_t* tones = &m_tones[static_cast<std::size_t>(inside) * stride()];
         int column = tile.column * CellTile::side - 1;
         for (std::uint32_t& color : colors) {
             const auto place = static_cast<std::size_t>(std::clamp(column++, 0, m_grid.width - 1));

@@ -28,9 +28,10 @@ public:
     /// Whether a frame can be painted so.
     [[nodiscard]] static bool canPaint(const Frame& frame);
 
-    /// Paints a frame that canPaint(), with an OpenGL context current for sampling the pattern. The pixels of
-    /// the canvas must be as they were left. \return whether anything had to be painted; false also where the
-    /// GPU has no room for the samples \throws DrawingError
+    /// Paints a frame that canPaint(), with an OpenGL context current for sampling the pattern.
+    /// The pixels of the canvas must be as they were left.
+    /// \return whether anything had to be painted; false also where the GPU has no room for the samples
+    /// \throws DrawingError
     bool paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas);
 
     /// The canvas no longer shows what was painted: the next frame is painted whole.
@@ -69,6 +70,7 @@ private:
     void paintBetweenCells(CellTile tile, std::uint32_t* pixels);
 
     [[nodiscard]] std::size_t index(CellTile tile) const;
+    [[nodiscard]] std::size_t stride() const;
     [[nodiscard]] std::size_t firstCell(CellTile tile) const;
 
     Shape m_shape;
