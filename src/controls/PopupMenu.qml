@@ -60,6 +60,8 @@ FocusScope {
         if (!isOpen)
             return
         isOpen = false
+        // A scope around this that had the focus itself would hand it on to this again.
+        focus = false
         if (before)
             before.forceActiveFocus(Qt.PopupFocusReason)
         closed()

@@ -38,6 +38,8 @@ FocusScope {
 
     function close() {
         isOpen = false
+        // A scope around this that had the focus itself would hand it on to this again.
+        focus = false
         if (before)
             before.forceActiveFocus(Qt.PopupFocusReason)
     }

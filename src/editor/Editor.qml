@@ -46,11 +46,11 @@ FocusScope {
             event.accepted = false
     }
 
-    // What is pressed nowhere takes the focus from fields.
+    // What is pressed nowhere takes the focus from fields. A scope would hand it back to them.
     MouseArea {
         anchors.fill: parent
 
-        onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
+        onPressed: forceActiveFocus(Qt.MouseFocusReason)
     }
     Header {
         isExporting: exportMenu.isOpen

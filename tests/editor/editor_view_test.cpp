@@ -358,5 +358,26 @@ TEST_F(EditorViewTest, SpaceHoldsThePreviewAndFailuresAreTold)
     EXPECT_EQ(focused(), "Preview: Flow Ember");
 }
 
+TEST_F(EditorViewTest, KeysAreHeardWhereNothingHasTheFocus)
+{
+    const auto undoes = [this] {
+        m_store->changeLook(lookWithSeed(9));
+        press(Qt::Key_Z, Qt::ControlModifier);
+        return m_store->look() == Look();
+    };
+    EXPECT_TRUE(undoes());
+    Q_EMIT m_model.told(QStringLiteral("Could not paste that"), QStringLiteral("It holds no look."));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(undoes()) << "after a sheet";
+    QTest::mouseClick(&m_view, Qt::LeftButton, {}, place("Export PNG") + QPoint(4, 4));
+    ASSERT_NE(item("Square  ·  2048 × 2048"), nullptr);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(undoes()) << "after a menu";
+    focus("Scale");
+    QTest::mouseClick(&m_view, Qt::LeftButton, {}, place("Scale") + QPoint(-6, 0));
+    EXPECT_NE(focused(), "Scale") << "a press beside it takes the focus from it";
+    EXPECT_TRUE(undoes());
+}
+
 } // namespace
 } // namespace tessel
