@@ -321,6 +321,152 @@
     </message>
 </context>
 <context>
+    <name>Json</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>the JSON is nested more than %1 deep; looks and lists of them need no more than 4</source>
+        <translation>das JSON ist mehr als %1-fach verschachtelt; Looks und Listen davon brauchen höchstens 4 Ebenen</translation>
+    </message>
+    <message>
+        <source>there is more text after the end of the JSON value</source>
+        <translation>nach dem Ende des JSON-Werts folgt weiterer Text</translation>
+    </message>
+    <message>
+        <source>the text ends before the JSON value is complete</source>
+        <translation>der Text endet, bevor der JSON-Wert vollständig ist</translation>
+    </message>
+    <message>
+        <source>the text is not UTF-8 here</source>
+        <translation>hier ist der Text kein UTF-8</translation>
+    </message>
+    <message>
+        <source>%1 cannot stand here</source>
+        <translation>%1 darf hier nicht stehen</translation>
+    </message>
+    <message>
+        <source>a NUL character cannot stand in JSON</source>
+        <translation>ein NUL-Zeichen darf in JSON nicht stehen</translation>
+    </message>
+    <message>
+        <source>the text is not JSON</source>
+        <translation>der Text ist kein JSON</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>ein Array</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected</source>
+        <translation>erwartet wird eine Zahl von -3.4028235e+38 bis 3.4028235e+38 (Gleitkommazahl mit 32 Bit)</translation>
+    </message>
+    <message>
+        <source>true or false is expected</source>
+        <translation>erwartet wird true oder false</translation>
+    </message>
+    <message>
+        <source>a colour is a whole number from 0 to 4294967295</source>
+        <translation>eine Farbe ist eine ganze Zahl von 0 bis 4294967295</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 (Flow) to 35 (Neuro) is expected</source>
+        <translation>erwartet wird eine ganze Zahl von 0 (Flow) bis 35 (Neuro)</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 9223372036854775807 is expected</source>
+        <translation>erwartet wird eine ganze Zahl von 0 bis 9223372036854775807</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 (Smooth) to 9 (Benday) is expected</source>
+        <translation>erwartet wird eine ganze Zahl von 0 (Smooth) bis 9 (Benday)</translation>
+    </message>
+    <message>
+        <source>the path of a photo as a string, without NUL characters, is expected</source>
+        <translation>erwartet wird der Pfad eines Fotos als Zeichenkette ohne NUL-Zeichen</translation>
+    </message>
+    <message>
+        <source>an array of colours, whole numbers from 0 to 4294967295, is expected</source>
+        <translation>erwartet wird ein Array von Farben, ganzen Zahlen von 0 bis 4294967295</translation>
+    </message>
+    <message>
+        <source>a UUID such as &quot;6F9619FF-8B86-D011-B42D-00C04FC964FF&quot; is expected</source>
+        <translation>erwartet wird eine UUID wie &quot;6F9619FF-8B86-D011-B42D-00C04FC964FF&quot;</translation>
+    </message>
+    <message>
+        <source>a string is expected</source>
+        <translation>erwartet wird eine Zeichenkette</translation>
+    </message>
+    <message>
+        <source>a look (a JSON object) is expected</source>
+        <translation>erwartet wird ein Look (ein JSON-Objekt)</translation>
+    </message>
+    <message>
+        <source>%1 holds %2; %3</source>
+        <extracomment>%1 is a place such as entry 3: &quot;pattern&quot;, %2 a value, %3 what is expected</extracomment>
+        <translation>%1 enthält %2; %3</translation>
+    </message>
+    <message>
+        <source>entry %1: </source>
+        <extracomment>of a list; followed by what is wrong with it</extracomment>
+        <translation>Eintrag %1: </translation>
+    </message>
+    <message>
+        <source>text in UTF-8 is expected</source>
+        <translation>erwartet wird Text in UTF-8</translation>
+    </message>
+    <message>
+        <source>%1 is missing; %2</source>
+        <translation>%1 fehlt; %2</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>a Boolean</source>
+        <translation>ein Wahrheitswert</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>eine Zeichenkette</translation>
+    </message>
+    <message>
+        <source>%1, this is %2</source>
+        <extracomment>such as: a look is a JSON object, this is an array</extracomment>
+        <translation>%1, dies ist %2</translation>
+    </message>
+    <message>
+        <source>a look is a JSON object</source>
+        <translation>ein Look ist ein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>a list of looks is a JSON array</source>
+        <translation>eine Liste von Looks ist ein JSON-Array</translation>
+    </message>
+    <message>
+        <source>a list of presets is a JSON array</source>
+        <translation>eine Liste von Vorlagen ist ein JSON-Array</translation>
+    </message>
+    <message>
+        <source>a preset is a JSON object</source>
+        <translation>eine Vorlage ist ein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>a list of colour lists is a JSON array</source>
+        <translation>eine Liste von Farblisten ist ein JSON-Array</translation>
+    </message>
+    <message>
+        <source>a colour list is a JSON array</source>
+        <translation>eine Farbliste ist ein JSON-Array</translation>
+    </message>
+</context>
+<context>
     <name>LadlePage</name>
     <message>
         <source>Keep it on the</source>

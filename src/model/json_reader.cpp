@@ -3,6 +3,7 @@
 
 #include "model/json_reader.h"
 
+#include <QCoreApplication>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -70,7 +71,7 @@ std::string lineAndColumn(std::string_view text, std::size_t offset)
     const auto column = std::count_if(before.begin() + static_cast<std::ptrdiff_t>(lineStart), before.end(),
                                       [](char byte) { return !continuesCharacter(byte); }) +
                         1;
-    return "line " + std::to_string(line) + ", column " + std::to_string(column);
+    return say(QT_TRANSLATE_NOOP("Json", "line %1, column %2"), std::to_string(line), std::to_string(column));
 }
 
 /// The character that starts at a byte.
@@ -266,8 +267,9 @@ private:
     bool open(Node&& container)
     {
         if (m_frames.size() == maxDepth) {
-            throw JsonError("the JSON is nested more than " + std::to_string(maxDepth) +
-                            " deep; looks and lists of them need no more than 4");
+            throw JsonError(say(QT_TRANSLATE_NOOP("Json", "the JSON is nested more than %1 deep; looks and "
+                                                          "lists of them need no more than 4"),
+                                std::to_string(maxDepth)));
         }
         m_frames.push_back({std::move(container), {}});
         return true;
@@ -298,15 +300,16 @@ private:
     [[nodiscard]] std::string reason(std::size_t offset, std::string_view message) const
     {
         if (m_isComplete)
-            return "there is more text after the end of the JSON value";
+            return say(QT_TRANSLATE_NOOP("Json", "there is more text after the end of the JSON value"));
         if (offset == m_json.text.size())
-            return "the text ends before the JSON value is complete";
+            return say(QT_TRANSLATE_NOOP("Json", "the text ends before the JSON value is complete"));
         // What follows this mark quotes the text that was read, which may be long or no UTF-8.
         message = message.substr(0, message.find("; last read: "));
         if (message.ends_with("ill-formed UTF-8 byte"))
-            return "the text is not UTF-8 here";
+            return say(QT_TRANSLATE_NOOP("Json", "the text is not UTF-8 here"));
         if (message.ends_with("invalid literal"))
-            return inQuotes(characterAt(m_json.text, offset)) + " cannot stand here";
+            return say(QT_TRANSLATE_NOOP("Json", "%1 cannot stand here"),
+                       inQuotes(characterAt(m_json.text, offset)));
         const std::string_view mark = " - ";
         const std::size_t markAt = message.find(mark);
         return std::string(markAt == std::string_view::npos ? message : message.substr(markAt + mark.size()));
@@ -321,16 +324,23 @@ private:
 
 } // namespace
 
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Json", text);
+}
+
 Node read(std::string_view text)
 {
     // To the library a NUL is the end of the text, whatever comes after it.
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos)
-        throw JsonError(lineAndColumn(text, nul) + ": a NUL character cannot stand in JSON");
+        throw JsonError(lineAndColumn(text, nul) + ": " +
+                        say(QT_TRANSLATE_NOOP("Json", "a NUL character cannot stand in JSON")));
     const DecimalPoint decimalPoint;
     const FittingText json = fitting(text);
     Builder builder(json);
     if (!Library::sax_parse(json.text.begin(), json.text.end(), &builder))
-        throw JsonError("the text is not JSON"); // every cause known to us has thrown already
+        // Every cause known to us has thrown already.
+        throw JsonError(say(QT_TRANSLATE_NOOP("Json", "the text is not JSON")));
     return builder.takeRoot();
 }
 
@@ -387,8 +397,8 @@ std::string describe(const Node& node)
         std::string operator()(std::int64_t value) const { return std::to_string(value); }
         std::string operator()(const Number& number) const { return shortened(number.text); }
         std::string operator()(const std::string& text) const { return inQuotes(text); }
-        std::string operator()(const Array&) const { return "an array"; }
-        std::string operator()(const Object&) const { return "an object"; }
+        std::string operator()(const Array&) const { return say(QT_TRANSLATE_NOOP("Json", "an array")); }
+        std::string operator()(const Object&) const { return say(QT_TRANSLATE_NOOP("Json", "an object")); }
     };
     return std::visit(Describer{}, node.value);
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QString>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -52,6 +54,19 @@ struct Member
     std::string key;
     Node node;
 };
+
+/// Text in the language of the program. \param text in English, marked for translation in the context "Json"
+[[nodiscard]] QString translated(const char* text);
+
+/// A message with these parts, in UTF-8, for its %1, %2 and so on.
+template<typename... Parts>
+[[nodiscard]] std::string say(const char* text, const Parts&... parts)
+{
+    if constexpr (sizeof...(parts) == 0)
+        return translated(text).toStdString();
+    else
+        return translated(text).arg(QString::fromStdString(parts)...).toStdString();
+}
 
 /// Reads one JSON value, strictly: nothing may follow it, and nothing may be nested deeper than `maxDepth`.
 /// Of a key that stands twice in an object the last value counts. Numbers may be as large as they like.

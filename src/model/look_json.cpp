@@ -6,6 +6,8 @@
 #include "model/json_reader.h"
 #include "model/sliders.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -21,25 +23,27 @@ using json::Array;
 using json::describe;
 using json::Node;
 using json::Object;
+using json::say;
 
 constexpr std::int64_t maxColor = 0xFFFFFFFF;
 
-constexpr std::string_view floatExpected =
-    "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected";
-constexpr std::string_view boolExpected = "true or false is expected";
-constexpr std::string_view colorExpected = "a colour is a whole number from 0 to 4294967295";
+constexpr const char* floatExpected =
+    QT_TRANSLATE_NOOP("Json", "a number from -3.4028235e+38 to 3.4028235e+38 (a 32-bit float) is expected");
+constexpr const char* boolExpected = QT_TRANSLATE_NOOP("Json", "true or false is expected");
+constexpr const char* colorExpected =
+    QT_TRANSLATE_NOOP("Json", "a colour is a whole number from 0 to 4294967295");
 
 struct KeyExpectation
 {
     std::string_view key;
-    std::string_view expected;
+    const char* expected;
 };
 
 /// What is right for each key, worded to follow "<key> holds <value>; ".
 constexpr std::array<KeyExpectation, 20> keyExpectations{{
-    {"pattern", "a whole number from 0 (Flow) to 35 (Neuro) is expected"},
-    {"palette", "a whole number from 0 to 9223372036854775807 is expected"},
-    {"dither", "a whole number from 0 (Smooth) to 9 (Benday) is expected"},
+    {"pattern", QT_TRANSLATE_NOOP("Json", "a whole number from 0 (Flow) to 35 (Neuro) is expected")},
+    {"palette", QT_TRANSLATE_NOOP("Json", "a whole number from 0 to 9223372036854775807 is expected")},
+    {"dither", QT_TRANSLATE_NOOP("Json", "a whole number from 0 (Smooth) to 9 (Benday) is expected")},
     {"pixel", floatExpected},
     {"levels", floatExpected},
     {"scale", floatExpected},
@@ -51,30 +55,35 @@ constexpr std::array<KeyExpectation, 20> keyExpectations{{
     {"vignette", floatExpected},
     {"invert", boolExpected},
     {"seed", floatExpected},
-    {"imagePath", "the path of a photo as a string, without NUL characters, is expected"},
-    {"custom", "an array of colours, whole numbers from 0 to 4294967295, is expected"},
-    {"id", R"(a UUID such as "6F9619FF-8B86-D011-B42D-00C04FC964FF" is expected)"},
-    {"name", "a string is expected"},
-    {"look", "a look (a JSON object) is expected"},
+    {"imagePath",
+     QT_TRANSLATE_NOOP("Json", "the path of a photo as a string, without NUL characters, is expected")},
+    {"custom",
+     QT_TRANSLATE_NOOP("Json", "an array of colours, whole numbers from 0 to 4294967295, is expected")},
+    {"id", QT_TRANSLATE_NOOP("Json", "a UUID such as \"6F9619FF-8B86-D011-B42D-00C04FC964FF\" is expected")},
+    {"name", QT_TRANSLATE_NOOP("Json", "a string is expected")},
+    {"look", QT_TRANSLATE_NOOP("Json", "a look (a JSON object) is expected")},
     {"motion", boolExpected},
 }};
 
-std::string_view expectedFor(std::string_view key)
+const char* expectedFor(std::string_view key)
 {
     const auto* const entry = std::ranges::find(keyExpectations, key, &KeyExpectation::key);
-    return entry == keyExpectations.end() ? std::string_view() : entry->expected;
+    return entry == keyExpectations.end() ? "" : entry->expected;
 }
 
 /// \param name what holds the value, as `entry 3: "pattern"`
 /// \param held the value as a person would write it
-[[noreturn]] void refuse(const std::string& name, const std::string& held, std::string_view expected)
+/// \param expected what would be right, not translated yet
+[[noreturn]] void refuse(const std::string& name, const std::string& held, const char* expected)
 {
-    throw JsonError(name + " holds " + held + "; " + std::string(expected));
+    //: %1 is a place such as entry 3: "pattern", %2 a value, %3 what is expected
+    throw JsonError(say(QT_TRANSLATE_NOOP("Json", "%1 holds %2; %3"), name, held, say(expected)));
 }
 
 std::string entryPrefix(std::size_t index)
 {
-    return "entry " + std::to_string(index + 1) + ": ";
+    //: of a list; followed by what is wrong with it
+    return say(QT_TRANSLATE_NOOP("Json", "entry %1: "), std::to_string(index + 1));
 }
 
 std::string quotedKey(std::string_view key)
@@ -207,7 +216,7 @@ private:
         const std::optional<std::string> string = json::escaped(value);
         if (!isRight || !string) {
             refuse(m_where + quotedKey(key), json::inQuotes(value),
-                   isRight ? "text in UTF-8 is expected" : expectedFor(key));
+                   isRight ? QT_TRANSLATE_NOOP("Json", "text in UTF-8 is expected") : expectedFor(key));
         }
         writeKey(key);
         m_text += *string;
@@ -279,7 +288,8 @@ public:
     {
         const Node* node = json::find(m_object, key);
         if (node == nullptr)
-            throw JsonError(m_where + quotedKey(key) + " is missing; " + std::string(expectedFor(key)));
+            throw JsonError(say(QT_TRANSLATE_NOOP("Json", "%1 is missing; %2"), m_where + quotedKey(key),
+                                say(expectedFor(key))));
         if (std::holds_alternative<std::nullptr_t>(node->value))
             refuse(m_where + quotedKey(key), describe(*node), expectedFor(key));
     }
@@ -376,29 +386,38 @@ Preset readPreset(const Fields& fields)
 }
 
 /// The article and type of a value, as in "this is an array".
-std::string_view typeName(const Node& node)
+const char* typeName(const Node& node)
 {
-    constexpr std::array<std::string_view, std::variant_size_v<decltype(Node::value)>> names{
-        "null", "a Boolean", "a number", "a number", "a string", "an array", "an object"};
+    static constexpr const char* number = QT_TRANSLATE_NOOP("Json", "a number");
+    static constexpr std::array<const char*, std::variant_size_v<decltype(Node::value)>> names{
+        "null",
+        QT_TRANSLATE_NOOP("Json", "a Boolean"),
+        number,
+        number,
+        QT_TRANSLATE_NOOP("Json", "a string"),
+        QT_TRANSLATE_NOOP("Json", "an array"),
+        QT_TRANSLATE_NOOP("Json", "an object")};
     return names.at(node.value.index());
 }
 
 /// The value as an object or an array.
 /// \param rule what it should be, as "a look is a JSON object"
 template<typename Container>
-const Container& container(const Node& node, std::string_view where, std::string_view rule)
+const Container& container(const Node& node, std::string_view where, const char* rule)
 {
     const auto* value = std::get_if<Container>(&node.value);
     if (value == nullptr)
-        throw JsonError(std::string(where) + std::string(rule) + ", this is " + std::string(typeName(node)));
+        //: such as: a look is a JSON object, this is an array
+        throw JsonError(std::string(where) +
+                        say(QT_TRANSLATE_NOOP("Json", "%1, this is %2"), say(rule), say(typeName(node))));
     return *value;
 }
 
-constexpr std::string_view lookRule = "a look is a JSON object";
+constexpr const char* lookRule = QT_TRANSLATE_NOOP("Json", "a look is a JSON object");
 
 /// \param readEntry takes an entry and the prefix for messages about it
 template<typename Entry, typename ReadEntry>
-std::vector<Entry> readEntries(std::string_view text, std::string_view rule, ReadEntry readEntry)
+std::vector<Entry> readEntries(std::string_view text, const char* rule, ReadEntry readEntry)
 {
     const Node root = json::read(text);
     const auto& array = container<Array>(root, {}, rule);
@@ -447,7 +466,7 @@ Look decodeLook(std::string_view json)
 
 std::vector<Look> decodeLooks(std::string_view json)
 {
-    return readEntries<Look>(json, "a list of looks is a JSON array",
+    return readEntries<Look>(json, QT_TRANSLATE_NOOP("Json", "a list of looks is a JSON array"),
                              [](const Node& node, const std::string& where) {
                                  return readLook({container<Object>(node, where, lookRule), where});
                              });
@@ -456,16 +475,22 @@ std::vector<Look> decodeLooks(std::string_view json)
 std::vector<Preset> decodePresets(std::string_view json)
 {
     return readEntries<Preset>(
-        json, "a list of presets is a JSON array", [](const Node& node, const std::string& where) {
-            return readPreset({container<Object>(node, where, "a preset is a JSON object"), where});
+        json, QT_TRANSLATE_NOOP("Json", "a list of presets is a JSON array"),
+        [](const Node& node, const std::string& where) {
+            return readPreset(
+                {container<Object>(node, where, QT_TRANSLATE_NOOP("Json", "a preset is a JSON object")),
+                 where});
         });
 }
 
 std::vector<std::vector<Color>> decodeColorLists(std::string_view json)
 {
     return readEntries<std::vector<Color>>(
-        json, "a list of colour lists is a JSON array", [](const Node& node, const std::string& where) {
-            return readColors(container<Array>(node, where, "a colour list is a JSON array"), where);
+        json, QT_TRANSLATE_NOOP("Json", "a list of colour lists is a JSON array"),
+        [](const Node& node, const std::string& where) {
+            return readColors(
+                container<Array>(node, where, QT_TRANSLATE_NOOP("Json", "a colour list is a JSON array")),
+                where);
         });
 }
 
