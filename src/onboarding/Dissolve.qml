@@ -16,8 +16,17 @@ Item {
     height: 560
     width: 880
 
+    // The first one of all takes a second: it comes up softly.
     TilePicture {
+        opacity: status === Image.Ready ? 1 : 0
         source: root.picture
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.springTime
+                easing.type: Easing.OutQuad
+            }
+        }
     }
     Art {
         anchors.fill: parent
