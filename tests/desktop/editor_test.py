@@ -79,6 +79,22 @@ class EditorTest(EdgeTest):
         self.desktop.press_keys("ctrl+v")
         self.wait_for_draft("what was copied", pattern=2)
 
+    def copy_elsewhere(self, text: str) -> None:
+        """Has another program copy something."""
+        file = self.desktop.folder / "copied"
+        file.write_text(text)
+        self.desktop.start("xclip", "-quiet", "-selection", "clipboard", "-in", str(file))
+        wait_until(lambda: self.desktop.output("xclip", "-selection", "clipboard", "-out") == text, "what was copied")
+
+    def test_what_another_program_copied_is_pasted(self) -> None:
+        self.open_editor()
+        self.copy_elsewhere('{"pattern": 5, "seed": 77}')
+        self.desktop.press_keys("ctrl+v")
+        self.wait_for_draft("the look that was pasted", pattern=5, seed=77)
+        self.copy_elsewhere("words that are no look")
+        self.desktop.press_keys("ctrl+v")
+        self.reader.find("There is no look in that", "dialog")
+
     def test_a_palette_that_was_not_saved_goes_with_the_editor(self) -> None:
         self.open_editor()
         self.reader.find("Color", "page tab").press()
