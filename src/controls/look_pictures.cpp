@@ -21,6 +21,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 namespace tessel {
 
@@ -126,7 +127,7 @@ QImage imageOf(const Picture& picture)
 
 } // namespace
 
-/// Draws what is asked for. Lives on the thread where it draws.
+/// Draws what is asked for, the newest first. Lives on the thread where it draws.
 class LookPictures::Painter : public QObject
 {
 public:
@@ -135,6 +136,35 @@ public:
         m_idle.setSingleShot(true);
         m_idle.setInterval(patience);
         connect(&m_idle, &QTimer::timeout, this, &Painter::forget);
+    }
+
+    /// May be called from any thread.
+    void add(std::shared_ptr<Order> order)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_orders.push_back(std::move(order));
+    }
+
+    /// To be called once for each that was added. Qt asks for the pictures of a page from its end, and for
+    /// those that are scrolled into sight after others.
+    void carryOutNewest() { carryOut(*takeNewest()); }
+
+    void forget()
+    {
+        if (m_graphics == nullptr)
+            return;
+        const BackgroundDrawing drawing; // the driver takes apart what it drew with
+        m_graphics.reset();
+        releaseUnusedMemory();
+    }
+
+private:
+    std::shared_ptr<Order> takeNewest()
+    {
+        const std::lock_guard lock(m_mutex);
+        std::shared_ptr<Order> newest = std::move(m_orders.back());
+        m_orders.pop_back();
+        return newest;
     }
 
     void carryOut(Order& order)
@@ -152,16 +182,6 @@ public:
         m_idle.start();
     }
 
-    void forget()
-    {
-        if (m_graphics == nullptr)
-            return;
-        const BackgroundDrawing drawing; // the driver takes apart what it drew with
-        m_graphics.reset();
-        releaseUnusedMemory();
-    }
-
-private:
     QImage draw(const Look& look, QSize size)
     {
         BackgroundDrawing drawing;
@@ -178,6 +198,8 @@ private:
         return imageOf(*picture);
     }
 
+    std::mutex m_mutex;
+    std::vector<std::shared_ptr<Order>> m_orders;
     std::unique_ptr<Graphics> m_graphics;
     QTimer m_idle{this};
 };
@@ -222,9 +244,10 @@ QQuickImageResponse* LookPictures::request(const QString& id, const QSize& reque
     order->size = sizeOf(requestedSize);
     auto* response = new Response(order);
     order->response = response;
-    m_worker.run([this, order] {
+    m_painter->add(order);
+    m_worker.run([this] {
         if (!m_isEnding)
-            m_painter->carryOut(*order);
+            m_painter->carryOutNewest();
     });
     return response;
 }

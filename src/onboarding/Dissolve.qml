@@ -12,13 +12,16 @@ Item {
     required property string extent
     /** The text is on the right. */
     required property bool isMirrored
+    readonly property bool isThere: drawn.status === Image.Ready
 
     height: 560
     width: 880
 
     // The first one of all takes a second: it comes up softly.
     TilePicture {
-        opacity: status === Image.Ready ? 1 : 0
+        id: drawn
+
+        opacity: root.isThere ? 1 : 0
         source: root.picture
 
         Behavior on opacity {

@@ -92,8 +92,12 @@ FocusScope {
             }
         }
         PicturesAhead {
-            begun: page.status === Loader.Ready // the first page's come first
+            readonly property Page shown: page.item as Page
+            readonly property bool mayBegin: shown && shown.isThere
+
             model: root.model
+
+            onMayBeginChanged: begun = true // the first page's comes first
         }
         Footer {
             id: footer

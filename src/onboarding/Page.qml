@@ -8,6 +8,8 @@ Item {
     required property Onboarding model
     /** Its first control, if the keyboard begins there. */
     property Item firstStop: null
+    /** Its picture is drawn, if that is waited for. */
+    property bool isThere: true
     /** People read from the right. */
     readonly property bool isMirrored: Application.layoutDirection === Qt.RightToLeft
 

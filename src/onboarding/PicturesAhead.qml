@@ -11,7 +11,7 @@ Item {
     id: root
 
     required property Onboarding model
-    required property bool begun
+    property bool begun: false
 
     visible: false
 

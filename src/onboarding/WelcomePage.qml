@@ -6,7 +6,11 @@ import QtQuick
 Page {
     id: root
 
+    isThere: dissolve.isThere
+
     Dissolve {
+        id: dissolve
+
         extent: "wide"
         isMirrored: root.isMirrored
         picture: root.model.welcomePicture
