@@ -105,11 +105,12 @@ class Application:
 
     def wake_ups(self, seconds: float) -> float:
         """How often a second any of its threads has given up the processor, or was made to."""
-        before = self._switches()
+        before = self.switches()
         time.sleep(seconds)
-        return (self._switches() - before) / seconds
+        return (self.switches() - before) / seconds
 
-    def _switches(self) -> int:
+    def switches(self) -> int:
+        """How often its threads have done that since they began."""
         total = 0
         for thread in Path(f"/proc/{self.process.pid}/task").iterdir():
             with suppress(OSError):
