@@ -126,11 +126,9 @@ void AppDelegate::connectSystem()
     connect(&m_parts.dialogs, &Dialogs::quitRequested, this, &AppDelegate::quit);
     connect(&m_parts.quitSignals, &QuitSignals::received, this, &AppDelegate::quit);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
-    connect(&m_rest, &QTimer::timeout, this, [] {
-        releaseUnusedMemory();
-        releaseUnusedCode();
-    });
-    connect(&m_parts.store, &Store::desktopChanged, &m_rest, qOverload<>(&QTimer::start));
+    connect(&m_rest, &QTimer::timeout, this, &AppDelegate::rest);
+    for (const auto signal : {&Store::desktopChanged, &Store::appliedMotionChanged})
+        connect(&m_parts.store, signal, &m_rest, qOverload<>(&QTimer::start));
     connect(&m_parts.edge, &EdgeController::modeChanged, &m_rest, qOverload<>(&QTimer::start));
     m_rest.start();
     // Whether the program starts with the session is the user's choice, made elsewhere.
@@ -138,6 +136,15 @@ void AppDelegate::connectSystem()
             [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
     connect(qApp, &QGuiApplication::commitDataRequest, this,
             [this](QSessionManager& /*session*/) { static_cast<void>(m_parts.store.saveNow()); });
+}
+
+/// Gives back what is not in use.
+void AppDelegate::rest()
+{
+    if (m_parts.edge.mode() != Mode::open)
+        m_parts.wallpaper.rest();
+    releaseUnusedMemory();
+    releaseUnusedCode();
 }
 
 void AppDelegate::installMenu()

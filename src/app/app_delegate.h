@@ -72,6 +72,7 @@ Q_SIGNALS:
 private:
     void connectStore();
     void connectSystem();
+    void rest();
     void installMenu();
     void greet();
     void reopen();

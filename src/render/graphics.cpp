@@ -74,6 +74,15 @@ void Graphics::renew()
     begin();
 }
 
+void Graphics::rest()
+{
+    try {
+        renew();
+    } catch (const ContextError&) {
+        // Nobody draws now, and makeCurrent() tries it again.
+    }
+}
+
 std::optional<Picture> Graphics::draw(const Frame& frame)
 {
     makeCurrent();

@@ -44,13 +44,18 @@ public:
     /// where there is none.
     void setLongestScreen(int pixels) { m_longestScreen = pixels; }
 
+    /// Gives back what the driver and the encoder have kept, which without a GPU is most of the program's
+    /// memory: the context is made anew, as after a loss. Where there can be no other, whoever draws next is
+    /// told.
+    void rest();
+
     /// One frame as a picture; none if its size is not positive or more than can be drawn at once.
     /// \throws ContextError, and what FrameEncoder::encode() throws
     [[nodiscard]] std::optional<Picture> draw(const Frame& frame);
 
 Q_SIGNALS:
-    /// The context was lost and there is another one, which is current: all OpenGL objects are gone, and
-    /// those who hold some are to release them now.
+    /// The context was lost or given back and there is another one, which is current: all OpenGL objects are
+    /// gone, and those who hold some are to release them now.
     void renewed();
 
 private:

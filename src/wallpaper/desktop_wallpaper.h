@@ -21,6 +21,9 @@ public:
     /// Shows a look that was just put on the desktop.
     virtual void apply(ContinueFromEditor continuing) = 0;
 
+    /// Gives back what was needed for drawing, unless something plays.
+    virtual void rest() = 0;
+
     /// Takes everything of ours down and remembers where the animation was, as the program ends.
     virtual void stop() = 0;
 

@@ -46,6 +46,12 @@ void Wallpaper::apply(ContinueFromEditor continuing)
     m_stills.schedule();
 }
 
+void Wallpaper::rest()
+{
+    if (!m_live.arePlaying())
+        m_environment.graphics.rest();
+}
+
 void Wallpaper::stop()
 {
     m_stills.finish();

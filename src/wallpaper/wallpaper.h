@@ -28,6 +28,8 @@ public:
     /// Cross-fades to the look, and shows it later as a still behind or instead of the animation.
     void apply(ContinueFromEditor continuing) override;
 
+    void rest() override;
+
     /// A still that is not made yet is waited for, within the delay for leaving.
     void stop() override;
 

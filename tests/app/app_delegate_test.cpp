@@ -39,6 +39,7 @@ public:
 
     void start() override { steps.emplace_back("start"); }
     void apply(ContinueFromEditor /*continuing*/) override { steps.emplace_back("apply"); }
+    void rest() override { steps.emplace_back("rest"); }
     void stop() override
     {
         steps.emplace_back(openDialogs().isEmpty() ? "stop" : "stop while dialogs are open");

@@ -63,6 +63,21 @@ TEST_F(GraphicsTest, ALostContextIsMadeAnewAndDrawsTheSame)
     EXPECT_TRUE(isSame(*before, *m_ours.draw(frame))) << "it has come back";
 }
 
+TEST_F(GraphicsTest, WhatIsGivenBackIsMadeAnew)
+{
+    const Look look;
+    const Frame frame{.previous = look, .current = look, .width = 160, .height = 90};
+    const auto before = m_ours.draw(frame);
+    const FragileContext* const first = m_context;
+    m_hasGpu = false;
+    m_ours.rest();
+    EXPECT_TRUE(isSame(*before, *m_ours.draw(frame))) << "without another context the old one stays";
+    m_hasGpu = true;
+    m_ours.rest();
+    EXPECT_NE(m_context, first);
+    EXPECT_TRUE(isSame(*before, *m_ours.draw(frame)));
+}
+
 TEST_F(GraphicsTest, ContextsDoNotDisturbEachOther)
 {
     const Look look;

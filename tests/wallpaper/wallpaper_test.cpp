@@ -139,6 +139,26 @@ TEST_F(WallpaperTest, AnAnimationPlaysOnOverItsPicture)
     EXPECT_EQ(pictures.sets, 2);
 }
 
+TEST_F(WallpaperTest, RestsOnlyWhileNothingPlaysAndDrawsAgainAfterIt)
+{
+    int renewals = 0;
+    const QObject context; // the graphics outlive this
+    QObject::connect(&graphics, &Graphics::renewed, &context, [&renewals] { ++renewals; });
+    wallpaper->start();
+    apply(2, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 1; }));
+    wallpaper->rest();
+    EXPECT_EQ(renewals, 0);
+    EXPECT_TRUE(isMoving());
+    apply(3, false);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 2 && visibleWindows() == 0; }));
+    wallpaper->rest();
+    EXPECT_EQ(renewals, 1);
+    apply(4, true);
+    ASSERT_TRUE(waitUntil([&] { return pictures.sets == 3; }));
+    EXPECT_TRUE(isMoving());
+}
+
 TEST_F(WallpaperTest, AHandleOnTheOtherSideLeavesThePictureAlone)
 {
     wallpaper->start();
