@@ -62,8 +62,8 @@ Inks inksAt(vec2 position)
     float down = abs(slope.y);
     float steep = max(across, down);
     // A place keeps its chances, so that nothing boils where the tone moves. Most characters are as dense as the tone
-    // has them; some are sparser, the more where it is flat.
-    vec2 chance = unit2(hashBits(ivec2(position) + 977));
+    // has them; some are sparser, the more where it is flat. Where they are too small to be read all that would be noise.
+    vec2 chance = cellSize > 4.5 ? unit2(hashBits(ivec2(position) + 977)) : vec2(0.0);
     float density = inkDensity(tone) * 16.0;
     float sparser = chance.x * chance.x;
     density += saturate(0.4 * density) * (0.7 - mix(5.0, 1.5, saturate(12.0 * steep)) * sparser * sparser);

@@ -42,7 +42,7 @@ void prepare(inout vec4 k[8])
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     kCentre = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    kZoom = sqrt(lookScale) * pow(coarseness(), -0.3) * inversesqrt(aspect);
+    kZoom = sqrt(lookScale) * pow(coarseness(), -0.5) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
     kLight = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.
@@ -143,13 +143,16 @@ float pattern(vec2 p, vec4 k[8])
     // Away from the middle: a facet is in the light or out of it.
     float side = clamp(2.0 * tone - 1.0, -1.0, 1.0);
     tone += 0.26 * side * (1.0 - abs(side));
-    // The crown's edges: a hair line, sparkling where an edge lies across the light.
+    // The crown's edges: a line of one middle tone, which is fainter where dots would make beads of it, sparkling where
+    // an edge lies across the light.
     vec2 edges = apartIn(front, cell);
     vec2 ridge = front.first.xy - front.second.xy;
     float steep = max(length(ridge), 1e-3);
-    float edge = (front.second.z - front.first.z) / steep;
+    float rise = front.second.z - front.first.z;
+    float seen = saturate(3.0 - 2.0 * dotWidth() / cellWidth());
+    float edge = rise / steep;
     float sparkle = edges.y * pow(abs(dot(ridge, light)) / steep, 12.0);
-    tone = mix(0.55, tone, edges.x);
+    tone = mix(tone, 0.55, seen * (1.0 - saturate(rise / (cell * mix(0.75, 0.6 * steep, edges.y)))));
     float line = stroke(edge, max(0.004, 0.5 * cell), cell);
     return tone + 0.7 * line * sparkle + 0.3 * sparkle * bell(edge, 0.022);
 }

@@ -23,7 +23,7 @@ void prepare(inout vec4 k[8])
     kSpin = spin(0.08);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = (seedRandom(4) < 0.6 ? 0.25 * pi : 0.0) + 0.4 * (seedRandom(5) - 0.5);
-    float size = (2.8 + 2.0 * seedRandom(6)) * pow(coarseness(), -0.5);
+    float size = (2.8 + 2.0 * seedRandom(6)) * pow(coarseness(), -0.8);
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = size;
     float light = tau * seedRandom(7);
