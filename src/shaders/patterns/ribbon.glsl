@@ -31,7 +31,7 @@ void prepare(inout vec4 k[8])
         kLine(i) = vec4(0.3 * (seedRandom(15 + i) - 0.5), 0.1 + 0.1 * lookWarp, cos(turn), sin(turn));
     }
     kZoom = pow(lookScale, 0.72);
-    kCell = pow(lookScale, 0.72) * cellWidth();
+    kCell = pow(lookScale, 0.72) * dotWidth();
     kLight = tau * seedRandom(17);
     kSpin = spin(0.07);
     kPlace = seedOffset(9);
