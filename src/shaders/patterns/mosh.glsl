@@ -27,8 +27,8 @@ void prepare(inout vec4 k[8])
     kClocks = vec2(loopAngle(0.13), loopAngle(0.09));
     kKey = floor(4096.0 * seedRandom(5));
     // In coarse cells blocks and bands are broader.
-    kBlockSize = (0.42 + 0.22 * seedRandom(6)) * pow(coarseness(), 0.45);
-    kZoom = pow(coarseness(), -0.5);
+    kBlockSize = (0.42 + 0.22 * seedRandom(6)) * pow(coarseness(), 0.3);
+    kZoom = pow(coarseness(), -0.3);
     kOrigin = vec2(seedRandom(7), seedRandom(8));
     // The band where the picture is broken: its normal, its distance from the middle, its width.
     float across = tau * seedRandom(9);
