@@ -147,11 +147,15 @@ float pattern(vec2 p, vec4 k[8])
     // an edge lies across the light.
     vec2 edges = apartIn(front, cell);
     vec2 ridge = front.first.xy - front.second.xy;
-    float steep = max(length(ridge), 1e-3);
+    float square = max(dot(ridge, ridge), 1e-6);
+    float steep = sqrt(square);
+    float across = dot(ridge, light);
+    across *= across / square;
     float rise = front.second.z - front.first.z;
     float seen = saturate(3.0 - 2.0 * dotWidth() / cellWidth());
     float edge = rise / steep;
-    float sparkle = edges.y * pow(abs(dot(ridge, light)) / steep, 12.0);
+    float sparkle = across * across * across;
+    sparkle *= edges.y * sparkle;
     tone = mix(tone, 0.55, seen * (1.0 - saturate(rise / (cell * mix(0.75, 0.6 * steep, edges.y)))));
     float line = stroke(edge, max(0.004, 0.5 * cell), cell);
     return tone + 0.7 * line * sparkle + 0.3 * sparkle * bell(edge, 0.022);
