@@ -274,6 +274,9 @@ std::vector<std::string> complaints(Pattern pattern, const PatternMeasures& meas
     limits.require(measures.wrapChange <= 1.5 * measures.frameChange + 0.001,
                    "the change where the clock wraps", measures.wrapChange,
                    "at most one and a half times the largest other is allowed");
+    limits.require(measures.jump <= 0.25,
+                   "the change of the liveliest cell in a 20th of a second at speed 0.5", measures.jump,
+                   "at most 0.25 is allowed");
     limits.require(measures.wrapJump <= 1.5 * measures.jump + 0.02,
                    "the change of the liveliest cell where the clock wraps", measures.wrapJump,
                    "at most one and a half times the largest other is allowed");

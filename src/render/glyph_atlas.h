@@ -9,14 +9,15 @@
 
 namespace tessel {
 
-/// The characters of the ASCII dither: sixteen from blank to dense, then those that draw edges.
-inline constexpr std::string_view atlasGlyphs = " .,:;-~=+*xoawm#/\\|_";
+/// The characters of the ASCII dither: sixteen from blank to dense, those that draw edges, then those with as
+/// much ink as one of the sixteen.
+inline constexpr std::string_view atlasGlyphs = " .,:;-~=+*xoawm#/\\|_unzsvtek@8&$";
 inline constexpr int glyphCount = atlasGlyphs.size();
 
 /// The side of a character's cell in the atlas, in pixels.
 inline constexpr int glyphCellSize = 48;
 
-/// White characters on black in one row, 8-bit grey, 960 x 48: character i, optically centred,
+/// White characters on black in one row, 8-bit grey, 1536 x 48: character i, optically centred,
 /// in cell i. Needs a QGuiApplication for its fonts.
 [[nodiscard]] QImage drawGlyphAtlas();
 

@@ -4,7 +4,7 @@
 // Two neighbouring inks of the palette and the share of the upper one: what a tone becomes before a dither
 // decides between them.
 
-const float glyphCount = 20.0; // characters in the atlas
+const float glyphCount = 32.0; // characters in the atlas
 
 struct Inks {
     vec3 lower;

@@ -11,11 +11,21 @@ vec3 inkColor(float index) { return texelFetch(uSteps, ivec2(int(index), 0), 0).
 #ifdef GLYPH_INKS
 in_hoisted vec3 vGround; // the darkest ink or the one above it, wherever the palette has it
 
-/// Ground and ink of a character; the share is the middle of the character's place in the atlas, 0 to 1. The thin
-/// strokes of a character need more light than a whole cell, and an ink that is lighter than the ground.
-Inks glyphInks(float tone, float glyph)
+/// How densely a tone is written, 0 to 1. Even the densest character covers less than half of its cell: the middle
+/// tones lean to the dense side, but where there are few inks to tell them from the light ones.
+float inkDensity(float tone)
 {
-    float index = floor(min(tone * (1.4 - 0.4 * tone), 0.9999) * vLevels);
+    float lean = min(0.4 * vLevels - 1.0, 0.6);
+    return tone * (1.0 + lean * (1.0 - tone));
+}
+
+/// Where a tone is among the inks. The thin strokes of a character need more light than a whole cell.
+float inkPlace(float tone) { return min(tone * (1.4 - 0.4 * tone), 0.9999) * vLevels; }
+
+/// Ground and ink of a character, which is lighter than the ground; the share is the middle of the character's place
+/// in the atlas, 0 to 1.
+Inks glyphInks(float index, float glyph)
+{
     vec3 ink = inkColor(index);
     float onward = index < 0.5 * vLevels ? 1.0 : -1.0;
     for (int i = 0; i < 2; ++i) {

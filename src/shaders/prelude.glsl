@@ -49,11 +49,14 @@ vec3 stopColor(int stop) { return vec3(uLook[13 + 3 * stop], uLook[14 + 3 * stop
 /// The width of one cell in pattern coordinates: what an edge needs to be anti-aliased over.
 float cellWidth() { return 2.0 * cellSize / (min(uFrame[0], uFrame[1]) * lookScale); }
 
+/// The distance of two dots of Benday, in cells: from 2 in fine ones down to where there is a dot for every cell.
+float bendayPitch() { return clamp(2.0 - 0.1 * (lookPixel - 6.0), 1.41421356, 2.0); }
+
 /// The width of what the dither draws at once, in pattern coordinates: a cell, or a dot that is larger than that.
 float dotWidth()
 {
     bool dots = lookDither == ditherHalftone || lookDither == ditherDiamond;
-    return cellWidth() * (lookDither == ditherBenday ? 1.7 : dots ? 1.3 : 1.0);
+    return cellWidth() * (lookDither == ditherBenday ? 0.85 * bendayPitch() : dots ? 1.3 : 1.0);
 }
 
 /// How much farther apart a pattern's lines and dots stand than in fine cells: 1 up to a pixel of 6, then as the
@@ -64,7 +67,7 @@ float coarseness()
     bool dots = lookDither == ditherHalftone || lookDither == ditherDiamond;
     float drawn = lookDither == ditherAscii ? 1.6 * beyond : dots ? 1.3 * beyond : beyond;
     // Benday's dots are so large that they are coarse in fine cells already.
-    drawn = lookDither == ditherBenday ? clamp(1.6 * lookPixel, 6.0, 30.0) / 6.0 - 1.0 : drawn;
+    drawn = lookDither == ditherBenday ? clamp(0.8 * bendayPitch() * lookPixel, 6.0, 30.0) / 6.0 - 1.0 : drawn;
     return 1.0 + (lookDither == ditherSmooth ? 0.0 : drawn);
 }
 

@@ -125,7 +125,7 @@ Source inks(Dither dither, Dialect dialect)
     std::string fragment =
         kind(dither) == DitherKind::screen
             ? assemble(dialect, Stage::fragment, switches,
-                       {"prelude", "ink_pair", "inks", "tone_fetch", "inks_compute", "finks"})
+                       {"prelude", "noise", "ink_pair", "inks", "tone_fetch", "inks_compute", "finks"})
             : assemble(dialect, Stage::fragment, switches,
                        {"prelude", "ink_pair", "inks", "tone_fetch", "inks_compute", "bayer", fileOf(dither),
                         "fmain"});

@@ -43,7 +43,8 @@ vec3 groundInk()
         darkest = least ? ink : darkest;
     }
     bool allDark = lightOnDark[lookPattern] && !lookInvert;
-    return allDark && brightness(next) < 0.18 && lookLevels > 3.5 ? next : darkest;
+    bool quiet = brightness(next) < 0.18 && max(max(next.r, next.g), next.b) < 0.41;
+    return allDark && quiet && lookLevels > 3.5 ? next : darkest;
 }
 #endif
 

@@ -29,7 +29,7 @@ bool ScreenPainter::canPaint(const Frame& frame)
 
 bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas& canvas)
 {
-    const Shape shape{frame.current.dither, frame.width, frame.height, cellSize(frame)};
+    const Shape shape{frame.current.dither, frame.width, frame.height, cellSize(frame), frame.current.pixel};
     if (shape != m_shape) {
         m_valid = false;
         m_grid = fieldSize(frame.width, frame.height, shape.cell);

@@ -39,6 +39,7 @@ private:
         int width = 0;
         int height = 0;
         float cell = 0.0F;
+        float pixel = 0.0F; ///< the look's, which the distance of dots may follow
         bool operator==(const Shape&) const = default;
     };
 

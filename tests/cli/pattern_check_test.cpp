@@ -177,6 +177,10 @@ TEST(PatternCheck, PassesAGoodPatternAndNoticesEveryFault)
                     field.tones[5] = request.time > 6000 ? 0.9F : 0.1F;
                 }),
                 ElementsAre(HasSubstr("liveliest cell where the clock wraps")));
+    EXPECT_THAT(complaintsAbout([](Field& field, const FieldRequest& request) {
+                    field.tones[5] = request.time > 21.2 && request.time < 21.3 ? 0.9F : 0.1F;
+                }),
+                ElementsAre(HasSubstr("liveliest cell in a 20th of a second")));
     EXPECT_THAT(complaintsAboutTones([](double tone, const FieldRequest& request) {
                     return 0.1 + 0.8 * tone + 0.04 * std::sin(14.0 * request.time);
                 }),

@@ -24,7 +24,7 @@ protected:
 
 TEST_F(GlyphAtlas, IsOneRowOfCellsThatBeginsBlankAndGrowsDenser)
 {
-    EXPECT_EQ(atlas.size(), QSize(960, 48));
+    EXPECT_EQ(atlas.size(), QSize(1536, 48));
     EXPECT_EQ(inkOf(0), 0);
     for (int glyph = 1; glyph < glyphCount; ++glyph)
         EXPECT_GT(inkOf(glyph), 255 * 20) << atlasGlyphs.at(static_cast<std::size_t>(glyph));

@@ -12,10 +12,15 @@ vec3 shade(vec2 position)
 {
     Inks inks = inksAt(position);
     float glyph = floor(inks.share * glyphCount);
-    // The atlas leaves air around its characters; less of it makes a denser, brighter picture.
-    vec2 place = (fract(position) - 0.5) / 1.35 + 0.5;
-    // The smaller a character is drawn, the less of its strokes is left in any one pixel.
-    float level = max(log2(glyphSide / (1.35 * cellSize)), 0.0);
-    float ink = textureLod(uGlyphs, vec2((glyph + place.x) / glyphCount, place.y), level).r;
-    return ink > 0.5 - 0.08 * min(level, 3.0) ? inks.upper : inks.lower;
+    // The atlas leaves air around its characters, most of it beside them; less of it makes a denser, brighter picture,
+    // and an even one.
+    vec2 place = (fract(position) - 0.5) / vec2(1.6, 1.35) + 0.5;
+    // The smaller a character is drawn, the less of its strokes is left in any one pixel. Too small to be read, it is
+    // the more pixels the more ink it has: a wall of letters would be a wall of noise.
+    float level = max(log2(glyphSide / (1.45 * cellSize)), 0.0);
+    float tiny = 1.0 - smoothstep(5.5, 8.5, cellSize);
+    vec2 pixel = mod(floor(fract(position) * cellSize), 2.0);
+    float order = 0.6 * (0.125 + 0.5 * abs(pixel.x - pixel.y) + 0.25 * pixel.y);
+    float ink = textureLod(uGlyphs, vec2((glyph + place.x) / glyphCount, place.y), min(level + tiny, 4.0)).r;
+    return ink > mix(0.5 - 0.08 * min(level, 3.0), order, tiny) ? inks.upper : inks.lower;
 }

@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(4);
     // In coarse cells the dots stay larger than what draws them, or two lattices would beat.
-    float size = (5.5 + 3.0 * seedRandom(5)) * pow(coarseness(), -1.15);
+    float size = (5.5 + 3.0 * seedRandom(5)) * pow(coarseness(), -1.3);
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = size;
     kHexagonal = seedRandom(6) < 0.5 ? 1.0 : 0.0;

@@ -17,7 +17,7 @@
 
 void prepare(inout vec4 k[8])
 {
-    kRibs = (3.8 + 4.2 * seedRandom(1)) * pow(coarseness(), -0.7);
+    kRibs = (3.8 + 3.8 * seedRandom(1)) * pow(coarseness(), -0.9);
     kDepth = (0.24 + 0.3 * seedRandom(2)) * pow(coarseness(), 0.3);
     kShift = 0.5 * seedRandom(0);
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
@@ -66,7 +66,7 @@ float pattern(vec2 p, vec4 k[8])
     vec2 seen = p;
     seen.x -= kDepth * u * (0.55 + 0.45 * u * u);
     float tone = behind(seen * kZoom, k);
-    float cell = cellWidth() * kRibs * 2.0;
-    float groove = smoothstep(1.0 - max(0.3, cell), 1.0, abs(u));
+    float line = 1.6 * dotWidth() * kRibs * 2.0;
+    float groove = smoothstep(1.0 - clamp(line, 0.3, 0.7), 1.0, abs(u));
     return tone * (1.0 - 0.6 * groove) + 0.1 * bell(u + 0.5, 0.2);
 }

@@ -59,16 +59,20 @@ float pattern(vec2 p, vec4 k[8])
     float soft = 0.0;
     float shadow = 0.0;
     float edge = 0.0;
+    float even = 1.0; // 0 in a crease
     float cell = cellWidth() * kZoom;
     for (int i = 0; i < 5; ++i) {
         vec2 n = kCreaseNormal(i);
         float d = dot(q, n) - kCreasePlace(i);
         vec2 crease = mirror * n;
-        slope += kCreaseTilt(i) * clamp(d / cell, -1.0, 1.0) * crease;
-        float lit = dot(crease, kLight) * kCreaseTilt(i);
-        soft += lit * sign(d) * bell(d, 0.2);
+        float side = even * clamp(d / cell, -1.0, 1.0);
+        slope += kCreaseTilt(i) * side * crease;
+        float lit = dot(crease, kLight) * kCreaseTilt(i) * side;
+        soft += lit * bell(d, 0.2);
         shadow = max(shadow, stroke(d, max(0.005, 0.5 * cell), cell));
-        edge = max(edge, bell(abs(d) - 0.012, 0.014) * saturate(lit * sign(d)));
+        edge = max(edge, bell(abs(d) - 0.012, 0.014) * saturate(lit));
+        // In a crease the sheet is mirrored at once: what comes after it is not felt there, or single cells would jump.
+        even = abs(side);
         if (d > 0.0) {
             q -= 2.0 * d * n;
             mirror = mirror * (mat2(1.0) - 2.0 * mat2(n * n.x, n * n.y));

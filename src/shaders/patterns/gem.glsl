@@ -34,7 +34,7 @@ void prepare(inout vec4 k[8])
         float h = 1.5 * uneven * pi / count * (seedRandom(i + 10) - 0.5);
         vec2 aside = vec2(1.0 - h * h, 2.0 * h) / (1.0 + h * h);
         float depth = 1.0 + uneven * (seedRandom(i + 20) - 0.5);
-        // What is left of the eight has no slope, and crown() and pavilion() put it out of reach.
+        // What is left of the eight has no slope, and is nowhere the lowest.
         kFacet(i) = float(i) < count ? depth * rotate(direction, aside) : vec2(0.0);
         direction = rotate(direction, ahead);
     }
@@ -42,7 +42,7 @@ void prepare(inout vec4 k[8])
     vec2 aspect = frameSize / min(frameSize.x, frameSize.y);
     kCentre = (vec2(seedRandom(2), seedRandom(3)) - 0.5) * 0.6 * sqrt(aspect);
     // Zoomed far out it still reaches into the corners: it shrinks less than the zoom says.
-    kZoom = sqrt(lookScale) * pow(coarseness(), -0.3) * inversesqrt(aspect);
+    kZoom = sqrt(lookScale) * pow(coarseness(), -0.5) * inversesqrt(aspect);
     float light = tau * seedRandom(4);
     kLight = rotate(vec2(cos(light), sin(light)), loopCircle(0.06));
     // It rocks: the pavilion slides below the crown.
@@ -56,80 +56,107 @@ void prepare(inout vec4 k[8])
     kSpread = 2.4 + 1.4 * seedRandom(9);
 }
 
-/// Keeps the lowest and the second lowest of the planes: xy the slope, z the height at q.
-void lower(vec2 slope, float height, vec2 q, inout vec3 lowest, inout vec3 second)
+/// The two lowest of a number of planes, xy the slope and z the height, and how high the third is.
+struct Lowest {
+    vec3 first;
+    vec3 second;
+    float third;
+};
+
+void lower(vec2 slope, float height, inout Lowest planes)
 {
-    vec3 plane = vec3(slope, height - dot(slope, q));
-    if (plane.z < lowest.z) {
-        second = lowest;
-        lowest = plane;
-    } else if (plane.z < second.z) {
-        second = plane;
+    vec3 plane = vec3(slope, height);
+    planes.third = min(planes.third, max(planes.second.z, height));
+    if (height < planes.first.z) {
+        planes.second = planes.first;
+        planes.first = plane;
+    } else if (height < planes.second.z) {
+        planes.second = plane;
     }
 }
 
-/// The crown's facet at q and, in `next`, the one after it: the table, the stars round it, the kites that
-/// touch its corners, and the girdle's facets outside.
-vec3 crown(vec2 q, vec4 k[8], out vec3 next)
+/// How far the lowest plane is below the second, and that below the third: 0 where they meet to 1 a cell from there.
+vec2 apartIn(Lowest planes, float cell)
+{
+    return saturate((vec2(planes.second.z, planes.third) - vec2(planes.first.z, planes.second.z)) / (0.75 * cell));
+}
+
+/// The crown's facets at q: the table, the stars round it, the kites that touch its corners, and the girdle's facets
+/// outside.
+Lowest crown(vec2 q, vec4 k[8])
 {
     float table = kTable;
-    float corner = table / kHalfStep.x;
-    vec3 lowest = vec3(0.0);
-    next = vec3(0.0, 0.0, 64.0);
+    float corner = 0.9 * table / kHalfStep.x;
+    Lowest planes = Lowest(vec3(0.0), vec3(0.0, 0.0, 64.0), 64.0);
     for (int i = 0; i < 8; ++i) {
         vec2 d = kFacet(i);
         vec2 between = rotate(d, kHalfStep);
-        float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
-        lower(0.5 * between, 0.5 * table + away, q, lowest, next);
-        lower(0.9 * d, 0.9 * corner + away, q, lowest, next);
-        lower(1.6 * between, 2.5 * table + away, q, lowest, next);
+        float along = dot(between, q);
+        lower(0.5 * between, 0.5 * table - 0.5 * along, planes);
+        lower(0.9 * d, corner - 0.9 * dot(d, q), planes);
+        lower(1.6 * between, 2.5 * table - 1.6 * along, planes);
     }
-    return lowest;
+    return planes;
 }
 
 /// The same for the pavilion: long facets that meet in a point, and shorter ones between them.
-vec3 pavilion(vec2 q, vec4 k[8], out vec3 next)
+Lowest pavilion(vec2 q, vec4 k[8])
 {
-    vec3 lowest = vec3(0.0, 0.0, 64.0);
-    next = lowest;
+    Lowest planes = Lowest(vec3(0.0, 0.0, 64.0), vec3(0.0, 0.0, 64.0), 64.0);
     for (int i = 0; i < 8; ++i) {
         vec2 d = kFacet(i);
-        float away = dot(d, d) > 0.0 ? 0.0 : 60.0;
-        lower(d, away, q, lowest, next);
-        lower(1.25 * rotate(d, kHalfStep), 0.2 + away, q, lowest, next);
+        vec2 between = 1.25 * rotate(d, kHalfStep);
+        lower(d, -dot(d, q), planes);
+        lower(between, 0.2 - dot(between, q), planes);
     }
-    return lowest;
+    return planes;
 }
 
 vec2 normalOf(vec2 slope) { return slope * inversesqrt(1.0 + dot(slope, slope)); }
 
+/// A triangle's wave with rounded tips, -1.37 to 1.37, as long as a sine's.
+float sway(float angle)
+{
+    float t = 1.0 - abs(4.0 * fract(angle / tau + 0.25) - 2.0);
+    float t3 = t * t * t;
+    return t * (1.54 - 0.17 * t3 * t3);
+}
+
 float pattern(vec2 p, vec4 k[8])
 {
     vec2 q = (p + kMelt * sin(2.3 * p.yx + kMeltPhase)) * kZoom - kCentre;
-    vec3 nextFront;
-    vec3 front = crown(q, k, nextFront);
-    vec2 normal = normalOf(front.xy);
+    Lowest front = crown(q, k);
+    vec2 normal = normalOf(front.first.xy);
     // The pavilion, mirrored through the crystal and shifted by what the facet refracts.
-    vec3 nextBack;
-    vec3 back = pavilion(kSlide - 0.85 * (q - kRefraction * normal), k, nextBack);
+    Lowest back = pavilion(kSlide - 0.85 * (q - kRefraction * normal), k);
     vec2 light = kLight;
     vec2 spread = vec2(light.y, -light.x) * kSpread + light;
     float own = 2.2 * dot(normal, light) + kPhase;
     float cell = cellWidth() * kZoom.x;
-    float apart = (nextBack.z - back.z) / max(length(nextBack.xy - back.xy), 1e-3);
-    float here = asin(0.98 * sin(own + dot(normalOf(back.xy), spread)));
-    float there = asin(0.98 * sin(own + dot(normalOf(nextBack.xy), spread)));
-    float tone = 0.46 + 0.28 * mix(there, here, 0.5 + 0.5 * saturate(apart / cell));
+    // Two facets meet over a cell. Where a third one joins them neither is seen, or a single cell would jump as the
+    // third takes the place of the second.
+    vec2 apart = apartIn(back, cell);
+    float here = sway(own + dot(normalOf(back.first.xy), spread));
+    float there = sway(own + dot(normalOf(back.second.xy), spread));
+    float tone = 0.46 + 0.28 * mix(0.5 * apart.y * (here + there), here, apart.x);
     tone += 0.16 * dot(normal, light) + 0.06 * dot(q, light);
     // Away from the middle: a facet is in the light or out of it.
     float side = clamp(2.0 * tone - 1.0, -1.0, 1.0);
     tone += 0.26 * side * (1.0 - abs(side));
-    // The crown's edges: a hair line, sparkling where an edge lies across the light.
-    vec2 ridge = front.xy - nextFront.xy;
-    float steep = max(length(ridge), 1e-3);
-    float edge = (nextFront.z - front.z) / steep;
-    float sparkle = pow(abs(dot(ridge, light)) / steep, 12.0);
+    // The crown's edges: a line of one middle tone, which is fainter where dots would make beads of it, sparkling where
+    // an edge lies across the light.
+    vec2 edges = apartIn(front, cell);
+    vec2 ridge = front.first.xy - front.second.xy;
+    float square = max(dot(ridge, ridge), 1e-6);
+    float steep = sqrt(square);
+    float across = dot(ridge, light);
+    across *= across / square;
+    float rise = front.second.z - front.first.z;
+    float seen = saturate(3.0 - 2.0 * dotWidth() / cellWidth());
+    float edge = rise / steep;
+    float sparkle = across * across * across;
+    sparkle *= edges.y * sparkle;
+    tone = mix(tone, 0.55, seen * (1.0 - saturate(rise / (cell * mix(0.75, 0.6 * steep, edges.y)))));
     float line = stroke(edge, max(0.004, 0.5 * cell), cell);
-    tone = mix(tone, 0.6, 0.4 * line);
     return tone + 0.7 * line * sparkle + 0.3 * sparkle * bell(edge, 0.022);
 }

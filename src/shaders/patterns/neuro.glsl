@@ -18,7 +18,7 @@ void prepare(inout vec4 k[8])
     kBendSpin = spin(0.08);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = tau * seedRandom(4);
-    float density = (1.55 + 0.6 * seedRandom(5)) * pow(lookScale, 0.4) * pow(coarseness(), -0.6);
+    float density = (1.55 + 0.6 * seedRandom(5)) * pow(lookScale, 0.4) * pow(coarseness(), -0.8);
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = density;
     kClock = loopAngle(0.4) / tau;

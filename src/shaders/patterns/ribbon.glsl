@@ -11,6 +11,7 @@
 #define kLight k[4].z
 #define kSpin k[5]
 #define kPlace k[6].xy
+#define kWaist k[6].z // half the width that is left of a ribbon that is seen from its edge
 
 void prepare(inout vec4 k[8])
 {
@@ -30,10 +31,11 @@ void prepare(inout vec4 k[8])
         kLine(i) = vec4(0.3 * (seedRandom(15 + i) - 0.5), 0.1 + 0.1 * lookWarp, cos(turn), sin(turn));
     }
     kZoom = pow(lookScale, 0.72);
-    kCell = pow(lookScale, 0.72) * cellWidth();
+    kCell = pow(lookScale, 0.72) * dotWidth();
     kLight = tau * seedRandom(17);
     kSpin = spin(0.07);
     kPlace = seedOffset(9);
+    kWaist = pow(lookScale, 0.72) * dotWidth() * saturate(2.0 * (coarseness() - 1.2));
 }
 
 /// Tone of a ribbon (x), how much it covers (y) and its distance (z).
@@ -44,7 +46,7 @@ vec3 ribbon(vec2 p, vec4 a, vec4 b, vec4 k[8])
     float slope = b.y * (1.1 * cos(q.x * 1.1 + a.x) + 1.05 * cos(q.x * 2.1 - a.x * 2.0));
     float twist = a.y + a.z * 2.0 * q.x + 0.5 * sin(q.x * 0.9 - a.x);
     float facing = cos(twist);
-    float halfWidth = a.w * sqrt(facing * facing + 0.003);
+    float halfWidth = sqrt(a.w * a.w * (facing * facing + 0.003) + kWaist * kWaist);
     float y = (q.y - course) * inversesqrt(1.0 + slope * slope);
     float v = clamp(y / halfWidth, -1.0, 1.0);
     float away = abs(y) - halfWidth;

@@ -45,7 +45,7 @@ void prepare(inout vec4 k[8])
     kCell = sqrt(lookScale) * cellWidth();
     kPlace = seedOffset(3);
     kClutter = 2.0 + 1.5 * seedRandom(5);
-    kFaint = 0.17 + 0.13 * saturate(3.0 * coarseness() - 4.2);
+    kFaint = 0.17 + 0.2 * saturate(3.0 * coarseness() - 4.2);
     kDecay = (0.79 + 0.15 * seedRandom(6)) * beams;
     for (int i = 0; i < 4; ++i) {
         vec2 within = vec2((float(i) + seedRandom(21 + i)) / 4.0, seedRandom(31 + i));

@@ -21,7 +21,7 @@ void prepare(inout vec4 k[8])
     kTurn = vec2(cos(turn), sin(turn));
     kSpread = 0.35 + 0.6 * extent;
     kStrings = pow(coarseness(), -1.25);
-    kHair = 0.45 + 0.3 * saturate(coarseness() - 1.0);
+    kHair = (0.45 + 0.3 * saturate(coarseness() - 1.0)) * dotWidth() / cellWidth();
     kSpin = spin(0.06);
     kPlaces = vec4(seedOffset(2) + 0.3 * loopCircle(0.04), seedOffset(3));
     for (int i = 0; i < 3; ++i) {

@@ -15,13 +15,14 @@
 #define kAlong k[4].xy
 #define kClock k[4].z
 #define kPhase k[4].w
+#define kGrout k[5].x // half the width of what is left between tiles
 
 void prepare(inout vec4 k[8])
 {
     kSpin = spin(0.16);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = (seedRandom(4) < 0.6 ? 0.0 : 0.25 * pi) + 0.3 * (seedRandom(5) - 0.5);
-    float size = 2.5 + 1.5 * seedRandom(6);
+    float size = (2.5 + 1.5 * seedRandom(6)) * pow(coarseness(), -0.5);
     bool bricks = seedRandom(12) < 0.3;
     // A share above 1 stands for bricks.
     kTurn = vec2(cos(turn), sin(turn));
@@ -36,6 +37,7 @@ void prepare(inout vec4 k[8])
     kAlong = along;
     kClock = loopAngle(0.35);
     kPhase = tau * seedRandom(11);
+    kGrout = max(0.05, 0.6 * dotWidth() * size);
 }
 
 float pattern(vec2 p, vec4 k[8])
@@ -59,7 +61,7 @@ float pattern(vec2 p, vec4 k[8])
     vec2 middle = corner + 0.5 * extent;
     vec2 local = q - middle;
     float radius = kCorner;
-    vec2 halfSize = 0.5 * extent - 0.05;
+    vec2 halfSize = 0.5 * extent - kGrout;
     float d = roundBoxDistance(local, halfSize, radius);
     // The bevel faces outward: the slope of the distance.
     vec2 step = vec2(0.02, 0.0);

@@ -77,6 +77,8 @@ float pattern(vec2 p, vec4 k[8])
     // Where lines would touch, they give way to the tint.
     float room = 0.5 / (slope * halfWidth);
     line *= heavy ? smoothstep(0.4, 1.2, room) : 0.75 * smoothstep(1.5, 4.0, room);
+    // On a level summit a line would come and go all at once.
+    line *= smoothstep(0.0, 0.07 * kLines, slope);
     float tint = 0.1 + 0.58 * smoothstep(-0.1, 1.0, mix(height.x, floor(level) / kLines, 0.5));
     tint -= 0.05 * dot(height.yz, vec2(0.7, -0.7));
     return mix(tint, min(tint + 0.55, 1.0), line);

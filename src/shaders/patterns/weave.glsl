@@ -23,7 +23,7 @@ void prepare(inout vec4 k[8])
     kSpin = spin(0.08);
     kPlaces = vec4(seedOffset(0), seedOffset(1));
     float turn = (seedRandom(4) < 0.6 ? 0.25 * pi : 0.0) + 0.4 * (seedRandom(5) - 0.5);
-    float size = (2.8 + 2.0 * seedRandom(6)) * pow(coarseness(), -0.5);
+    float size = (2.8 + 2.0 * seedRandom(6)) * pow(coarseness(), -0.8);
     kTurn = vec2(cos(turn), sin(turn));
     kDensity = size;
     float light = tau * seedRandom(7);
@@ -68,7 +68,9 @@ float pattern(vec2 p, vec4 k[8])
     float dome = sqrt(saturate(1.0 - across * across / (strand * strand)));
     float tone = top * (0.28 + 0.3 * dome + 0.55 * dome * dome);
     tone *= mix(0.35, 1.0, smoothstep(-0.08, 0.34, end));
-    float width = max(2.0 * cellWidth() * kDensity, 0.06);
+    float width = clamp(2.0 * cellWidth() * kDensity, 0.06, 0.24);
+    // Its end is as dark as it is where the next strand lies over it.
+    tone = mix(0.25 * top, tone, saturate(2.0 * end / width));
     tone = mix(0.25 * under, tone, inside(abs(across) - strand, width));
     float drape = sin(kDrapeRate * dot(p, kDownhill) + 1.2 * bend.x - kDrapeClock + kDrapePhase);
     return tone * (0.94 + 0.4 * drape);

@@ -56,7 +56,8 @@ float pattern(vec2 p, vec4 k[8])
         vec2 other = q - kVortices(i).zw;
         vortices = rotate(rotate(vortices, one), vec2(other.x, -other.y));
     }
-    vortices *= inversesqrt(dot(vortices, vortices) + 1e-9);
+    // In the middle of one, a cell or less wide, there is no ridge.
+    vortices *= inversesqrt(dot(vortices, vortices) + 0.25 * cellWidth() * cellWidth());
     float phase = kRidgeRate * d - kClock;
     float wave = cos(phase) * vortices.x + sin(phase) * vortices.y;
     // Ridges closer than the cells can show fade to their mean.
