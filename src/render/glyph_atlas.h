@@ -11,7 +11,7 @@ namespace tessel {
 
 /// The characters of the ASCII dither: sixteen from blank to dense, those that draw edges, then those with as
 /// much ink as one of the sixteen.
-inline constexpr std::string_view atlasGlyphs = " .,:;-~=+*xoawm#/\\|_unzsvtek@8&$";
+inline constexpr std::string_view atlasGlyphs = " .,:;-~=+*xoawm#/\\|_unzsvtekR8&$";
 inline constexpr int glyphCount = atlasGlyphs.size();
 
 /// The side of a character's cell in the atlas, in pixels.
