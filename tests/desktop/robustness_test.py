@@ -99,8 +99,7 @@ class DriverTest(ToldTest):
     def setUpClass(cls) -> None:
         super().setUpClass()
         # The signal is no find of a sanitizer's, which would report it and end the program in its own way.
-        environment = cls.desktop.environment
-        environment["ASAN_OPTIONS"] = environment.get("ASAN_OPTIONS", "") + ":handle_segv=0"
+        cls.desktop.set_sanitizer("handle_segv=0")
 
     def test_a_look_that_ends_it_twice_does_not_bar_the_way_to_another(self) -> None:
         deadly = {"pattern": 15, "dither": 4}  # Halo with Noise
