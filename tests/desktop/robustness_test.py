@@ -14,7 +14,7 @@ from gi.repository import GLib
 from PIL import Image
 
 from application import NAME, PROGRAM, ApplicationTest, on_full_disk
-from desktop import Desktop, wait_until
+from desktop import Desktop, call, wait_until
 
 STILL_DELAY = 1.8  # seconds from a new look to its picture
 
@@ -166,6 +166,53 @@ class StuckTest(ApplicationTest):
         stuck.kill()
         wait_until(lambda: self.desktop.panel.item, "the icon in the panel")
         self.assertEqual(self.application.quit(), 0)
+
+
+OTHER_OWNER = f"""
+from gi.repository import Gio, GLib
+bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName",
+              GLib.Variant("(su)", ("{NAME}", 0)), None, Gio.DBusCallFlags.NONE, -1, None)
+GLib.MainLoop().run()
+"""
+BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus")
+MESSAGES = "org.freedesktop.Notifications"
+
+
+class OtherOwnerTest(ToldTest):
+    """Another program has its name on the session bus, and knows nothing of it."""
+
+    def setUp(self) -> None:
+        super().setUp()
+        other = self.desktop.start(sys.executable, "-c", OTHER_OWNER)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        self.desktop.wait_for_name(NAME)
+
+    def start(self) -> None:
+        self.application.process = self.desktop.start(PROGRAM)
+
+    def ends_with_a_failure(self) -> None:
+        self.assertEqual(self.application.process.wait(20), 1)
+        self.assertIn("cannot start", self.application.log_file.read_text())
+        self.application.log_file.unlink()
+
+    def test_a_message_tells_why_it_does_not_start(self) -> None:
+        self.start()
+        self.is_told("cannot start", "another program has it")
+        self.ends_with_a_failure()
+
+    def test_a_window_does_where_nobody_shows_messages(self) -> None:
+        names = self.desktop.bus
+        call(names, *BUS, "org.freedesktop.DBus.ReleaseName", GLib.Variant("(s)", (MESSAGES,)))
+        self.addCleanup(call, names, *BUS, "org.freedesktop.DBus.RequestName",
+                        GLib.Variant("(su)", (MESSAGES, 0)))
+        self.start()
+        wait_until(lambda: [window for window in self.desktop.windows() if window.program() == "tessel-broth"],
+                   "a window that tells of it", 60)
+        self.assertEqual(self.desktop.panel.messages, [])
+        self.desktop.press_keys("Escape")
+        self.ends_with_a_failure()
 
 
 class DamageTest(ToldTest):
