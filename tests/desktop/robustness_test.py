@@ -215,6 +215,44 @@ class OtherOwnerTest(ToldTest):
         self.ends_with_a_failure()
 
 
+class EndOfServersTest(ApplicationTest):
+    """What it needs of the session dies before it does."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        """Each test has a desktop of its own."""
+
+    def setUp(self) -> None:
+        self.desktop = self.enterContext(Desktop())
+        super().setUp()
+
+    def play(self) -> None:
+        self.application.start()
+        self.application.play()
+        self.kept = self.application.look()
+
+    def test_a_wallpaper_moves_on_without_a_bus(self) -> None:
+        self.play()
+        self.desktop.end("dbus-daemon")
+        self.application.wait_for_motion()
+        self.application.process.terminate()
+        self.assertEqual(self.application.process.wait(20), 0)
+        self.assertEqual(self.application.look(), self.kept)
+        self.application.process = self.desktop.start(PROGRAM)
+        self.application.wait_for_motion()
+        self.application.process.terminate()
+        self.assertEqual(self.application.process.wait(20), 0)
+        self.assertEqual(self.application.look(), self.kept)
+
+    def test_the_end_of_the_screen_is_its_own(self) -> None:
+        # It ends where it stands and takes nothing apart, which a sanitizer would call leaks.
+        self.desktop.set_sanitizer("detect_leaks=0")
+        self.play()
+        self.desktop.end("Xvfb")
+        self.assertEqual(self.application.process.wait(20), 1)
+        self.assertEqual(self.application.look(), self.kept)
+
+
 class DamageTest(ToldTest):
     """Something is wrong with what is written or read."""
 
