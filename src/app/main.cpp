@@ -30,7 +30,7 @@ constexpr int usageError = 2;
 
 /// Whoever quits, or logs out, waits no longer: not for a disk, nor for a photo or a shader in the making.
 #ifdef TESSEL_SANITIZED // which looks for leaks then, and writes long about them
-constexpr std::chrono::seconds longestEnd{100};
+constexpr std::chrono::seconds longestEnd{60};
 #else
 constexpr std::chrono::seconds longestEnd{3};
 #endif
