@@ -18,6 +18,14 @@ if(TESSEL_SANITIZE)
     target_link_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE})
 endif()
 
+# tessel_optimize(file...)
+# What is to be optimised even with sanitizers, where nothing else is: it goes through millions of pixels.
+function(tessel_optimize)
+    if(TESSEL_SANITIZE)
+        set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O1 SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+endfunction()
+
 # Where a preset says so, what nearly every file includes of others is read once. Other presets go without, so that
 # what a file forgets to include is noticed.
 

@@ -524,6 +524,10 @@
         <source>Tessel Broth cannot draw here</source>
         <translation>Tessel Broth kann hier nicht zeichnen</translation>
     </message>
+    <message>
+        <source>Tessel Broth cannot start</source>
+        <translation>Tessel Broth kann nicht starten</translation>
+    </message>
 </context>
 <context>
     <name>OnboardingRoot</name>
@@ -1671,6 +1675,17 @@ halten</translation>
     <message>
         <source>Open editor</source>
         <translation>Editor öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::RunningInstance</name>
+    <message>
+        <source>It already runs, but does not answer. End it, or log out and in again, and then start it once more.</source>
+        <translation>Es läuft bereits, antwortet aber nicht. Erst beenden, oder ab- und wieder anmelden, dann noch einmal starten.</translation>
+    </message>
+    <message>
+        <source>Its name on the session bus is not to be had: another program has it, or the bus refuses it. End that program, or log out and in again, and then start Tessel Broth once more. The answer was: %1</source>
+        <translation>Der Name auf dem Sitzungsbus ist nicht zu haben: Ein anderes Programm hat ihn, oder der Bus verweigert ihn. Erst jenes Programm beenden, oder ab- und wieder anmelden, dann Tessel Broth noch einmal starten. Die Antwort war: %1</translation>
     </message>
 </context>
 <context>

@@ -29,7 +29,11 @@ namespace {
 constexpr int usageError = 2;
 
 /// Whoever quits, or logs out, waits no longer: not for a disk, nor for a photo or a shader in the making.
+#ifdef TESSEL_SANITIZED // which looks for leaks then, and writes long about them
+constexpr std::chrono::seconds longestEnd{60};
+#else
 constexpr std::chrono::seconds longestEnd{3};
+#endif
 
 void setNames()
 {
@@ -117,11 +121,26 @@ std::unique_ptr<Graphics> makeGraphics(WindowSystem& windows, RunningInstance& i
     }
 }
 
+/// Tells the user why the program neither starts nor comes forward, and ends with that.
+int tellOfNoStart(const QString& reason)
+{
+    const Alert alert{QCoreApplication::translate("Main", "Tessel Broth cannot start"), reason};
+    print(stderr, QStringLiteral("tessel-broth: %1: %2\n").arg(alert.message, reason));
+    const std::unique_ptr<Notifications> notifications = makeNotifications();
+    Dialogs dialogs(nullptr);
+    QObject::connect(&dialogs, &Dialogs::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(notifications.get(), &Notifications::shown, qApp, &QCoreApplication::quit);
+    notifications->show(alert.message, alert.informative,
+                        [&dialogs, &alert] { dialogs.alert(alert, [](bool) { QCoreApplication::quit(); }); });
+    QApplication::exec();
+    return EXIT_FAILURE;
+}
+
 int runApplication()
 {
     const std::unique_ptr<RunningInstance> instance = claimInstance();
     if (!instance->isFirst())
-        return EXIT_SUCCESS;
+        return instance->problem().isEmpty() ? EXIT_SUCCESS : tellOfNoStart(instance->problem());
     crash_notes::keep(QFile::encodeName(dataFolder() + QStringLiteral("/crashes")).toStdString(),
                       TESSEL_VERSION);
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();

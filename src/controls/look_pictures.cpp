@@ -45,18 +45,13 @@ struct Order
     QSize size;
     std::mutex mutex;
     Response* response = nullptr; ///< gone once QML has lost interest
-    bool isCancelled = false;
 };
 
 class Response final : public QQuickImageResponse
 {
 public:
     explicit Response(std::shared_ptr<Order> order) : m_order(std::move(order)) {}
-    ~Response() override
-    {
-        const std::lock_guard lock(m_order->mutex);
-        m_order->response = nullptr;
-    }
+    ~Response() override { withdraw(); }
 
     [[nodiscard]] QQuickTextureFactory* textureFactory() const override
     {
@@ -64,10 +59,14 @@ public:
     }
     [[nodiscard]] QString errorString() const override { return m_failure; }
 
+    /// Qt deletes this once it is told of the end, for which it must not be told in this very call. When an
+    /// engine ends it hears of it no more, and would leave this and the provider behind.
     void cancel() override
     {
-        const std::lock_guard lock(m_order->mutex);
-        m_order->isCancelled = true;
+        withdraw();
+        QMetaObject::invokeMethod(
+            this, [this] { finish({}, {}); }, Qt::QueuedConnection);
+        deleteLater();
     }
 
     /// Called in the thread that this lives in.
@@ -79,6 +78,12 @@ public:
     }
 
 private:
+    void withdraw()
+    {
+        const std::lock_guard lock(m_order->mutex);
+        m_order->response = nullptr;
+    }
+
     const std::shared_ptr<Order> m_order;
     QImage m_image;
     QString m_failure;
@@ -87,7 +92,7 @@ private:
 bool isCancelled(Order& order)
 {
     const std::lock_guard lock(order.mutex);
-    return order.isCancelled || order.response == nullptr;
+    return order.response == nullptr;
 }
 
 void answer(Order& order, QImage image, QString failure)
@@ -169,11 +174,8 @@ private:
 
     void carryOut(Order& order)
     {
-        if (isCancelled(order)) {
-            // It is waited for nevertheless.
-            answer(order, {}, {});
+        if (isCancelled(order))
             return;
-        }
         try {
             answer(order, draw(lookOf(order.id), order.size), {});
         } catch (const std::exception& error) {

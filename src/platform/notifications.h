@@ -20,6 +20,10 @@ public:
     /// Shows a message, both parts plain text.
     /// \param failed called if there is nothing that would show it
     virtual void show(const QString& title, const QString& text, std::function<void()> failed) = 0;
+
+Q_SIGNALS:
+    /// A message was handed over to what shows it.
+    void shown();
 };
 
 [[nodiscard]] std::unique_ptr<Notifications> makeNotifications();

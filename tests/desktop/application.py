@@ -19,6 +19,7 @@ from PIL import Image
 from desktop import Desktop, call, wait_until
 
 BINARIES = Path(os.environ.get("TESSEL_BINARIES") or Path(__file__).parents[2] / "build/bin")
+SANITIZERS = os.environ.get("TESSEL_SANITIZE")  # that it was built with
 PROGRAM = str(BINARIES / "tessel-broth")
 TOOL = str(BINARIES / "tessel")
 NAME = "org.tesselbroth.TesselBroth"

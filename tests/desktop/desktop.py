@@ -18,7 +18,7 @@ from typing import TypeVar
 from gi.repository import Gio, GLib
 from PIL import Image, ImageGrab
 
-from panel import Panel
+from panel import PATIENCE, Panel
 
 Result = TypeVar("Result")
 Place = tuple[int, int, int, int]  # x, y, width and height in pixels
@@ -64,7 +64,7 @@ def call(bus: Gio.DBusConnection, name: str, path: str, method: str,
     """Calls "interface.method" of an object and returns the answer."""
     interface, _, member = method.rpartition(".")
     flags = Gio.DBusCallFlags.NO_AUTO_START
-    return bus.call_sync(name, path, interface, member, arguments, None, flags, 10000, None).unpack()
+    return bus.call_sync(name, path, interface, member, arguments, None, flags, PATIENCE, None).unpack()
 
 
 def connect(address: str) -> Gio.DBusConnection:
@@ -181,6 +181,17 @@ class Desktop:
 
     def _log_file(self, program: str) -> Path:
         return self.folder / f"{Path(program).name}.log"
+
+    def set_sanitizer(self, option: str) -> None:
+        """Gives the sanitizer for addresses an option, for the programs that are started from now on."""
+        options = self.environment.get("ASAN_OPTIONS", "")
+        self.environment["ASAN_OPTIONS"] = f"{options}:{option}"
+
+    def end(self, program: str) -> None:
+        """Kills the oldest that was started of a program, such as the X server or the session bus."""
+        process = next(each for each in self.processes if each.args[len(KILLED_WITH_US)] == program)
+        process.kill()
+        process.wait()
 
     def check_programs(self) -> None:
         """Fails where a sanitizer has found something in a program that was started here and is gone."""

@@ -24,6 +24,7 @@ INTERFACES = """
 </node>
 """
 
+PATIENCE = 100_000  # ms to wait for an answer that mostly comes within some
 MAY_BE_REPLACED = 1  # by another owner of a name
 
 
@@ -124,7 +125,7 @@ class Panel:
 
     def _ask(self, path: str, interface: str, method: str, arguments: GLib.Variant) -> tuple:
         return self.bus.call_sync(self.item, path, interface, method, arguments, None,
-                                  Gio.DBusCallFlags.NONE, 10000, None).unpack()
+                                  Gio.DBusCallFlags.NONE, PATIENCE, None).unpack()
 
     def _row(self, layout: tuple) -> Row:
         number, properties, children = layout

@@ -14,7 +14,7 @@ from gi.repository import GLib
 from PIL import Image
 
 from application import NAME, PROGRAM, ApplicationTest, on_full_disk
-from desktop import Desktop, wait_until
+from desktop import Desktop, call, wait_until
 
 STILL_DELAY = 1.8  # seconds from a new look to its picture
 
@@ -99,8 +99,7 @@ class DriverTest(ToldTest):
     def setUpClass(cls) -> None:
         super().setUpClass()
         # The signal is no find of a sanitizer's, which would report it and end the program in its own way.
-        environment = cls.desktop.environment
-        environment["ASAN_OPTIONS"] = environment.get("ASAN_OPTIONS", "") + ":handle_segv=0"
+        cls.desktop.set_sanitizer("handle_segv=0")
 
     def test_a_look_that_ends_it_twice_does_not_bar_the_way_to_another(self) -> None:
         deadly = {"pattern": 15, "dither": 4}  # Halo with Noise
@@ -167,6 +166,91 @@ class StuckTest(ApplicationTest):
         stuck.kill()
         wait_until(lambda: self.desktop.panel.item, "the icon in the panel")
         self.assertEqual(self.application.quit(), 0)
+
+
+OTHER_OWNER = f"""
+from gi.repository import Gio, GLib
+bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName",
+              GLib.Variant("(su)", ("{NAME}", 0)), None, Gio.DBusCallFlags.NONE, -1, None)
+GLib.MainLoop().run()
+"""
+BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus")
+MESSAGES = "org.freedesktop.Notifications"
+
+
+class OtherOwnerTest(ToldTest):
+    """Another program has its name on the session bus, and knows nothing of it."""
+
+    def setUp(self) -> None:
+        super().setUp()
+        other = self.desktop.start(sys.executable, "-c", OTHER_OWNER)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        self.desktop.wait_for_name(NAME)
+
+    def start(self) -> None:
+        self.application.process = self.desktop.start(PROGRAM)
+
+    def ends_with_a_failure(self) -> None:
+        self.assertEqual(self.application.process.wait(20), 1)
+        self.assertIn("cannot start", self.application.log_file.read_text())
+        self.application.log_file.unlink()
+
+    def test_a_message_tells_why_it_does_not_start(self) -> None:
+        self.start()
+        self.is_told("cannot start", "another program has it")
+        self.ends_with_a_failure()
+
+    def test_a_window_does_where_nobody_shows_messages(self) -> None:
+        names = self.desktop.bus
+        call(names, *BUS, "org.freedesktop.DBus.ReleaseName", GLib.Variant("(s)", (MESSAGES,)))
+        self.addCleanup(call, names, *BUS, "org.freedesktop.DBus.RequestName",
+                        GLib.Variant("(su)", (MESSAGES, 0)))
+        self.start()
+        wait_until(lambda: [window for window in self.desktop.windows() if window.program() == "tessel-broth"],
+                   "a window that tells of it", 60)
+        self.assertEqual(self.desktop.panel.messages, [])
+        self.desktop.press_keys("Escape")
+        self.ends_with_a_failure()
+
+
+class EndOfServersTest(ApplicationTest):
+    """What it needs of the session dies before it does."""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        """Each test has a desktop of its own."""
+
+    def setUp(self) -> None:
+        self.desktop = self.enterContext(Desktop())
+        super().setUp()
+
+    def play(self) -> None:
+        self.application.start()
+        self.application.play()
+        self.kept = self.application.look()
+
+    def test_a_wallpaper_moves_on_without_a_bus(self) -> None:
+        self.play()
+        self.desktop.end("dbus-daemon")
+        self.application.wait_for_motion()
+        self.application.process.terminate()
+        self.assertEqual(self.application.process.wait(20), 0)
+        self.assertEqual(self.application.look(), self.kept)
+        self.application.process = self.desktop.start(PROGRAM)
+        self.application.wait_for_motion()
+        self.application.process.terminate()
+        self.assertEqual(self.application.process.wait(20), 0)
+        self.assertEqual(self.application.look(), self.kept)
+
+    def test_the_end_of_the_screen_is_its_own(self) -> None:
+        # It ends where it stands and takes nothing apart, which a sanitizer would call leaks.
+        self.desktop.set_sanitizer("detect_leaks=0")
+        self.play()
+        self.desktop.end("Xvfb")
+        self.assertEqual(self.application.process.wait(20), 1)
+        self.assertEqual(self.application.look(), self.kept)
 
 
 class DamageTest(ToldTest):

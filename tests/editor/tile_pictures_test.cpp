@@ -8,9 +8,12 @@
 #include "support/surroundings.h"
 #include "support/test_store.h"
 
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickTextureFactory>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 
 namespace tessel {
@@ -28,7 +31,8 @@ public:
     }
 
     [[nodiscard]] bool isFinished() const { return m_isFinished; }
-    void cancel() { m_response->cancel(); }
+    /// It deletes itself then.
+    void cancel() { m_response.release()->cancel(); }
 
     [[nodiscard]] QImage image() const
     {
@@ -136,6 +140,54 @@ TEST_F(TilePicturesTest, EndsInPeaceWithPicturesUnderWay)
     asked.resize(asked.size() - 10); // QML has lost interest
     pictures.reset();
     QCoreApplication::processEvents();
+}
+
+/// Counts the responses that an engine is given and has not deleted.
+class CountingProvider : public QQuickAsyncImageProvider
+{
+public:
+    CountingProvider(LookPictures& pictures, std::atomic<int>& given, std::atomic<int>& left)
+        : m_pictures(pictures)
+        , m_given(given)
+        , m_left(left)
+    {
+    }
+
+    QQuickImageResponse* requestImageResponse(const QString& id, const QSize& requestedSize) override
+    {
+        QQuickImageResponse* response = m_pictures.request(id, requestedSize);
+        ++m_left;
+        QObject::connect(response, &QObject::destroyed, [&left = m_left] { --left; });
+        ++m_given;
+        return response;
+    }
+
+private:
+    LookPictures& m_pictures;
+    std::atomic<int>& m_given;
+    std::atomic<int>& m_left;
+};
+
+TEST_F(TilePicturesTest, AnEngineThatEndsLeavesNoneBehind)
+{
+    std::atomic<int> given = 0;
+    std::atomic<int> left = 0;
+    {
+        QQmlEngine engine;
+        engine.addImageProvider(QStringLiteral("looks"), new CountingProvider(m_pictures, given, left));
+        QQmlComponent component(&engine);
+        component.setData("import QtQuick\nItem { property var all: []\n"
+                          "Repeater { model: all; Image { source: modelData; sourceSize: \"2000x2000\" } } }",
+                          QUrl());
+        const std::unique_ptr<QObject> item(component.create());
+        ASSERT_NE(item, nullptr) << component.errorString().toStdString();
+        QStringList addresses;
+        for (const Tile& tile : patternTiles())
+            addresses << pictureOfLook(tile.atRest);
+        item->setProperty("all", addresses);
+        EXPECT_TRUE(waitUntil([&] { return given > 5; }));
+    }
+    EXPECT_EQ(left, 0);
 }
 
 } // namespace

@@ -37,7 +37,7 @@ void BusNotifications::send(const QString& title, const QString& text, const std
     const QVariantMap hints{{QStringLiteral("desktop-entry"), QGuiApplication::desktopFileName()}};
     call << QGuiApplication::applicationDisplayName() << 0U << QGuiApplication::desktopFileName() << title
          << text << QStringList() << hints << serversOwnTime;
-    ask(call, failed, [](const QDBusMessage& /*answer*/) {});
+    ask(call, failed, [this](const QDBusMessage& /*answer*/) { Q_EMIT shown(); });
 }
 
 void BusNotifications::ask(const QDBusMessage& call, std::function<void()> failed,

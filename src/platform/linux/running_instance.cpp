@@ -7,13 +7,11 @@
 #include "base/identity.h"
 
 #include <QDBusConnectionInterface>
-#include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QSocketNotifier>
 
 #include <algorithm>
-#include <chrono>
 #include <iterator>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -26,22 +24,34 @@ namespace {
 
 const auto interfaceName = QStringLiteral("org.freedesktop.Application");
 
-/// One that hangs must not make us hang as well.
-constexpr std::chrono::milliseconds patience{2000};
-
 /// A lock file older than this that does not say whose it is was left behind by a program that was killed as
 /// it made it.
 constexpr std::chrono::milliseconds namelessLockAge{1000};
 
-void askToComeForward(const QDBusConnection& bus)
+QString noAnswer()
+{
+    return RunningInstance::tr(
+        "It already runs, but does not answer. End it, or log out and in again, and then "
+        "start it once more.");
+}
+
+/// \return why it did not, for the user; empty if it did
+QString askToComeForward(const QDBusConnection& bus, std::chrono::milliseconds patience)
 {
     auto question = QDBusMessage::createMethodCall(identity::id, identity::objectPath, interfaceName,
                                                    QStringLiteral("Activate"));
     question << QVariantMap();
     question.setAutoStartService(false);
     const auto answer = bus.call(question, QDBus::Block, static_cast<int>(patience.count()));
-    if (answer.type() == QDBusMessage::ErrorMessage)
-        qWarning().noquote() << "Tessel Broth already runs, but does not answer:" << answer.errorMessage();
+    if (answer.type() != QDBusMessage::ErrorMessage)
+        return {};
+    if (QDBusError(answer).type() == QDBusError::NoReply)
+        return noAnswer();
+    return RunningInstance::tr(
+               "Its name on the session bus is not to be had: another program has it, or the bus "
+               "refuses it. End that program, or log out and in again, and then start Tessel "
+               "Broth once more. The answer was: %1")
+        .arg(answer.errorMessage());
 }
 
 const auto stillStarting = QStringLiteral("Tessel Broth is starting or ending. Ask again in a moment.");
@@ -124,7 +134,7 @@ void WallpaperInterface::Wallpaper(const QDBusMessage& message, QString& look, b
     animated = shown.isAnimated;
 }
 
-BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
+BusInstance::BusInstance(QDBusConnection bus, std::chrono::milliseconds patience) : m_bus(std::move(bus))
 {
     new ApplicationInterface(m_bus, this);
     new WallpaperInterface(m_bus, this);
@@ -135,7 +145,7 @@ BusInstance::BusInstance(QDBusConnection bus) : m_bus(std::move(bus))
     if (m_isFirst)
         return;
     m_bus.unregisterObject(identity::objectPath);
-    askToComeForward(m_bus);
+    setProblem(tessel::askToComeForward(m_bus, patience));
 }
 
 BusInstance::~BusInstance()
@@ -189,13 +199,13 @@ void LockFileInstance::hear()
     Q_EMIT activated();
 }
 
-void LockFileInstance::askToComeForward() const
+void LockFileInstance::askToComeForward()
 {
     const sockaddr_un address = socketAddress(m_socketFile);
     const char byte = 0;
     if (sendto(m_socket, &byte, sizeof byte, 0, reinterpret_cast<const sockaddr*>(&address), sizeof address) <
         0)
-        qWarning("Tessel Broth already runs, but does not answer.");
+        setProblem(noAnswer());
 }
 
 std::unique_ptr<RunningInstance> claimInstance()

@@ -13,6 +13,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <chrono>
+
 namespace tessel {
 
 /// The owner of the program's name on the session bus, or one that found it taken.
@@ -21,8 +23,9 @@ class BusInstance : public RunningInstance
     Q_OBJECT
 
 public:
-    /// Waits for the bus, and for up to 2 s for the instance that already runs.
-    explicit BusInstance(QDBusConnection bus);
+    /// Waits for the bus, and for the instance that already runs.
+    /// \param patience with one that is still starting, or hangs
+    explicit BusInstance(QDBusConnection bus, std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~BusInstance() override;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
@@ -49,7 +52,7 @@ public:
 private:
     void listen();
     void hear();
-    void askToComeForward() const;
+    void askToComeForward();
 
     QLockFile m_lock;
     const QString m_socketFile;
