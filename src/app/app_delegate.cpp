@@ -32,6 +32,9 @@ constexpr std::array menuSignals{&Store::desktopChanged,       &Store::desktopHi
 /// How long after a change everything is done that comes of it, cross-fades and stills too.
 constexpr std::chrono::seconds timeToRest{15};
 
+/// How long after that the next look is ready, and with it the last that leaves something behind.
+constexpr std::chrono::seconds timeToPrepare{5};
+
 /// How long the strip shows itself after the introduction.
 constexpr std::chrono::milliseconds firstPeek{3500};
 
@@ -143,8 +146,10 @@ void AppDelegate::rest()
 {
     if (m_parts.edge.mode() != Mode::open)
         m_parts.wallpaper.rest();
-    releaseUnusedMemory();
-    releaseUnusedCode();
+    QTimer::singleShot(timeToPrepare, this, [] {
+        releaseUnusedMemory();
+        releaseUnusedCode();
+    });
 }
 
 void AppDelegate::installMenu()

@@ -48,8 +48,17 @@ void Wallpaper::apply(ContinueFromEditor continuing)
 
 void Wallpaper::rest()
 {
-    if (!m_live.arePlaying())
-        m_environment.graphics.rest();
+    if (m_live.arePlaying())
+        return;
+    m_environment.graphics.rest();
+    if (m_environment.store.desktop())
+        anticipate();
+}
+
+/// Has what the next new wallpaper needs made ready.
+void Wallpaper::anticipate()
+{
+    m_scene.anticipate(m_environment.store.upcoming(), m_live.sizes());
 }
 
 void Wallpaper::stop()
@@ -97,7 +106,7 @@ void Wallpaper::pictureReplaced()
 void Wallpaper::stillsReady()
 {
     m_environment.windows.leaveIconsFree(m_stills.latest());
-    m_scene.anticipate(m_environment.store.upcoming(), m_live.sizes());
+    anticipate();
 }
 
 /// They are gone, or of another look because the program was ended too early.

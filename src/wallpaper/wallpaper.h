@@ -34,6 +34,7 @@ public:
     void stop() override;
 
 private:
+    void anticipate();
     void keepPhase();
     void playLive();
     void desktopChanged();
