@@ -9,19 +9,16 @@ import TesselBroth.Controls
  * A menu that opens above what it fills and stays inside it; it scrolls where there are too many rows. They are objects
  * with `text`, and maybe `detail` (set off from the text), `checked`, `separated` (a line before it) and `disabled`.
  */
-FocusScope {
+Overlay {
     id: root
 
     property string label
     property var rows: []
     property real margin: 12
-    property bool isOpen: false
     /** The row under the pointer, or where the keyboard is; -1 for none. */
     property int current: -1
     readonly property rect cardFrame: Qt.rect(card.x, card.y, card.width, card.height)
     readonly property bool isMarked: rows.some(row => row.checked !== undefined)
-    /** What had the focus before. */
-    property Item before: null
 
     signal triggered(int index)
     signal closed
@@ -45,12 +42,11 @@ FocusScope {
 
     /** Opens it with its corner at a point, or with its lower corner at `above` where that does not fit. */
     function open(x: real, y: real, above: real) {
-        before = Window.activeFocusItem
         card.x = Math.round(Math.max(margin, Math.min(width - card.width - margin, x)))
         const fits = y + card.height + 6 <= height
         card.y = Math.round(fits ? y : Math.max(6, Math.min(above, height - 6) - card.height))
-        isOpen = true
         current = -1
+        show()
         forceActiveFocus(Qt.PopupFocusReason)
         if (Surroundings.usesKeys)
             go(0, 1)
@@ -59,11 +55,7 @@ FocusScope {
     function close() {
         if (!isOpen)
             return
-        isOpen = false
-        // A scope around this that had the focus itself would hand it on to this again.
-        focus = false
-        if (before)
-            before.forceActiveFocus(Qt.PopupFocusReason)
+        hide()
         closed()
     }
 
@@ -100,7 +92,6 @@ FocusScope {
 
     Accessible.name: label
     Accessible.role: Accessible.PopupMenu
-    visible: isOpen
     z: 50
 
     Keys.onPressed: event => {

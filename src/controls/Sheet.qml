@@ -9,7 +9,7 @@ import TesselBroth.Controls
  * A question above everything in what it fills: a title, a text, maybe a field, and one or two buttons. Return takes
  * the first button, Escape the other. Nothing behind it can be reached while it is open.
  */
-FocusScope {
+Overlay {
     id: root
 
     property string title
@@ -20,49 +20,37 @@ FocusScope {
     property int firstKind: SmallButton.Filled
     property bool asksText: false
     property alias answer: field.text
-    property bool isOpen: false
-    property Item before: null
 
     /** The first button was taken. */
     signal accepted(string answer)
     signal canceled
 
     function open() {
-        before = Window.activeFocusItem
-        isOpen = true
+        show()
         if (asksText)
             field.focusAll()
         else
             first.forceActiveFocus(Qt.PopupFocusReason)
     }
 
-    function close() {
-        isOpen = false
-        // A scope around this that had the focus itself would hand it on to this again.
-        focus = false
-        if (before)
-            before.forceActiveFocus(Qt.PopupFocusReason)
-    }
-
     function accept() {
         if (!isOpen || !first.enabled)
             return
         const written = answer
-        close()
+        hide()
         accepted(written)
     }
 
     function cancel() {
         if (!isOpen)
             return
-        close()
+        hide()
         canceled()
     }
 
     Accessible.name: title
     Accessible.description: text
     Accessible.role: Accessible.Dialog
-    visible: isOpen
     z: 70
 
     Keys.onEscapePressed: cancel()

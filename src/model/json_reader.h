@@ -55,7 +55,8 @@ struct Member
     Node node;
 };
 
-/// Text in the language of the program. \param text in English, marked for translation in the context "Json"
+/// Text in the language of the program.
+/// \param text in English, marked for translation in the context "Json"
 [[nodiscard]] QString translated(const char* text);
 
 /// A message with these parts, in UTF-8, for its %1, %2 and so on.
