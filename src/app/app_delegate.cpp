@@ -131,8 +131,9 @@ void AppDelegate::connectSystem()
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::leave);
     connect(&m_rest, &QTimer::timeout, this, &AppDelegate::rest);
     for (const auto signal : {&Store::desktopChanged, &Store::appliedMotionChanged})
-        connect(&m_parts.store, signal, &m_rest, qOverload<>(&QTimer::start));
-    connect(&m_parts.edge, &EdgeController::modeChanged, &m_rest, qOverload<>(&QTimer::start));
+        connect(&m_parts.store, signal, this, &AppDelegate::restLater);
+    connect(&m_parts.edge, &EdgeController::modeChanged, this,
+            [this] { m_parts.edge.mode() == Mode::open ? restLater() : m_rest.start(); });
     m_rest.start();
     // Whether the program starts with the session is the user's choice, made elsewhere.
     connect(qApp, &QGuiApplication::saveStateRequest, this,
@@ -141,11 +142,21 @@ void AppDelegate::connectSystem()
             [this](QSessionManager& /*session*/) { static_cast<void>(m_parts.store.saveNow()); });
 }
 
-/// Gives back what is not in use.
+/// Looks are drawn from now on; rests some time after the last.
+void AppDelegate::restLater()
+{
+    m_hasDrawn = true;
+    m_rest.start();
+}
+
+/// Gives back what is not in use. Handle and strip leave only memory behind, and come and go with the
+/// pointer.
 void AppDelegate::rest()
 {
-    if (m_parts.edge.mode() != Mode::open)
+    if (m_hasDrawn && m_parts.edge.mode() != Mode::open) {
+        m_hasDrawn = false;
         m_parts.wallpaper.rest();
+    }
     QTimer::singleShot(timeToPrepare, this, [] {
         releaseUnusedMemory();
         releaseUnusedCode();
@@ -231,7 +242,7 @@ void AppDelegate::closeOnboarding()
 {
     m_onboardingWindow.reset();
     m_onboarding.reset();
-    m_rest.start();
+    restLater();
 }
 
 OnboardingServices AppDelegate::onboardingServices()

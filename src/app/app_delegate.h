@@ -72,6 +72,7 @@ Q_SIGNALS:
 private:
     void connectStore();
     void connectSystem();
+    void restLater();
     void rest();
     void installMenu();
     void greet();
@@ -98,6 +99,7 @@ private:
     std::unique_ptr<TrayIcon> m_tray;
     std::unique_ptr<Onboarding> m_onboarding; ///< while the introduction is open, as is its window
     std::unique_ptr<OnboardingWindow> m_onboardingWindow;
+    bool m_hasDrawn = true; ///< since the last rest
     bool m_hasLeft = false;
 };
 

@@ -118,6 +118,11 @@ class Application:
                 total += sum(map(int, re.findall(r"ctxt_switches:\s*(\d+)", (thread / "status").read_text())))
         return total
 
+    def processor_time(self) -> float:
+        """How many seconds its threads have computed since it began."""
+        fields = Path(f"/proc/{self.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
     def wait_until_idle(self, seconds: float = 1) -> None:
         wait_until(lambda: self.wake_ups(seconds) <= 1, f"{seconds} s with one wake-up each at most", 60)
 
