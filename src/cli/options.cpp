@@ -66,7 +66,10 @@ CLI::Option* addSizeOption(CLI::App& command, PixelSize& size)
 
 void addTimeOption(CLI::App& command, double& time)
 {
-    command.add_option("--time", time, "Animation phase; it comes round after 2000 pi [0]")
+    command
+        .add_option_function<double>(
+            "--time", [&time](double phase) { time = wrappedPhase(phase); },
+            "Animation phase; it comes round after 2000 pi [0]")
         ->check(checkFinite)
         ->type_name("PHASE");
 }

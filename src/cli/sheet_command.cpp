@@ -13,7 +13,6 @@
 #include "model/palette.h"
 #include "model/shuffle.h"
 
-#include <cmath>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -159,7 +158,7 @@ Tile drawTile(Headless& headless, const SheetEntry& entry, const SheetOptions& o
                            .current = entry.look,
                            .width = options.tile.width,
                            .height = options.tile.height,
-                           .time = std::fmod(options.time + entry.time, phaseLimit),
+                           .time = wrappedPhase(options.time + entry.time),
                            .reference = options.reference}),
             entry.label};
 }

@@ -7,6 +7,7 @@
 #include "render/limits.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tessel {
 
@@ -65,6 +66,12 @@ const LookBlock& LookBlockCache::block(const Look& look)
     if (m_entries.size() == capacity)
         m_entries.erase(m_entries.begin());
     return m_entries.emplace_back(look, makeLookBlock(look)).second;
+}
+
+double wrappedPhase(double phase)
+{
+    const double rest = std::fmod(phase, phaseLimit);
+    return rest < 0 ? rest + phaseLimit : rest;
 }
 
 UniformBlock makeUniforms(const Frame& frame, PhotoSize previousPhoto, PhotoSize currentPhoto,

@@ -42,6 +42,9 @@ struct PhotoSize
 /// Animation phases stay below a thousand turns, so that the GPU's floats keep their precision.
 inline constexpr double phaseLimit = 2000 * std::numbers::pi;
 
+/// A finite phase as the animation shows it, 0 to `phaseLimit`.
+[[nodiscard]] double wrappedPhase(double phase);
+
 /// One frame to draw: the cross-fade of two looks on a target of `width` x `height` pixels.
 struct Frame
 {

@@ -16,12 +16,6 @@ double longestStep(Source source)
     return source == Source::thumb ? 1.1 : 0.25;
 }
 
-double wrapped(double phase)
-{
-    const double rest = std::fmod(phase, phaseLimit);
-    return rest < 0 ? rest + phaseLimit : rest;
-}
-
 } // namespace
 
 void AnimationClocks::advance(Source source, double speed, double now)
@@ -31,12 +25,12 @@ void AnimationClocks::advance(Source source, double speed, double now)
     moved.lastAdvance = now;
     const double phase = moved.phase + step * speed;
     if (std::isfinite(phase))
-        moved.phase = wrapped(phase);
+        moved.phase = wrappedPhase(phase);
 }
 
 void AnimationClocks::setPhase(Source source, double phase)
 {
-    clock(source).phase = std::isfinite(phase) ? wrapped(phase) : 0.0;
+    clock(source).phase = std::isfinite(phase) ? wrappedPhase(phase) : 0.0;
 }
 
 } // namespace tessel

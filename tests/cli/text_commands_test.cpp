@@ -12,7 +12,10 @@
 namespace tessel {
 namespace {
 
+using testing::AllOf;
+using testing::Ge;
 using testing::HasSubstr;
+using testing::Le;
 using testing::StartsWith;
 
 class TextCommands : public Tool
@@ -70,6 +73,11 @@ TEST_F(TextCommands, InspectsALookAsItIsDrawn)
     EXPECT_EQ(seen["look"]["warp"], 0.35);
     ASSERT_EQ(seen["uniforms"].size(), 70U);
     EXPECT_EQ(seen["uniforms"][5], 1);
+    for (const char* far : {"1e300", "-1e300"})
+        EXPECT_THAT(
+            run({"inspect", "--size", "9x9", "--time", far, "--json"}).json()["uniforms"][2].get<double>(),
+            AllOf(Ge(0.0), Le(6283.2)))
+            << "phases come round";
 }
 
 TEST_F(TextCommands, TakesALookFromTextFileInputOrPicture)
