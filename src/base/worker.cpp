@@ -3,12 +3,38 @@
 
 #include "base/worker.h"
 
-#include <QSemaphore>
+#include <QCoreApplication>
+#include <QEvent>
 
+#include <chrono>
 #include <cstdio>
-#include <memory>
+#include <future>
 
 namespace tessel {
+
+void Inbox::post(std::function<void()> job)
+{
+    auto event = std::make_unique<QEvent>(QEvent::User);
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_jobs.push_back(std::move(job));
+    }
+    QCoreApplication::postEvent(this, event.release());
+}
+
+bool Inbox::event(QEvent* event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    std::function<void()> job;
+    {
+        const std::scoped_lock lock(m_mutex);
+        job = std::move(m_jobs.front());
+        m_jobs.pop_front();
+    }
+    job();
+    return true;
+}
 
 Worker::Worker(const QString& name, const std::function<void()>& prepareThread)
 {
@@ -16,40 +42,48 @@ Worker::Worker(const QString& name, const std::function<void()>& prepareThread)
     m_thread.start();
     if (!m_thread.isRunning())
         return;
-    m_place.moveToThread(&m_thread);
+    m_jobs.moveToThread(&m_thread);
     if (prepareThread)
         post(prepareThread);
 }
 
 Worker::~Worker()
 {
-    // As a job, so that those before it are done.
-    post([this] { m_thread.quit(); });
+    wait();
+    m_thread.quit();
     m_thread.wait();
 }
 
-void Worker::post(std::function<void()> job) // NOLINT(performance-unnecessary-value-param): it is moved
+void Worker::post(std::function<void()> job)
 {
-#ifdef __clang_analyzer__ // It does not see that the job is Qt's, and tells of a leak in Qt's header.
-    static_cast<void>(std::move(job));
-#else
-    // Where there is no thread this calls it.
-    QMetaObject::invokeMethod(&m_place, std::move(job));
-#endif
+    if (m_jobs.thread() == QThread::currentThread())
+        job();
+    else
+        m_jobs.post(std::move(job));
 }
 
 bool Worker::wait(QDeadlineTimer deadline)
 {
     // The job may outlive this call.
-    const auto done = std::make_shared<QSemaphore>();
-    post([done] { done->release(); });
-    return done->tryAcquire(1, static_cast<int>(deadline.remainingTime()));
+    const auto done = std::make_shared<std::promise<void>>();
+    const std::future<void> isDone = done->get_future();
+    post([done] { done->set_value(); });
+    if (deadline.isForever()) {
+        isDone.wait();
+        return true;
+    }
+    return isDone.wait_until(deadline.deadline<std::chrono::steady_clock>()) == std::future_status::ready;
+}
+
+void Worker::tell()
+{
+    QCoreApplication::sendPostedEvents(&m_told);
 }
 
 void Worker::adopt(QObject* object)
 {
     if (!m_thread.isRunning()) {
-        object->setParent(this);
+        object->setParent(&m_told);
         return;
     }
     object->moveToThread(&m_thread);

@@ -8,8 +8,11 @@
 #include <QString>
 #include <QThread>
 
+#include <deque>
 #include <exception>
 #include <functional>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <type_traits>
 #include <utility>
@@ -25,21 +28,33 @@ struct Outcome
     QString failure; ///< for people; empty with a value
 };
 
+/// Jobs for the thread that this lives on; its event loop runs them in order. Any thread may post one.
+class Inbox : public QObject
+{
+public:
+    void post(std::function<void()> job);
+    bool event(QEvent* event) override;
+
+private:
+    std::mutex m_mutex; ///< not left to Qt's queue of events, whose locks thread sanitizers do not see
+    std::deque<std::function<void()>> m_jobs;
+};
+
 /// Runs jobs on a thread of its own, one after the other. Where no thread can be made they run at once on
 /// the calling one, which is slower for the user but loses nothing.
 ///
 /// Jobs throw what they like below std::exception; it arrives as the failure of their outcome.
-class Worker : public QObject
+class Worker
 {
-    Q_OBJECT
-
 public:
     /// \param name of the thread, to be seen by those who look for what it does
     /// \param prepareThread runs first on it, to lower its priority say
     explicit Worker(const QString& name, const std::function<void()>& prepareThread = {});
 
     /// Waits for the jobs that were handed in; nobody is told of their outcomes any more.
-    ~Worker() override;
+    ~Worker();
+    Worker(const Worker&) = delete;
+    Worker& operator=(const Worker&) = delete;
 
     /// Runs a job, and then `done` on the thread that this lives in with its outcome. The value of a job
     /// that returns nothing is std::monostate.
@@ -50,9 +65,12 @@ public:
     template<typename Job>
     void run(Job job);
 
-    /// Waits until all jobs handed in so far are done. Their `done` come later, from the event loop.
-    /// \return whether they are, by the deadline
+    /// Waits until all jobs handed in so far are done. Their `done` come later, from the event loop or by
+    /// tell(). \return whether they are, by the deadline
     bool wait(QDeadlineTimer deadline = QDeadlineTimer::Forever);
+
+    /// Calls `done` for the jobs that are done, which otherwise the event loop does.
+    void tell();
 
     /// Lets an object without a parent live on the thread, which deletes it when it ends.
     void adopt(QObject* object);
@@ -64,7 +82,8 @@ private:
     void report(const QString& failure) const;
 
     QThread m_thread;
-    QObject m_place; ///< lives on the thread
+    Inbox m_jobs; ///< lives on the thread
+    Inbox m_told; ///< lives here
 };
 
 template<typename Job>
@@ -90,9 +109,10 @@ template<typename Job, typename Done>
 void Worker::run(Job job, Done done)
 {
     post([this, job = std::move(job), done = std::move(done)]() mutable {
-        QMetaObject::invokeMethod(
-            this, [done = std::move(done), outcome = outcomeOf(job)]() mutable { done(std::move(outcome)); },
-            Qt::QueuedConnection);
+        using Result = decltype(outcomeOf(job));
+        m_told.post([done = std::move(done), outcome = std::make_shared<Result>(outcomeOf(job))]() mutable {
+            done(std::move(*outcome));
+        });
     });
 }
 

@@ -3,8 +3,6 @@
 
 #include "model/settings_saver.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 namespace tessel {
@@ -158,7 +156,7 @@ bool SettingsSaver::waitForWrite(const QDeadlineTimer& deadline)
         if (!m_worker.wait(deadline))
             return false;
         // Its outcome is on the way to us, and one more write may begin with it.
-        QCoreApplication::sendPostedEvents(&m_worker, QEvent::MetaCall);
+        m_worker.tell();
     }
     return true;
 }
