@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/identity.h"
 #include "platform/linux/portal.h"
 #include "platform/linux/portal_shortcuts.h"
 #include "support/fake_service.h"
@@ -18,6 +19,7 @@ using testing::ElementsAre;
 using Outcome = Shortcuts::Outcome;
 
 const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+const auto registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
 
 /// A desktop's portal, which answers as a test tells it to.
@@ -35,6 +37,10 @@ protected:
     {
         m_portal = std::make_unique<FakeService>(m_bus.connect(), portal::service);
         m_portal->setProperty(QStringLiteral("version"), 1U);
+        m_portal->answer(registryInterface + QStringLiteral(".Register"), [this](const auto& arguments) {
+            m_names.push_back(arguments.value(0).toString());
+            return QVariantList();
+        });
         m_portal->answer(shortcutsInterface + QStringLiteral(".CreateSession"),
                          [this](const auto& arguments) {
                              return answerQuestion(arguments.value(0), m_sessionAnswer,
@@ -101,6 +107,7 @@ protected:
     int m_sessions = 0;
     int m_closed = 0;
     QString m_session;
+    QStringList m_names;
     std::vector<std::string> m_bound;
     std::vector<std::string> m_pressed;
 };
@@ -109,6 +116,7 @@ TEST_F(PortalShortcutsTest, HearsWhatIsPressedInItsOwnSession)
 {
     EXPECT_FALSE(m_shortcuts.isOffered());
     offer();
+    EXPECT_EQ(m_names, QStringList{identity::id}) << "before anything else is asked";
     ASSERT_EQ(ask(), Outcome::given);
     EXPECT_THAT(m_bound, ElementsAre("stir|Stir It", "taste|Taste It"));
     press(QStringLiteral("/session/of/another"), QStringLiteral("stir"));

@@ -3,6 +3,7 @@
 
 #include "platform/linux/portal_shortcuts.h"
 
+#include "base/identity.h"
 #include "platform/linux/bus_service.h"
 #include "platform/linux/portal.h"
 
@@ -41,6 +42,7 @@ namespace {
 
 const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
+const auto registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const auto activated = QStringLiteral("Activated");
 const auto closed = QStringLiteral("Closed");
 
@@ -62,8 +64,7 @@ PortalShortcuts::PortalShortcuts(const QDBusConnection& sessionBus)
             m_portal->listen(portal::answerPath(m_bus, question), portal::request, portal::response);
         m_portal->listen(portal::path, shortcutsInterface, activated);
         m_portal->listen({}, sessionInterface, closed);
-        m_portal->property(portal::path, shortcutsInterface, QStringLiteral("version"),
-                           [this](const QVariant& version) { setOffered(version.toUInt() > 0); });
+        introduce();
     });
     connect(m_portal, &BusService::vanished, this, [this] {
         m_session.clear();
@@ -71,6 +72,22 @@ PortalShortcuts::PortalShortcuts(const QDBusConnection& sessionBus)
         setOffered(false);
     });
     connect(m_portal, &BusService::received, this, &PortalShortcuts::receive);
+}
+
+/// Tells the portal whose combinations these are, so that the desktop's settings list them under the
+/// program's name. It knows by itself what a sandbox or a session's unit holds, and older ones cannot be
+/// told.
+void PortalShortcuts::introduce()
+{
+    m_portal->call(
+        portal::path, registryInterface, QStringLiteral("Register"), {identity::id, QVariantMap()},
+        [this](const QDBusMessage&) { askWhetherOffered(); }, [this] { askWhetherOffered(); });
+}
+
+void PortalShortcuts::askWhetherOffered()
+{
+    m_portal->property(portal::path, shortcutsInterface, QStringLiteral("version"),
+                       [this](const QVariant& version) { setOffered(version.toUInt() > 0); });
 }
 
 void PortalShortcuts::ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done)
@@ -147,7 +164,10 @@ void PortalShortcuts::end(Outcome outcome)
 
 std::unique_ptr<Shortcuts> watchShortcuts()
 {
-    return std::make_unique<PortalShortcuts>(QDBusConnection::sessionBus());
+    // The portal takes a program's name only in the first call of a connection, and Qt has asked it for
+    // settings on its own.
+    return std::make_unique<PortalShortcuts>(
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("shortcuts")));
 }
 
 } // namespace tessel

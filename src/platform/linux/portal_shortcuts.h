@@ -19,12 +19,15 @@ class PortalShortcuts final : public Shortcuts
     Q_OBJECT
 
 public:
+    /// \param sessionBus a connection of which nothing else asks the portal
     explicit PortalShortcuts(const QDBusConnection& sessionBus);
 
     [[nodiscard]] bool isOffered() const override { return m_isOffered; }
     void ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done) override;
 
 private:
+    void introduce();
+    void askWhetherOffered();
     void setOffered(bool offered);
     void receive(const QDBusMessage& message);
     void receiveAnswer(const QString& path, uint code, const QVariantMap& results);
