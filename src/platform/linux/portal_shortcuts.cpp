@@ -11,16 +11,10 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 
+#include <algorithm>
 #include <utility>
 
 namespace tessel {
-
-/// A key combination as the portal is told of it.
-struct PortalShortcut
-{
-    QString id;
-    QVariantMap properties;
-};
 
 QDBusArgument& operator<<(QDBusArgument& argument, const PortalShortcut& shortcut)
 {
@@ -48,6 +42,7 @@ const auto closed = QStringLiteral("Closed");
 
 /// The portal makes the paths of our questions and of the session from these.
 const auto sessionQuestion = QStringLiteral("shortcuts_session");
+const auto listQuestion = QStringLiteral("shortcuts_list");
 const auto bindQuestion = QStringLiteral("shortcuts_bind");
 const auto sessionToken = QStringLiteral("shortcuts");
 
@@ -60,7 +55,7 @@ PortalShortcuts::PortalShortcuts(const QDBusConnection& sessionBus)
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_portal, &BusService::appeared, this, [this] {
-        for (const QString& question : {sessionQuestion, bindQuestion})
+        for (const QString& question : {sessionQuestion, listQuestion, bindQuestion})
             m_portal->listen(portal::answerPath(m_bus, question), portal::request, portal::response);
         m_portal->listen(portal::path, shortcutsInterface, activated);
         m_portal->listen({}, sessionInterface, closed);
@@ -93,7 +88,21 @@ void PortalShortcuts::askWhetherOffered()
 void PortalShortcuts::ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done)
 {
     m_wanted = shortcuts;
+    m_takesAgain = false;
     m_done = std::move(done);
+    openSession();
+}
+
+void PortalShortcuts::takeAgain(const std::vector<Shortcut>& shortcuts)
+{
+    m_wanted = shortcuts;
+    m_takesAgain = true;
+    m_done = nullptr;
+    openSession();
+}
+
+void PortalShortcuts::openSession()
+{
     closeSession();
     m_portal->call(
         portal::path, shortcutsInterface, QStringLiteral("CreateSession"),
@@ -124,17 +133,51 @@ void PortalShortcuts::receive(const QDBusMessage& message)
 
 void PortalShortcuts::receiveAnswer(const QString& path, uint code, const QVariantMap& results)
 {
-    if (code != portal::agreed)
+    const bool isAgreed = code == portal::agreed;
+    if (path == portal::answerPath(m_bus, listQuestion)) {
+        if (!m_takesAgain || m_session.isEmpty())
+            return; // they were asked for anew meanwhile
+        if (isAgreed && areKnown(results.value(QStringLiteral("shortcuts"))))
+            end(Outcome::given);
+        else
+            bind();
+    } else if (!isAgreed) {
         end(code == portal::cancelled ? Outcome::declined : Outcome::failed);
-    else if (path == portal::answerPath(m_bus, sessionQuestion))
-        bind(results.value(QStringLiteral("session_handle")).toString());
-    else
+    } else if (path == portal::answerPath(m_bus, sessionQuestion)) {
+        m_session = results.value(QStringLiteral("session_handle")).toString();
+        if (m_takesAgain)
+            listKnown();
+        else
+            bind();
+    } else {
         end(Outcome::given);
+    }
 }
 
-void PortalShortcuts::bind(const QString& session)
+/// Some portals give a session at once what they have kept for the program, and show their settings whenever
+/// they are asked to bind.
+void PortalShortcuts::listKnown()
 {
-    m_session = session;
+    m_portal->call(
+        portal::path, shortcutsInterface, QStringLiteral("ListShortcuts"),
+        {QVariant::fromValue(QDBusObjectPath(m_session)), QVariantMap{{portal::handleToken, listQuestion}}},
+        [](const QDBusMessage&) {},
+        [this] {
+            if (!m_session.isEmpty())
+                bind();
+        });
+}
+
+bool PortalShortcuts::areKnown(const QVariant& list) const
+{
+    const auto known = qdbus_cast<QList<PortalShortcut>>(list);
+    return std::ranges::all_of(m_wanted, [&](const Shortcut& wanted) {
+        return std::ranges::any_of(known, [&](const PortalShortcut& each) { return each.id == wanted.id; });
+    });
+}
+
+void PortalShortcuts::bind()
+{
     QList<PortalShortcut> shortcuts;
     for (const Shortcut& each : m_wanted)
         shortcuts.push_back({each.id, {{QStringLiteral("description"), each.title}}});
