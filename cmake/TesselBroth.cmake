@@ -111,6 +111,10 @@ function(tessel_add_qml_module target uri)
     qt_add_qml_module(${target} URI ${uri} VERSION 1.0 NO_PLUGIN RESOURCE_PREFIX /qt-project.org/imports
         OUTPUT_DIRECTORY ${TESSEL_QML}/${folder} IMPORT_PATH ${TESSEL_QML}
         DEPENDENCIES QtQuick ${ARG_DEPENDENCIES} QML_FILES ${ARG_FILES} ${ARG_SINGLETONS})
+    # Nothing refers to the compiled files: linkers leave them out of a static library, from Qt 6.5 on, and the program
+    # would compile them anew for each user.
+    string(LENGTH qInitResources_qmlcache_${target} length)
+    target_link_options(${target} INTERFACE LINKER:--undefined=_Z${length}qInitResources_qmlcache_${target}v)
     # What Qt's compilers write is not held to our warnings.
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "/\\.rcc/|_qmltyperegistrations\\.cpp$")

@@ -39,7 +39,7 @@ DesktopShortcuts::DesktopShortcuts(Store& store, Shortcuts& shortcuts)
 void DesktopShortcuts::renew()
 {
     if (areOffered() && m_store.shortcutsWanted())
-        m_shortcuts.ask(shortcutsOfActions(), [](Shortcuts::Outcome) {});
+        m_shortcuts.takeAgain(shortcutsOfActions());
 }
 
 void DesktopShortcuts::setUp()

@@ -37,10 +37,13 @@ public:
     /// Whether the desktop has any to give.
     [[nodiscard]] virtual bool isOffered() const = 0;
 
-    /// Asks for some, in place of those that were given before. The desktop may ask the user, and does not do
-    /// so again for what it knows already.
-    /// \param done not called if the desktop is gone by then
+    /// Asks for some, in place of those that were given before. The desktop may ask the user, or show its
+    /// settings. \param done not called if the desktop is gone by then
     virtual void ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done) = 0;
+
+    /// Takes those again that were given to an earlier run. The user is asked only if the desktop knows them
+    /// no more.
+    virtual void takeAgain(const std::vector<Shortcut>& shortcuts) = 0;
 
 Q_SIGNALS:
     void offeredChanged();

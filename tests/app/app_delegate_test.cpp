@@ -97,6 +97,7 @@ public:
         asked = wanted;
         answer = std::move(done);
     }
+    void takeAgain(const std::vector<Shortcut>& wanted) override { takenAgain = wanted; }
     void offer(bool offered)
     {
         areOffered = offered;
@@ -104,9 +105,12 @@ public:
     }
     /// Whether it is asked; forgets that it was.
     bool wasAsked() { return !std::exchange(asked, {}).empty(); }
+    /// The same for what was given before.
+    bool wereTakenAgain() { return !std::exchange(takenAgain, {}).empty(); }
 
     bool areOffered = false;
     std::vector<Shortcut> asked;
+    std::vector<Shortcut> takenAgain;
     std::function<void(Outcome)> answer;
 };
 
@@ -220,7 +224,7 @@ TEST_F(AppDelegateTest, AsksTheDesktopForShortcutsOnceTheUserHas)
     m_notifications.messages.clear();
     EXPECT_EQ(menuRow("Keyboard Shortcuts..."), nullptr);
     m_shortcuts.offer(true);
-    EXPECT_FALSE(m_shortcuts.wasAsked()) << "nobody wants any yet";
+    EXPECT_FALSE(m_shortcuts.wereTakenAgain()) << "nobody wants any yet";
     ASSERT_TRUE(waitUntil([&] { return menuRow("Keyboard Shortcuts...") != nullptr; }));
     const auto answerWith = [&](Shortcuts::Outcome outcome) {
         menuRow("Keyboard Shortcuts...")->trigger();
@@ -232,17 +236,18 @@ TEST_F(AppDelegateTest, AsksTheDesktopForShortcutsOnceTheUserHas)
     answerWith(Shortcuts::Outcome::failed);
     m_delegate.reset();
     start();
-    EXPECT_FALSE(m_shortcuts.wasAsked());
+    EXPECT_FALSE(m_shortcuts.wereTakenAgain());
     answerWith(Shortcuts::Outcome::given);
     EXPECT_THAT(m_notifications.messages,
                 ElementsAre(HasSubstr("tessel do new-wallpaper"), HasSubstr("ready"), HasSubstr("set up")));
     m_delegate.reset();
     start();
-    EXPECT_TRUE(m_shortcuts.wasAsked()) << "as the user wished the last time";
+    EXPECT_TRUE(m_shortcuts.wereTakenAgain()) << "as the user wished the last time";
     m_shortcuts.offer(false);
-    EXPECT_FALSE(m_shortcuts.wasAsked());
+    EXPECT_FALSE(m_shortcuts.wereTakenAgain());
     m_shortcuts.offer(true);
-    EXPECT_TRUE(m_shortcuts.wasAsked()) << "whoever gives them was replaced";
+    EXPECT_TRUE(m_shortcuts.wereTakenAgain()) << "whoever gives them was replaced";
+    EXPECT_FALSE(m_shortcuts.wasAsked()) << "the user is left alone";
 
     Q_EMIT m_shortcuts.pressed(QStringLiteral("toggle-motion"));
     EXPECT_FALSE(m_store->desktopMotion());

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/identity.h"
 #include "platform/linux/portal.h"
 #include "platform/linux/portal_shortcuts.h"
 #include "support/fake_service.h"
 #include "support/surroundings.h"
 
-#include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,6 +18,7 @@ using testing::ElementsAre;
 using Outcome = Shortcuts::Outcome;
 
 const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+const auto registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
 
 /// A desktop's portal, which answers as a test tells it to.
@@ -35,29 +36,29 @@ protected:
     {
         m_portal = std::make_unique<FakeService>(m_bus.connect(), portal::service);
         m_portal->setProperty(QStringLiteral("version"), 1U);
+        m_portal->answer(registryInterface + QStringLiteral(".Register"), [this](const auto& arguments) {
+            m_names.push_back(arguments.value(0).toString());
+            return QVariantList();
+        });
         m_portal->answer(shortcutsInterface + QStringLiteral(".CreateSession"),
                          [this](const auto& arguments) {
                              return answerQuestion(arguments.value(0), m_sessionAnswer,
                                                    {{QStringLiteral("session_handle"), nextSession()}});
                          });
-        m_portal->answer(shortcutsInterface + QStringLiteral(".BindShortcuts"),
-                         [this](const auto& arguments) {
-                             m_bound.clear();
-                             const auto shortcuts = arguments.value(1).template value<QDBusArgument>();
-                             shortcuts.beginArray();
-                             while (!shortcuts.atEnd()) {
-                                 QString id;
-                                 QVariantMap properties;
-                                 shortcuts.beginStructure();
-                                 shortcuts >> id >> properties;
-                                 shortcuts.endStructure();
-                                 m_bound.push_back((id + QLatin1Char('|') +
-                                                    properties[QStringLiteral("description")].toString())
-                                                       .toStdString());
-                             }
-                             shortcuts.endArray();
-                             return answerQuestion(arguments.value(3), m_bindAnswer, {});
-                         });
+        m_portal->answer(
+            shortcutsInterface + QStringLiteral(".ListShortcuts"), [this](const auto& arguments) {
+                return answerQuestion(arguments.value(1), m_listAnswer,
+                                      {{QStringLiteral("shortcuts"), QVariant::fromValue(m_known)}});
+            });
+        m_portal->answer(
+            shortcutsInterface + QStringLiteral(".BindShortcuts"), [this](const auto& arguments) {
+                m_bound.clear();
+                for (const auto& [id, properties] : qdbus_cast<QList<PortalShortcut>>(arguments.value(1)))
+                    m_bound.push_back(
+                        (id + QLatin1Char('|') + properties[QStringLiteral("description")].toString())
+                            .toStdString());
+                return answerQuestion(arguments.value(3), m_bindAnswer, {});
+            });
         m_portal->answer(sessionInterface + QStringLiteral(".Close"), [this](const auto&) {
             ++m_closed;
             return QVariantList();
@@ -75,12 +76,16 @@ protected:
 
     QString nextSession() { return m_session = QStringLiteral("/session/%1").arg(++m_sessions); }
 
+    static std::vector<Shortcut> wanted()
+    {
+        return {{QStringLiteral("stir"), QStringLiteral("Stir It")},
+                {QStringLiteral("taste"), QStringLiteral("Taste It")}};
+    }
+
     Outcome ask()
     {
         std::optional<Outcome> outcome;
-        m_shortcuts.ask({{QStringLiteral("stir"), QStringLiteral("Stir It")},
-                         {QStringLiteral("taste"), QStringLiteral("Taste It")}},
-                        [&](Outcome answer) { outcome = answer; });
+        m_shortcuts.ask(wanted(), [&](Outcome answer) { outcome = answer; });
         EXPECT_TRUE(waitUntil([&] { return outcome.has_value(); }));
         return outcome.value_or(Outcome::failed);
     }
@@ -97,10 +102,13 @@ protected:
     PortalShortcuts m_shortcuts{m_own};
     std::unique_ptr<FakeService> m_portal;
     uint m_sessionAnswer = portal::agreed;
+    uint m_listAnswer = portal::agreed;
     uint m_bindAnswer = portal::agreed;
     int m_sessions = 0;
     int m_closed = 0;
     QString m_session;
+    QStringList m_names;
+    QList<PortalShortcut> m_known; ///< that the session has from the start
     std::vector<std::string> m_bound;
     std::vector<std::string> m_pressed;
 };
@@ -109,6 +117,7 @@ TEST_F(PortalShortcutsTest, HearsWhatIsPressedInItsOwnSession)
 {
     EXPECT_FALSE(m_shortcuts.isOffered());
     offer();
+    EXPECT_EQ(m_names, QStringList{identity::id}) << "before anything else is asked";
     ASSERT_EQ(ask(), Outcome::given);
     EXPECT_THAT(m_bound, ElementsAre("stir|Stir It", "taste|Taste It"));
     press(QStringLiteral("/session/of/another"), QStringLiteral("stir"));
@@ -125,6 +134,28 @@ TEST_F(PortalShortcutsTest, HearsWhatIsPressedInItsOwnSession)
     offer();
     EXPECT_EQ(ask(), Outcome::given);
     EXPECT_EQ(m_closed, 1) << "that session went with its portal";
+}
+
+TEST_F(PortalShortcutsTest, TakesAgainWhatThePortalHasKept)
+{
+    offer();
+    m_known = {{QStringLiteral("taste"), {}}, {QStringLiteral("stir"), {}}};
+    m_shortcuts.takeAgain(wanted());
+    // Only what is pressed tells that the session is there.
+    EXPECT_TRUE(waitUntil([&] {
+        if (!m_session.isEmpty())
+            press(m_session, QStringLiteral("taste"));
+        return !m_pressed.empty();
+    }));
+    EXPECT_THAT(m_bound, ElementsAre()) << "that might show the desktop's settings at each login";
+
+    m_known.removeLast();
+    m_shortcuts.takeAgain(wanted());
+    EXPECT_TRUE(waitUntil([this] { return m_bound.size() == 2; })) << "one is new";
+    m_bound.clear();
+    m_listAnswer = 2;
+    m_shortcuts.takeAgain(wanted());
+    EXPECT_TRUE(waitUntil([this] { return m_bound.size() == 2; })) << "it does not say what it has";
 }
 
 TEST_F(PortalShortcutsTest, TellsWhoDidNotWantThem)

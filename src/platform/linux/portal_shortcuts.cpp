@@ -3,6 +3,7 @@
 
 #include "platform/linux/portal_shortcuts.h"
 
+#include "base/identity.h"
 #include "platform/linux/bus_service.h"
 #include "platform/linux/portal.h"
 
@@ -10,16 +11,10 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 
+#include <algorithm>
 #include <utility>
 
 namespace tessel {
-
-/// A key combination as the portal is told of it.
-struct PortalShortcut
-{
-    QString id;
-    QVariantMap properties;
-};
 
 QDBusArgument& operator<<(QDBusArgument& argument, const PortalShortcut& shortcut)
 {
@@ -41,11 +36,13 @@ namespace {
 
 const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
+const auto registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const auto activated = QStringLiteral("Activated");
 const auto closed = QStringLiteral("Closed");
 
 /// The portal makes the paths of our questions and of the session from these.
 const auto sessionQuestion = QStringLiteral("shortcuts_session");
+const auto listQuestion = QStringLiteral("shortcuts_list");
 const auto bindQuestion = QStringLiteral("shortcuts_bind");
 const auto sessionToken = QStringLiteral("shortcuts");
 
@@ -58,12 +55,11 @@ PortalShortcuts::PortalShortcuts(const QDBusConnection& sessionBus)
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_portal, &BusService::appeared, this, [this] {
-        for (const QString& question : {sessionQuestion, bindQuestion})
+        for (const QString& question : {sessionQuestion, listQuestion, bindQuestion})
             m_portal->listen(portal::answerPath(m_bus, question), portal::request, portal::response);
         m_portal->listen(portal::path, shortcutsInterface, activated);
         m_portal->listen({}, sessionInterface, closed);
-        m_portal->property(portal::path, shortcutsInterface, QStringLiteral("version"),
-                           [this](const QVariant& version) { setOffered(version.toUInt() > 0); });
+        introduce();
     });
     connect(m_portal, &BusService::vanished, this, [this] {
         m_session.clear();
@@ -73,10 +69,40 @@ PortalShortcuts::PortalShortcuts(const QDBusConnection& sessionBus)
     connect(m_portal, &BusService::received, this, &PortalShortcuts::receive);
 }
 
+/// Tells the portal whose combinations these are, so that the desktop's settings list them under the
+/// program's name. It knows by itself what a sandbox or a session's unit holds, and older ones cannot be
+/// told.
+void PortalShortcuts::introduce()
+{
+    m_portal->call(
+        portal::path, registryInterface, QStringLiteral("Register"), {identity::id, QVariantMap()},
+        [this](const QDBusMessage&) { askWhetherOffered(); }, [this] { askWhetherOffered(); });
+}
+
+void PortalShortcuts::askWhetherOffered()
+{
+    m_portal->property(portal::path, shortcutsInterface, QStringLiteral("version"),
+                       [this](const QVariant& version) { setOffered(version.toUInt() > 0); });
+}
+
 void PortalShortcuts::ask(const std::vector<Shortcut>& shortcuts, std::function<void(Outcome)> done)
 {
     m_wanted = shortcuts;
+    m_takesAgain = false;
     m_done = std::move(done);
+    openSession();
+}
+
+void PortalShortcuts::takeAgain(const std::vector<Shortcut>& shortcuts)
+{
+    m_wanted = shortcuts;
+    m_takesAgain = true;
+    m_done = nullptr;
+    openSession();
+}
+
+void PortalShortcuts::openSession()
+{
     closeSession();
     m_portal->call(
         portal::path, shortcutsInterface, QStringLiteral("CreateSession"),
@@ -107,17 +133,51 @@ void PortalShortcuts::receive(const QDBusMessage& message)
 
 void PortalShortcuts::receiveAnswer(const QString& path, uint code, const QVariantMap& results)
 {
-    if (code != portal::agreed)
+    const bool isAgreed = code == portal::agreed;
+    if (path == portal::answerPath(m_bus, listQuestion)) {
+        if (!m_takesAgain || m_session.isEmpty())
+            return; // they were asked for anew meanwhile
+        if (isAgreed && areKnown(results.value(QStringLiteral("shortcuts"))))
+            end(Outcome::given);
+        else
+            bind();
+    } else if (!isAgreed) {
         end(code == portal::cancelled ? Outcome::declined : Outcome::failed);
-    else if (path == portal::answerPath(m_bus, sessionQuestion))
-        bind(results.value(QStringLiteral("session_handle")).toString());
-    else
+    } else if (path == portal::answerPath(m_bus, sessionQuestion)) {
+        m_session = results.value(QStringLiteral("session_handle")).toString();
+        if (m_takesAgain)
+            listKnown();
+        else
+            bind();
+    } else {
         end(Outcome::given);
+    }
 }
 
-void PortalShortcuts::bind(const QString& session)
+/// Some portals give a session at once what they have kept for the program, and show their settings whenever
+/// they are asked to bind.
+void PortalShortcuts::listKnown()
 {
-    m_session = session;
+    m_portal->call(
+        portal::path, shortcutsInterface, QStringLiteral("ListShortcuts"),
+        {QVariant::fromValue(QDBusObjectPath(m_session)), QVariantMap{{portal::handleToken, listQuestion}}},
+        [](const QDBusMessage&) {},
+        [this] {
+            if (!m_session.isEmpty())
+                bind();
+        });
+}
+
+bool PortalShortcuts::areKnown(const QVariant& list) const
+{
+    const auto known = qdbus_cast<QList<PortalShortcut>>(list);
+    return std::ranges::all_of(m_wanted, [&](const Shortcut& wanted) {
+        return std::ranges::any_of(known, [&](const PortalShortcut& each) { return each.id == wanted.id; });
+    });
+}
+
+void PortalShortcuts::bind()
+{
     QList<PortalShortcut> shortcuts;
     for (const Shortcut& each : m_wanted)
         shortcuts.push_back({each.id, {{QStringLiteral("description"), each.title}}});
@@ -147,7 +207,10 @@ void PortalShortcuts::end(Outcome outcome)
 
 std::unique_ptr<Shortcuts> watchShortcuts()
 {
-    return std::make_unique<PortalShortcuts>(QDBusConnection::sessionBus());
+    // The portal takes a program's name only in the first call of a connection, and Qt has asked it for
+    // settings on its own.
+    return std::make_unique<PortalShortcuts>(
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("shortcuts")));
 }
 
 } // namespace tessel

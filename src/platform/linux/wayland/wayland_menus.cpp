@@ -22,6 +22,7 @@ bool WaylandMenus::eventFilter(QObject* watched, QEvent* event)
     if (window.type() == Qt::Popup && window.transientParent() == nullptr) {
         window.setMinimumSize(window.size());
         window.setMaximumSize(window.size());
+        window.setFlag(Qt::FramelessWindowHint);
     }
     return false;
 }

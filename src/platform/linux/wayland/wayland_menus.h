@@ -7,8 +7,9 @@
 
 namespace tessel {
 
-/// Keeps menus that open at the pointer as large as they are. On Wayland those are ordinary windows where no
-/// window of Qt's is below them, and a tiling compositor would have them fill the screen.
+/// Keeps menus that open at the pointer as large as they are, and without a title. On Wayland those are
+/// ordinary windows where no window of Qt's is below them: a tiling compositor would have them fill the
+/// screen, and others give them a frame.
 class WaylandMenus : public QObject
 {
     Q_OBJECT
