@@ -51,7 +51,7 @@ bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
             repaint(cell, pixels);
     }
     m_valid = true;
-    const std::span<const PixelRect> changed = m_bands.take();
+    const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
         return false;
     canvas.presentPixels(changed);
@@ -72,7 +72,7 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_lower.resize(cells);
     m_upper.resize(cells);
     m_shown.resize(cells);
-    m_bands.reset(frame.width, frame.height);
+    m_areas.reset(frame.width, frame.height);
     if (frame.current.dither == Dither::ascii) {
         m_places = {};
         m_thresholds = {};
@@ -152,8 +152,8 @@ void ScreenPainter::repaintCharacter(std::size_t cell, std::uint32_t* pixels)
     const int top = static_cast<int>(cell) / m_grid.width * side;
     const int right = std::min(left + side, m_shape.width);
     const int bottom = std::min(top + side, m_shape.height);
+    m_areas.mark(left, top, right, bottom);
     for (int y = top; y < bottom; ++y) {
-        m_bands.mark(y);
         const std::size_t row = cellCount({m_shape.width, y});
         for (std::size_t at = row + static_cast<std::size_t>(left);
              at < row + static_cast<std::size_t>(right); ++at)
@@ -167,7 +167,7 @@ void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels
     for (std::uint32_t at = range.begin; at < range.end; ++at) {
         const auto [x, y] = m_places[at];
         pixels[y * width + x] = color | opaque;
-        m_bands.mark(y);
+        m_areas.mark(x, y);
     }
 }
 

@@ -203,7 +203,7 @@ bool SmoothPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
             paintCells(tile, pixels);
         else
             paintBetweenCells(tile, pixels);
-    const std::span<const PixelRect> changed = m_bands.take();
+    const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
         return false;
     canvas.presentPixels(changed);
@@ -235,7 +235,7 @@ void SmoothPainter::begin(FrameEncoder& encoder, const Frame& frame)
     for (std::vector<CellTile>& due : m_due)
         due.reserve(tiles);
     m_changed.reserve(tiles);
-    m_bands.reset(m_shape.width, m_shape.height);
+    m_areas.reset(m_shape.width, m_shape.height);
     makeGrain();
 }
 
@@ -501,8 +501,7 @@ void SmoothPainter::paintCells(CellTile tile, std::uint32_t* pixels)
         for (std::size_t x = 0; x < width; ++x)
             out[x] = colors[x % colors.size()][place(cell + x)];
     }
-    m_bands.mark(top);
-    m_bands.mark(bottom - 1);
+    m_areas.mark(left, top, left + static_cast<int>(width), bottom);
 }
 
 /// The colours of a tile's cells, and of those around it.
@@ -540,8 +539,7 @@ void SmoothPainter::paintBetweenCells(CellTile tile, std::uint32_t* pixels)
         std::copy_n(&between[static_cast<std::size_t>(left - firstX)], right - left,
                     pixels + cellCount({m_shape.width, y}) + left);
     }
-    m_bands.mark(top);
-    m_bands.mark(bottom - 1);
+    m_areas.mark(left, top, right, bottom);
 }
 
 } // namespace tessel

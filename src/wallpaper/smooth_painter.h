@@ -5,7 +5,7 @@
 
 #include "platform/canvas.h"
 #include "render/frame_encoder.h"
-#include "wallpaper/changed_bands.h"
+#include "wallpaper/changed_areas.h"
 #include "wallpaper/smooth_colors.h"
 
 #include <array>
@@ -119,7 +119,7 @@ private:
     std::array<std::vector<CellTile>, steps * spans> m_due; ///< by the powers of two of span and step
     std::vector<CellTile> m_changed;                        ///< in this frame
     TileTones m_samples;
-    ChangedBands m_bands;
+    ChangedAreas m_areas;
 };
 
 } // namespace tessel
