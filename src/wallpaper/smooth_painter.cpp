@@ -466,7 +466,7 @@ void SmoothPainter::advance(CellTile tile, double time)
     TileState& state = m_states[index(tile)];
     static constexpr int bits = 14;
     const double whole = state.next - state.painted;
-    const double passed = m_valid && whole != 0.0 ? (time - state.painted) / whole : 1.0;
+    const double passed = whole != 0.0 ? (time - state.painted) / whole : 1.0;
     const auto part = static_cast<int>(std::clamp(passed, 0.0, 1.0) * (1 << bits));
     std::size_t first = firstCell(tile);
     for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
