@@ -146,6 +146,7 @@ int runApplication()
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
     Dialogs dialogs(windows->focus());
     const std::unique_ptr<Graphics> graphics = makeGraphics(*windows, *instance, dialogs);
+    endDrawingOnCaller(); // what draws in the background has its threads
     if (graphics == nullptr)
         return EXIT_FAILURE;
     Store store;
@@ -216,5 +217,6 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     tessel::shareUnusedMemory();
+    tessel::beginDrawingOnCaller();
     return tessel::run(argc, argv);
 }

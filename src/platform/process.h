@@ -18,6 +18,14 @@ void endWithin(std::chrono::milliseconds time);
 /// several, and each leaves many small gaps. To be called before there are any.
 void shareUnusedMemory();
 
+/// Has a software renderer that begins from now on draw on the thread that asks it to. Else it has a thread
+/// for each processor and wakes them all for each pass, of which a frame of a wallpaper has a few small ones.
+/// To be called before there are other threads.
+void beginDrawingOnCaller();
+
+/// Those that begin from now on, here and in programs that are started, have their threads.
+void endDrawingOnCaller();
+
 /// Gives memory back to the system that was freed but is kept for later.
 void releaseUnusedMemory();
 

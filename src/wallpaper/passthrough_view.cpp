@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <type_traits>
 #include <utility>
 
 namespace tessel {
@@ -18,6 +17,9 @@ namespace {
 /// Unlike a GPU the processor has other things to do: a millisecond of its time is as much as four of a
 /// GPU's. Frames come less often when they would take more than about a fifth of one core.
 constexpr double processorWeight = 4.0;
+
+/// The share of the time that frames may take from what else is to be done, such as to open a menu.
+constexpr double longestShare = 0.5;
 
 } // namespace
 
@@ -29,7 +31,7 @@ PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& g
 {
     connect(&m_surface, &LiveSurface::frameDue, this, &PassthroughView::draw);
     connect(&m_surface, &LiveSurface::contentLost, this, [this] {
-        invalidate();
+        m_painter.invalidate();
         draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
@@ -77,8 +79,11 @@ void PassthroughView::draw()
 
 void PassthroughView::updateRate()
 {
-    if (!m_stopped)
-        m_surface.setFrameRate(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()));
+    if (m_stopped)
+        return;
+    const auto bearable = static_cast<int>(1000.0 * longestShare / std::max(m_frameMilliseconds, 1.0));
+    m_surface.setFrameRate(
+        std::min(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()), std::max(bearable, 1)));
 }
 
 Frame PassthroughView::nextFrame()
@@ -114,27 +119,15 @@ void PassthroughView::drawOn(PixelCanvas& canvas)
     if (m_governor.countFrame())
         m_governor.addSample(processorWeight * std::exchange(m_leastMilliseconds, unmeasured));
     const Frame frame = nextFrame();
-    // Frames are drawn by several threads.
+    // Frames may be drawn by several threads.
     const double begin = processorMilliseconds();
-    if (!paintWith<CellPainter>(frame, canvas) && !paintWith<ScreenPainter>(frame, canvas) &&
-        !paintWith<SmoothPainter>(frame, canvas))
+    Stopwatch watch;
+    if (m_painter.paint(m_graphics.encoder(), frame, canvas))
+        m_buffer = {};
+    else
         drawPixels(frame, canvas);
+    m_frameMilliseconds = watch.lap();
     m_leastMilliseconds = std::min(m_leastMilliseconds, processorMilliseconds() - begin);
-}
-
-/// \return whether the frame is one for such a painter
-template<typename Painter>
-bool PassthroughView::paintWith(const Frame& frame, PixelCanvas& canvas)
-{
-    if (!Painter::canPaint(frame))
-        return false;
-    m_buffer = {};
-    if constexpr (std::is_same_v<Painter, CellPainter>)
-        canvas.releasePixels();
-    if (!std::holds_alternative<Painter>(m_painter))
-        m_painter.emplace<Painter>();
-    std::get<Painter>(m_painter).paint(m_graphics.encoder(), frame, canvas);
-    return true;
 }
 
 void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
@@ -147,13 +140,7 @@ void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)
     readColors(m_buffer.framebuffer, frame.width, frame.height, canvas.pixels());
     canvas.presentPixels(std::array{
         PixelRect{0, 0, static_cast<std::uint16_t>(frame.width), static_cast<std::uint16_t>(frame.height)}});
-    invalidate();
-}
-
-/// What the painter has worked out stays: it is of use again after a cross-fade.
-void PassthroughView::invalidate()
-{
-    std::visit([](auto& painter) { painter.invalidate(); }, m_painter);
+    m_painter.invalidate();
 }
 
 void PassthroughView::releaseObjects()

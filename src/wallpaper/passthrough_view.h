@@ -8,14 +8,11 @@
 #include "render/graphics.h"
 #include "scene/frame_pacing.h"
 #include "scene/scene.h"
-#include "wallpaper/cell_painter.h"
-#include "wallpaper/screen_painter.h"
-#include "wallpaper/smooth_painter.h"
+#include "wallpaper/frame_painter.h"
 
 #include <QObject>
 
 #include <limits>
-#include <variant>
 
 namespace tessel {
 
@@ -43,10 +40,7 @@ private:
     void draw();
     void drawOn(GpuCanvas& canvas);
     void drawOn(PixelCanvas& canvas);
-    template<typename Painter>
-    bool paintWith(const Frame& frame, PixelCanvas& canvas);
     void drawPixels(const Frame& frame, PixelCanvas& canvas);
-    void invalidate();
     [[nodiscard]] Frame nextFrame();
     void updateRate();
     void releaseObjects();
@@ -62,13 +56,14 @@ private:
     Scene& m_scene;
     Graphics& m_graphics;
     const float m_reference;
-    std::variant<CellPainter, ScreenPainter, SmoothPainter> m_painter;
+    FramePainter m_painter;
     Buffer m_buffer;
     static constexpr double unmeasured = std::numeric_limits<double>::infinity();
 
     LoadGovernor m_governor;
     double m_leastMilliseconds =
         unmeasured; ///< of the frames since the last sample: the first of a look take longer
+    double m_frameMilliseconds = 0.0; ///< of the last frame, in which nothing else could be done
     GpuTimer m_gpuTimer;
     bool m_stopped = true;
 };

@@ -51,7 +51,7 @@ bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
             repaint(cell, pixels);
     }
     m_valid = true;
-    const std::span<const PixelRect> changed = m_bands.take();
+    const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
         return false;
     canvas.presentPixels(changed);
@@ -72,7 +72,7 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_lower.resize(cells);
     m_upper.resize(cells);
     m_shown.resize(cells);
-    m_bands.reset(frame.width, frame.height);
+    m_areas.reset(frame.width, frame.height);
     if (frame.current.dither == Dither::ascii) {
         m_places = {};
         m_thresholds = {};
@@ -84,29 +84,37 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     return true;
 }
 
-/// By counting: the pixels by their thresholds first, and those in that order by their cells.
+/// By counting: the pixels by their cells first, which are close to each other in memory, and those of each
+/// cell by their thresholds.
 void ScreenPainter::sortMap(std::span<const std::uint32_t> map)
 {
     m_places.resize(map.size());
     m_thresholds.resize(map.size());
     m_first.assign(m_shown.size() + 1, 0);
-    std::array<std::uint32_t, 257> begins{};
-    for (const std::uint32_t pixel : map) {
-        ++begins.at((pixel >> topByte) + 1);
+    for (const std::uint32_t pixel : map)
         ++m_first[(pixel & colorBits) + 1];
-    }
-    std::partial_sum(begins.begin(), begins.end(), begins.begin());
     std::partial_sum(m_first.begin(), m_first.end(), m_first.begin());
-    std::vector<std::uint32_t> byThreshold(map.size());
-    for (std::uint32_t place = 0; place < map.size(); ++place)
-        byThreshold[begins[map[place] >> topByte]++] = place;
 
+    std::vector<std::uint32_t> byCell(map.size());
     std::vector<std::uint32_t> next(m_first.begin(), m_first.end() - 1);
+    for (std::uint32_t place = 0; place < map.size(); ++place)
+        byCell[next[map[place] & colorBits]++] = place;
+
     const auto width = static_cast<std::uint32_t>(m_shape.width);
-    for (const std::uint32_t place : byThreshold) {
-        const std::uint32_t at = next[map[place] & colorBits]++;
-        m_places[at] = {static_cast<std::uint16_t>(place % width), static_cast<std::uint16_t>(place / width)};
-        m_thresholds[at] = static_cast<std::uint8_t>(map[place] >> topByte);
+    for (std::size_t cell = 0; cell < m_shown.size(); ++cell) {
+        const std::uint32_t first = m_first[cell];
+        const std::span<const std::uint32_t> places(&byCell[first], m_first[cell + 1] - first);
+        std::array<std::uint32_t, 257> begins{};
+        for (const std::uint32_t place : places)
+            ++begins[(map[place] >> topByte) + 1];
+        std::partial_sum(begins.begin(), begins.end(), begins.begin());
+        for (const std::uint32_t place : places) {
+            const std::uint32_t threshold = map[place] >> topByte;
+            const std::uint32_t at = first + begins[threshold]++;
+            m_places[at] = {static_cast<std::uint16_t>(place % width),
+                            static_cast<std::uint16_t>(place / width)};
+            m_thresholds[at] = static_cast<std::uint8_t>(threshold);
+        }
     }
 }
 
@@ -152,8 +160,8 @@ void ScreenPainter::repaintCharacter(std::size_t cell, std::uint32_t* pixels)
     const int top = static_cast<int>(cell) / m_grid.width * side;
     const int right = std::min(left + side, m_shape.width);
     const int bottom = std::min(top + side, m_shape.height);
+    m_areas.mark(left, top, right, bottom);
     for (int y = top; y < bottom; ++y) {
-        m_bands.mark(y);
         const std::size_t row = cellCount({m_shape.width, y});
         for (std::size_t at = row + static_cast<std::size_t>(left);
              at < row + static_cast<std::size_t>(right); ++at)
@@ -167,7 +175,7 @@ void ScreenPainter::fill(Range range, std::uint32_t color, std::uint32_t* pixels
     for (std::uint32_t at = range.begin; at < range.end; ++at) {
         const auto [x, y] = m_places[at];
         pixels[y * width + x] = color | opaque;
-        m_bands.mark(y);
+        m_areas.mark(x, y);
     }
 }
 

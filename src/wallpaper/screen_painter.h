@@ -5,7 +5,7 @@
 
 #include "platform/canvas.h"
 #include "render/frame_encoder.h"
-#include "wallpaper/changed_bands.h"
+#include "wallpaper/changed_areas.h"
 
 #include <cstdint>
 #include <span>
@@ -82,7 +82,7 @@ private:
     std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
     std::vector<Shown> m_shown;
-    ChangedBands m_bands;
+    ChangedAreas m_areas;
 };
 
 } // namespace tessel

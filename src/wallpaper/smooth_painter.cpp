@@ -7,6 +7,7 @@
 #include "shaders/shaders.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -16,30 +17,28 @@ namespace tessel {
 
 namespace {
 
-constexpr float unknownRate = std::numeric_limits<float>::infinity();
-
 /// The sample whose tone is shown as 0.
 constexpr int sampledZero = 24576;
 static_assert((65535 - sampledZero) * 2 / 5 == SmoothColors::highestTone,
               "2.5 and 0 are as far apart as 65535 and the zero");
 
-/// Every tile is evaluated again after so many frames, and up to as many more, so that not all are at once.
-constexpr std::uint32_t longestRest = 16;
-
 /// Farther than the phase goes from one frame to the next at any speed.
 constexpr double longestStride = 0.5;
 
-/// The error of interpolating over twice the step, in levels, up to which a tile is sampled more coarsely the
-/// next time, and beyond which it is sampled more finely at once. With half the step a smooth curve has a
-/// quarter of it, so that the one does not bring back the other.
+/// The error of interpolating over twice the step or span, in levels, up to which a tile is sampled more
+/// coarsely the next time, and beyond which it is sampled more finely at once. With half the step a smooth
+/// curve has a quarter of it, so that the one does not bring back the other.
 constexpr float coarseError = 2.0F;
 constexpr float fineError = 10.0F;
 
-/// How far tones may be from what is painted, in levels.
-constexpr float dueChange = 2.0F;
+/// How much farther the phase may be expected to go in a frame than in the one before.
+constexpr double quickening = 1.25;
+
+constexpr int longestStep = 4;
+constexpr int longestSpan = 8;
 
 /// A change that is not painted yet, in levels.
-constexpr float leastChange = 0.5F;
+constexpr float leastChange = 1.0F;
 
 /// Samples along a tile with so many cells from one to the next: where tones lie between them one at the far
 /// end, too.
@@ -107,13 +106,13 @@ int sampled(const std::uint16_t* samples, TileOfTones& tones)
     return bend<Step>(samples);
 }
 
-/// How far apart the samples of a tile are to be the next time.
-/// \param error of interpolating over twice the step, in levels
-int nextStep(int step, float error)
+/// How far apart samples are to be the next time.
+/// \param error of interpolating over twice that, in levels
+int nextInterval(int interval, float error, int longest)
 {
     if (error > fineError)
-        return std::max(step / 2, 1);
-    return error <= coarseError ? std::min(step * 2, 4) : step;
+        return std::max(interval / 2, 1);
+    return error <= coarseError ? std::min(interval * 2, longest) : interval;
 }
 
 /// Of each place in a grid, what `choose` says of it and its neighbours.
@@ -151,31 +150,32 @@ float grainAt(std::uint32_t column, std::uint32_t row)
     return (static_cast<float>(bits & 0xFFFFU) - static_cast<float>(bits >> 16U)) / 65536.0F;
 }
 
-/// Colours that are added up, two channels in a number.
-struct Sum
+/// The pixels of a row that lie between neighbours among its cells, two for each pair of them.
+using PixelsBetween = std::array<std::uint32_t, 2 * (std::tuple_size_v<SmoothPainter::RowOfColors> - 1)>;
+
+/// Adds two of the channels, those in the lower byte of each half after the shift.
+template<unsigned Shift>
+void addBetween(const SmoothPainter::RowOfColors& near, const SmoothPainter::RowOfColors& far,
+                PixelsBetween& pixels)
 {
-    Sum() = default;
-    explicit Sum(std::uint32_t color) : even(color & lanes), odd(color >> 8U & lanes) {}
-
-    /// The colour of a sum of sixteen.
-    [[nodiscard]] std::uint32_t sixteenth() const
-    {
-        static constexpr std::uint32_t half = 0x00080008;
-        return ((even + half) >> 4U & lanes) | ((odd + half) >> 4U & lanes) << 8U;
-    }
-
     static constexpr std::uint32_t lanes = 0x00FF00FF;
-    std::uint32_t even = 0;
-    std::uint32_t odd = 0;
-};
+    static constexpr std::uint32_t half = 0x00080008; // of a sixteenth
+    std::remove_cvref_t<decltype(near)> sums{};
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] = 3U * (near[i] >> Shift & lanes) + (far[i] >> Shift & lanes);
+    for (std::size_t i = 0; i + 1 < sums.size(); ++i) {
+        pixels[2 * i] |= ((3U * sums[i] + sums[i + 1] + half) >> 4U & lanes) << Shift;
+        pixels[2 * i + 1] |= ((sums[i] + 3U * sums[i + 1] + half) >> 4U & lanes) << Shift;
+    }
+}
 
-/// Of two colours, the nearer one three times.
-Sum weighted(Sum near, Sum far)
+/// The nearer row of cells counts three times, and so does the nearer cell.
+PixelsBetween pixelsBetween(const SmoothPainter::RowOfColors& near, const SmoothPainter::RowOfColors& far)
 {
-    Sum sum;
-    sum.even = 3U * near.even + far.even;
-    sum.odd = 3U * near.odd + far.odd;
-    return sum;
+    PixelsBetween pixels{};
+    addBetween<0>(near, far, pixels);
+    addBetween<8>(near, far, pixels);
+    return pixels;
 }
 
 } // namespace
@@ -189,33 +189,21 @@ bool SmoothPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
 {
     if (!isOf(frame))
         begin(encoder, frame);
-    // After a sleep nothing is where it was.
-    if (std::abs(frame.time - std::exchange(m_time, frame.time)) > longestStride) {
-        m_valid = false;
-        std::ranges::fill(m_steps, std::uint8_t{1});
-    }
+    keepPace(frame.time);
     ++m_frame;
-    m_changed.clear();
     spread();
     findDue(frame.time);
-    std::uint32_t* const pixels = canvas.pixels();
-    // Tiles that turn out to need finer samples get them at once.
-    for (std::size_t i = m_due.size(); i-- > 0;) {
-        const int step = 1 << i;
-        for (std::span<const CellTile> rest = m_due.at(i); !rest.empty();) {
-            const std::size_t count = std::min(rest.size(), TileTones::capacity);
-            if (!evaluate(encoder, frame, step, rest.first(count)))
-                return false;
-            rest = rest.subspan(count);
-        }
-    }
+    if (!evaluateDue(encoder, frame))
+        return false;
+    findChanged(frame.time);
     m_valid = true;
+    std::uint32_t* const pixels = canvas.pixels();
     for (const CellTile tile : m_changed)
         if (m_shape.cell == 1)
             paintCells(tile, pixels);
         else
             paintBetweenCells(tile, pixels);
-    const std::span<const PixelRect> changed = m_bands.take();
+    const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
         return false;
     canvas.presentPixels(changed);
@@ -232,20 +220,22 @@ void SmoothPainter::begin(FrameEncoder& encoder, const Frame& frame)
 {
     m_colors.set(encoder.readRamp(frame), drawnOffset(frame.current.offset));
     m_shape = {frame.current, frame.width, frame.height, static_cast<int>(cellSize(frame)), frame.edge};
-    m_valid = false;
     m_grid = fieldSize(m_shape.width, m_shape.height, static_cast<float>(m_shape.cell));
     m_tiles = fieldSize(m_grid.width, m_grid.height, CellTile::side);
     const std::size_t tiles = cellCount(m_tiles);
     m_tones.resize(tiles * std::tuple_size_v<TileOfTones>);
+    m_next.resize(m_tones.size());
+    m_before.resize(m_tones.size() / 4);
     m_states.resize(tiles);
-    m_rates.assign(tiles, unknownRate);
-    m_ratesAround.resize(tiles);
-    m_steps.assign(tiles, 1);
+    m_steps.resize(tiles);
     m_stepsAround.resize(tiles);
+    m_spans.resize(tiles);
+    m_spansAround.resize(tiles);
+    forget();
     for (std::vector<CellTile>& due : m_due)
         due.reserve(tiles);
     m_changed.reserve(tiles);
-    m_bands.reset(m_shape.width, m_shape.height);
+    m_areas.reset(m_shape.width, m_shape.height);
     makeGrain();
 }
 
@@ -280,97 +270,221 @@ std::size_t SmoothPainter::firstCell(CellTile tile) const
     return (std::size_t{tile.row} * stride() + tile.column) * CellTile::side;
 }
 
-/// What moves is in the next tile soon: that is evaluated as often, and not much more coarsely.
-void SmoothPainter::spread()
+/// A frame that comes late does not make all that follow be foreseen from afar.
+void SmoothPainter::keepPace(double time)
 {
-    chooseAround(m_tiles, m_rates, m_ratesAround, [](float a, float b) { return std::max(a, b); });
-    chooseAround(m_tiles, m_steps, m_stepsAround,
-                 [](std::uint8_t a, std::uint8_t b) { return std::min(a, b); });
+    const double stride = time - std::exchange(m_time, time);
+    // After a sleep nothing is where it was.
+    if (std::abs(stride) > longestStride)
+        forget();
+    else if (m_pace * stride <= 0.0)
+        m_pace = stride;
+    else
+        m_pace = std::copysign(std::min(std::abs(stride), quickening * std::abs(m_pace)), stride);
 }
 
+void SmoothPainter::forget()
+{
+    m_pace = 0.0;
+    m_valid = false;
+    std::ranges::fill(m_states, TileState());
+    std::ranges::fill(m_steps, std::uint8_t{1});
+    std::ranges::fill(m_spans, std::uint8_t{1});
+}
+
+/// What moves is in the next tile soon: that is not evaluated much more coarsely or seldom.
+void SmoothPainter::spread()
+{
+    const auto least = [](std::uint8_t a, std::uint8_t b) { return std::min(a, b); };
+    chooseAround(m_tiles, m_steps, m_stepsAround, least);
+    chooseAround(m_tiles, m_spans, m_spansAround, least);
+}
+
+std::vector<CellTile>& SmoothPainter::due(Sampling sampling)
+{
+    const auto power = [](int value) {
+        return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(value)));
+    };
+    return m_due.at(power(sampling.span) * steps + power(sampling.step));
+}
+
+/// Tiles that have got where they went, and those that never will at the pace and in the direction of now.
 void SmoothPainter::findDue(double time)
 {
+    const double square = m_pace * m_pace;
     for (std::vector<CellTile>& due : m_due)
         due.clear();
     std::size_t at = 0;
     for (int row = 0; row < m_tiles.height; ++row) {
         for (int column = 0; column < m_tiles.width; ++column, ++at) {
-            if (m_valid && !isDue(at, time))
+            TileState& state = m_states[at];
+            const double ahead = (state.next - time) * m_pace; // in frames, times that square
+            if (ahead < -1.5 * square || ahead > 1.5 * longestSpan * square)
+                state.known = 0;
+            if (state.known > 0 && (square == 0.0 || ahead >= 0.5 * square))
                 continue;
-            const int step = std::min<int>(m_steps[at], 2 * m_stepsAround[at]);
-            m_due.at(static_cast<std::size_t>(step / 2))
+            due({.step = std::min<int>(m_steps[at], 2 * m_stepsAround[at]),
+                 .span = std::min<int>(m_spans[at], 2 * m_spansAround[at])})
                 .push_back({static_cast<std::uint16_t>(column), static_cast<std::uint16_t>(row)});
         }
     }
 }
 
-bool SmoothPainter::isDue(std::size_t tile, double time) const
+/// Tiles that turn out to need finer samples get them at once.
+/// \return false where there is no room for the samples
+bool SmoothPainter::evaluateDue(FrameEncoder& encoder, const Frame& frame)
 {
-    const TileState& state = m_states[tile];
-    const double passed = std::abs(time - state.time);
-    if (passed == 0.0)
-        return false;
-    const std::uint32_t rest = longestRest + static_cast<std::uint32_t>(tile) * 5 % longestRest;
-    return m_frame - state.evaluated >= rest ||
-           passed * m_ratesAround[tile] >= dueChange * m_colors.tonesPerLevel();
-}
-
-bool SmoothPainter::evaluate(FrameEncoder& encoder, const Frame& frame, int step,
-                             std::span<const CellTile> tiles)
-{
-    if (!encoder.sampleTiles(frame, tiles, step, m_samples))
-        return false;
-    for (std::size_t i = 0; i < tiles.size(); ++i)
-        update(tiles[i], step, m_samples.of(i), frame.time);
+    for (int span = longestSpan; span > 0; span /= 2) {
+        for (int step = longestStep; step > 0; step /= 2) {
+            for (std::span<const CellTile> rest = due({step, span}); !rest.empty();) {
+                const std::size_t count = std::min(rest.size(), TileTones::capacity);
+                if (!evaluate(encoder, frame, {step, span}, rest.first(count)))
+                    return false;
+                rest = rest.subspan(count);
+            }
+        }
+    }
     return true;
 }
 
-void SmoothPainter::update(CellTile tile, int step, const std::uint16_t* samples, double time)
+bool SmoothPainter::evaluate(FrameEncoder& encoder, const Frame& frame, Sampling sampling,
+                             std::span<const CellTile> tiles)
+{
+    Frame ahead = frame;
+    if (sampling.span > 1)
+        ahead.time += sampling.span * m_pace;
+    if (!encoder.sampleTiles(ahead, tiles, sampling.step, m_samples))
+        return false;
+    for (std::size_t i = 0; i < tiles.size(); ++i)
+        update(tiles[i], sampling, m_samples.of(i), ahead.time);
+    return true;
+}
+
+void SmoothPainter::update(CellTile tile, Sampling sampling, const std::uint16_t* samples, double time)
 {
     TileOfTones tones;
+    const int step = sampling.step;
     const int error = step == 1   ? sampled<1>(samples, tones)
                       : step == 2 ? sampled<2>(samples, tones)
                                   : sampled<4>(samples, tones);
     const std::size_t at = index(tile);
     const float level = m_colors.tonesPerLevel();
-    const int next = nextStep(step, static_cast<float>(error) / level);
-    m_steps[at] = static_cast<std::uint8_t>(next);
-    if (next < step) {
-        m_due.at(static_cast<std::size_t>(next / 2)).push_back(tile);
+    const int nextStep = nextInterval(step, static_cast<float>(error) / level, longestStep);
+    m_steps[at] = static_cast<std::uint8_t>(nextStep);
+    if (nextStep < step) {
+        due({nextStep, sampling.span}).push_back(tile);
         return;
     }
-    const auto change = static_cast<float>(finish(tile, tones));
-    TileState& state = m_states[at];
-    state.evaluated = m_frame;
-    const auto passed = static_cast<float>(std::abs(time - state.time));
-    if (m_valid && passed > 0.0F)
-        m_rates[at] = change / passed;
-    if (m_valid && change < leastChange * level)
-        return;
-    state.time = time;
-    for (std::size_t y = 0; y < CellTile::side; ++y)
-        std::copy_n(&tones[y * CellTile::side], CellTile::side, &m_tones[firstCell(tile) + y * stride()]);
-    m_changed.push_back(tile);
+    if (m_states[at].known > 1) {
+        const int nextSpan = nextInterval(sampling.span, bend(tile, tones, time) / level, longestSpan);
+        if (nextSpan < sampling.span) {
+            m_spans[at] = static_cast<std::uint8_t>(nextSpan);
+            due({step, nextSpan}).push_back(tile);
+            return;
+        }
+        m_spans[at] = static_cast<std::uint8_t>(isPromoted(at, sampling.span) ? nextSpan : sampling.span);
+    }
+    aim(tile, tones, time);
 }
 
-/// Adds the grain, and leaves the tones within their limits.
-/// \return how far one of them is from what is painted, the most
-int SmoothPainter::finish(CellTile tile, TileOfTones& tones) const
+/// Half of the tiles go on to a longer span in one frame and half of them in another, so that not all are
+/// evaluated in the same one.
+bool SmoothPainter::isPromoted(std::size_t tile, int span) const
 {
-    static constexpr std::array<std::int16_t, CellTile::side> none{};
+    const std::uint32_t hash = static_cast<std::uint32_t>(tile) * 0x9e3779b1U >> 16U;
+    return ((hash ^ m_frame) & static_cast<std::uint32_t>(span)) == 0;
+}
+
+/// How far its tones at the time before are from the line between those before that and these, the most.
+float SmoothPainter::bend(CellTile tile, const TileOfTones& tones, double time) const
+{
+    const std::size_t at = index(tile);
+    const TileState& state = m_states[at];
+    const double whole = time - state.before;
+    if (whole == 0.0)
+        return 0.0F;
+    static constexpr int one = 1 << 14;
+    const auto part = static_cast<int>(std::clamp((state.next - state.before) / whole, 0.0, 1.0) * one);
+    const std::int16_t* before = &m_before[at * (CellTile::side * CellTile::side / 4)];
+    const std::int16_t* middle = &m_next[firstCell(tile)];
+    int most = 0;
+    for (std::size_t y = 0; y < CellTile::side; y += 2, middle += 2 * stride())
+        for (std::size_t x = 0; x < CellTile::side; x += 2, ++before) {
+            const int change = tones[y * CellTile::side + x] - *before;
+            most = std::max(most, std::abs(*before + change * part / one - middle[x]));
+        }
+    return static_cast<float>(most);
+}
+
+/// From now on it goes to these tones, at which it is to be at a time.
+void SmoothPainter::aim(CellTile tile, const TileOfTones& tones, double time)
+{
+    const std::size_t at = index(tile);
+    TileState& state = m_states[at];
+    std::int16_t* before = &m_before[at * (CellTile::side * CellTile::side / 4)];
     std::size_t first = firstCell(tile);
     int change = 0;
     for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
-        std::int16_t* row = &tones[y * CellTile::side];
         const std::int16_t* painted = &m_tones[first];
-        const std::int16_t* grain = m_grain.empty() ? none.data() : &m_grain[first];
+        std::int16_t* next = &m_next[first];
+        const std::int16_t* row = &tones[y * CellTile::side];
+        if (y % 2 == 0)
+            for (std::size_t x = 0; x < CellTile::side; x += 2)
+                *before++ = next[x];
         for (std::size_t x = 0; x < CellTile::side; ++x) {
-            const int tone = std::clamp<int>(row[x] + grain[x], 0, SmoothColors::highestTone);
-            change = std::max(change, std::abs(tone - painted[x]));
-            row[x] = static_cast<std::int16_t>(tone);
+            change = std::max(change, std::abs(row[x] - painted[x]));
+            next[x] = row[x];
         }
     }
-    return change;
+    state.before = state.next;
+    state.next = time;
+    state.known = std::min(state.known + 1, 2);
+    const auto away = static_cast<float>(std::abs(time - state.painted));
+    state.rate = static_cast<float>(change) / std::max(away, std::numeric_limits<float>::min());
+}
+
+void SmoothPainter::findChanged(double time)
+{
+    m_changed.clear();
+    const float least = leastChange * m_colors.tonesPerLevel();
+    std::size_t at = 0;
+    for (int row = 0; row < m_tiles.height; ++row) {
+        for (int column = 0; column < m_tiles.width; ++column, ++at) {
+            const TileState& state = m_states[at];
+            if (m_valid && state.rate * static_cast<float>(std::abs(time - state.painted)) < least)
+                continue;
+            const CellTile tile{static_cast<std::uint16_t>(column), static_cast<std::uint16_t>(row)};
+            advance(tile, time);
+            m_changed.push_back(tile);
+        }
+    }
+}
+
+/// Brings the tones that are painted where they are at a time.
+void SmoothPainter::advance(CellTile tile, double time)
+{
+    TileState& state = m_states[index(tile)];
+    static constexpr int bits = 14;
+    const double whole = state.next - state.painted;
+    const double passed = whole != 0.0 ? (time - state.painted) / whole : 1.0;
+    const auto part = static_cast<int>(std::clamp(passed, 0.0, 1.0) * (1 << bits));
+    std::size_t first = firstCell(tile);
+    for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
+        std::int16_t* painted = &m_tones[first];
+        const std::int16_t* next = &m_next[first];
+        for (std::size_t x = 0; x < CellTile::side; ++x)
+            painted[x] = static_cast<std::int16_t>(
+                painted[x] + (((next[x] - painted[x]) * part + (1 << (bits - 1))) >> bits));
+    }
+    state.painted = time;
+}
+
+/// Where a cell's colour stands in its table.
+std::size_t SmoothPainter::place(std::size_t cell) const
+{
+    const int tone = m_tones[cell] + (m_grain.empty() ? 0 : m_grain[cell]);
+    return SmoothColors::place(
+        static_cast<std::int16_t>(std::clamp<int>(tone, 0, SmoothColors::highestTone)));
 }
 
 /// Of cells that are pixels.
@@ -380,31 +494,29 @@ void SmoothPainter::paintCells(CellTile tile, std::uint32_t* pixels)
     const int top = tile.row * CellTile::side;
     const auto width = static_cast<std::size_t>(std::min<int>(CellTile::side, m_shape.width - left));
     const int bottom = std::min(top + CellTile::side, m_shape.height);
-    const std::int16_t* tones = &m_tones[firstCell(tile)];
-    for (int y = top; y < bottom; ++y, tones += stride()) {
+    std::size_t cell = firstCell(tile);
+    for (int y = top; y < bottom; ++y, cell += stride()) {
         const SmoothColors::Row colors = m_colors.row(y);
         std::uint32_t* out = pixels + cellCount({m_shape.width, y}) + left;
         for (std::size_t x = 0; x < width; ++x)
-            out[x] = colors[x % colors.size()][SmoothColors::place(tones[x])];
+            out[x] = colors[x % colors.size()][place(cell + x)];
     }
-    m_bands.mark(top);
-    m_bands.mark(bottom - 1);
+    m_areas.mark(left, top, left + static_cast<int>(width), bottom);
 }
 
 /// The colours of a tile's cells, and of those around it.
 SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
 {
+    RowOfColors columns{};
+    for (int column = tile.column * CellTile::side - 1; std::uint32_t & each : columns)
+        each = static_cast<std::uint32_t>(std::clamp(column++, 0, m_grid.width - 1));
     Surrounded cells{};
-    int row = tile.row * CellTile::side - 1;
-    for (auto& colors : cells) {
+    for (int row = tile.row * CellTile::side - 1; RowOfColors & colors : cells) {
         const int inside = std::clamp(row++, 0, m_grid.height - 1);
         const SmoothColors::Row tables = m_colors.row(inside);
-        const std::int16_t* tones = &m_tones[static_cast<std::size_t>(inside) * stride()];
-        int column = tile.column * CellTile::side - 1;
-        for (std::uint32_t& color : colors) {
-            const auto place = static_cast<std::size_t>(std::clamp(column++, 0, m_grid.width - 1));
-            color = tables[place % tables.size()][SmoothColors::place(tones[place])];
-        }
+        const std::size_t first = static_cast<std::size_t>(inside) * stride();
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            colors[i] = tables[columns[i] % tables.size()][place(first + columns[i])];
     }
     return cells;
 }
@@ -414,30 +526,20 @@ SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
 void SmoothPainter::paintBetweenCells(CellTile tile, std::uint32_t* pixels)
 {
     const Surrounded cells = colorsAround(tile);
-    const int firstX = 2 * (tile.column * CellTile::side - 1);
-    const int firstY = 2 * (tile.row * CellTile::side - 1);
-    static constexpr int last = 2 * (CellTile::side + 2) - 1;
-    const int left = std::max(firstX + 1, 0);
-    const int right = std::min(firstX + last, m_shape.width);
-    const int top = std::max(firstY + 1, 0);
-    const int bottom = std::min(firstY + last, m_shape.height);
+    const int firstX = 2 * tile.column * CellTile::side - 1;
+    const int firstY = 2 * tile.row * CellTile::side - 1;
+    static constexpr auto side = static_cast<int>(std::tuple_size_v<PixelsBetween>);
+    const int left = std::max(firstX, 0);
+    const int right = std::min(firstX + side, m_shape.width);
+    const int top = std::max(firstY, 0);
+    const int bottom = std::min(firstY + side, m_shape.height);
     for (int y = top; y < bottom; ++y) {
         const auto row = static_cast<std::size_t>(y - firstY);
-        const auto& near = cells.at(row / 2);
-        const auto& far = cells.at((row - 1) / 2 + (row % 2 == 0 ? 0 : 1));
-        std::array<Sum, CellTile::side + 2> sums{};
-        std::ranges::transform(near, far, sums.begin(), [](std::uint32_t nearer, std::uint32_t farther) {
-            return weighted(Sum(nearer), Sum(farther));
-        });
-        std::uint32_t* out = pixels + cellCount({m_shape.width, y});
-        for (int x = left; x < right; ++x) {
-            const auto column = static_cast<std::size_t>(x - firstX);
-            const std::size_t farther = (column - 1) / 2 + (column % 2 == 0 ? 0 : 1);
-            out[x] = weighted(sums[column / 2], sums[farther]).sixteenth();
-        }
+        const PixelsBetween between = pixelsBetween(cells.at((row + 1) / 2), cells.at(row / 2 + 1 - row % 2));
+        std::copy_n(&between[static_cast<std::size_t>(left - firstX)], right - left,
+                    pixels + cellCount({m_shape.width, y}) + left);
     }
-    m_bands.mark(top);
-    m_bands.mark(bottom - 1);
+    m_areas.mark(left, top, right, bottom);
 }
 
 } // namespace tessel

@@ -69,6 +69,26 @@ TEST_F(SmoothPainterTest, ShowsWhatTheRendererDrawsButForWhatNobodySees)
     }
 }
 
+TEST_F(SmoothPainterTest, IsWhereItBelongsHoweverFastFramesCome)
+{
+    for (const Pattern pattern : {Pattern::flow, Pattern::ripple, Pattern::silk}) {
+        look.pattern = pattern;
+        double time = 2.0;
+        const auto play = [&](int frames, double stride) {
+            for (int frame = 0; frame < frames; ++frame)
+                paint(look, time += stride);
+            isWithin(5, 10, time);
+        };
+        play(40, 0.005);
+        play(1, 0.04);
+        play(6, 0.04);
+        play(1, 0.0025);
+        play(6, 0.0025);
+        play(1, 0.0);
+        play(20, -0.005);
+    }
+}
+
 TEST_F(SmoothPainterTest, TouchesOnlyWhatHasChanged)
 {
     EXPECT_TRUE(paint(look, 1.0));

@@ -14,6 +14,7 @@
 #include <malloc.h>
 #include <span>
 #include <string>
+#include <string_view>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <thread>
@@ -23,6 +24,10 @@
 namespace tessel {
 
 namespace {
+
+/// How many threads Mesa's software renderer draws with, which it looks at when a display is first drawn on.
+constexpr auto drawingThreads = "LP_NUM_THREADS";
+constexpr auto noThread = "0";
 
 struct Pages
 {
@@ -87,6 +92,19 @@ void endWithin(std::chrono::milliseconds time)
         std::this_thread::sleep_for(time);
         std::_Exit(EXIT_SUCCESS);
     }).detach();
+}
+
+void beginDrawingOnCaller()
+{
+    constexpr int keepsOthers = 0;
+    setenv(drawingThreads, noThread, keepsOthers);
+}
+
+void endDrawingOnCaller()
+{
+    const char* chosen = std::getenv(drawingThreads);
+    if (chosen != nullptr && std::string_view(chosen) == noThread)
+        unsetenv(drawingThreads);
 }
 
 void shareUnusedMemory()
