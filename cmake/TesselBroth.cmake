@@ -26,6 +26,16 @@ function(tessel_optimize)
     endif()
 endfunction()
 
+# tessel_vectorize(file...)
+# What has loops over pixels that are to become wide, for which an ordinary build does not optimise enough.
+function(tessel_vectorize)
+    if(TESSEL_SANITIZE)
+        tessel_optimize(${ARGN})
+    else()
+        set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O3)
+    endif()
+endfunction()
+
 # Where a preset says so, what nearly every file includes of others is read once. Other presets go without, so that
 # what a file forgets to include is noticed.
 
