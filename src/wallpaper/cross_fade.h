@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool isReady() const override { return true; }
     [[nodiscard]] std::uint32_t* pixels() override { return m_pixels.data(); }
     void presentPixels(std::span<const PixelRect> /*changed*/) override {}
-    void releasePixels() override { m_pixels = {}; }
+    void releasePixels() override { m_pixels = std::vector<std::uint32_t>(); } // {} would keep the memory
     void present(std::span<const ColoredRect> rectangles) override;
 
 private:

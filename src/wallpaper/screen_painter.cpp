@@ -74,11 +74,11 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     m_shown.resize(cells);
     m_areas.reset(frame.width, frame.height);
     if (frame.current.dither == Dither::ascii) {
-        m_places = {};
-        m_thresholds = {};
+        m_places = std::vector<Place>(); // {} would keep the memory
+        m_thresholds = std::vector<std::uint8_t>();
         m_characters = std::move(map);
     } else {
-        m_characters = {};
+        m_characters = std::vector<std::uint32_t>();
         sortMap(map);
     }
     return true;
