@@ -34,6 +34,9 @@ constexpr float fineError = 10.0F;
 /// How much farther the phase may be expected to go in a frame than in the one before.
 constexpr double quickening = 1.25;
 
+/// How many tones of a tile are kept for the time before: those of every second cell in every second row.
+constexpr std::size_t keptOfTile = std::tuple_size_v<TileOfTones> / 4;
+
 constexpr int longestStep = 4;
 constexpr int longestSpan = 8;
 
@@ -225,7 +228,7 @@ void SmoothPainter::begin(FrameEncoder& encoder, const Frame& frame)
     const std::size_t tiles = cellCount(m_tiles);
     m_tones.resize(tiles * std::tuple_size_v<TileOfTones>);
     m_next.resize(m_tones.size());
-    m_before.resize(m_tones.size() / 4);
+    m_before.resize(tiles * keptOfTile);
     m_states.resize(tiles);
     m_steps.resize(tiles);
     m_stepsAround.resize(tiles);
@@ -405,7 +408,7 @@ float SmoothPainter::bend(CellTile tile, const TileOfTones& tones, double time) 
         return 0.0F;
     static constexpr int one = 1 << 14;
     const auto part = static_cast<int>(std::clamp((state.next - state.before) / whole, 0.0, 1.0) * one);
-    const std::int16_t* before = &m_before[at * (CellTile::side * CellTile::side / 4)];
+    const std::int16_t* before = &m_before[at * keptOfTile];
     const std::int16_t* middle = &m_next[firstCell(tile)];
     int most = 0;
     for (std::size_t y = 0; y < CellTile::side; y += 2, middle += 2 * stride())
@@ -421,7 +424,7 @@ void SmoothPainter::aim(CellTile tile, const TileOfTones& tones, double time)
 {
     const std::size_t at = index(tile);
     TileState& state = m_states[at];
-    std::int16_t* before = &m_before[at * (CellTile::side * CellTile::side / 4)];
+    std::int16_t* before = &m_before[at * keptOfTile];
     std::size_t first = firstCell(tile);
     int change = 0;
     for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {

@@ -4,8 +4,8 @@
 #include "wallpaper/frame_painter.h"
 #include "wallpaper/painter_test.h"
 
-#include <algorithm>
-#include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace tessel {
 namespace {
@@ -26,27 +26,11 @@ protected:
         return frame;
     }
 
-    /// How far the pixels are from what the renderer draws, in levels of a channel, but for one in a hundred.
-    int difference(const Frame& frame)
-    {
-        const auto still = renderStill(encoder, frame);
-        std::vector<int> off;
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) {
-                const QRgb shown = record->image.pixel(x, y);
-                const QRgb drawn = still->row(y)[static_cast<std::size_t>(x)];
-                off.push_back(
-                    std::max({std::abs(qRed(shown) - qRed(drawn)), std::abs(qGreen(shown) - qGreen(drawn)),
-                              std::abs(qBlue(shown) - qBlue(drawn))}));
-            }
-        std::ranges::sort(off);
-        return off[off.size() * 99 / 100];
-    }
-
     void isPainted(const Frame& frame, int levels)
     {
         ASSERT_TRUE(painter.paint(encoder, frame, *window));
-        EXPECT_LE(difference(frame), levels)
+        const std::vector<int> off = differences(frame);
+        EXPECT_LE(off[off.size() * 99 / 100], levels)
             << title(before.dither) << " to " << title(look.dither) << " at " << frame.mix;
     }
 

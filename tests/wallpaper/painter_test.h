@@ -6,7 +6,10 @@
 #include "shaders/shaders.h"
 #include "support/fake_desktop.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace tessel {
 
@@ -40,6 +43,25 @@ protected:
     bool shows(const Look& look, double time)
     {
         return countSame(record->image, *renderStill(encoder, frameOf(look, time))) == all;
+    }
+
+    /// How far the pixels are from what the renderer draws, in levels of the channel that is farthest off, in
+    /// order.
+    std::vector<int> differences(const Frame& frame)
+    {
+        const auto still = renderStill(encoder, frame);
+        std::vector<int> result;
+        for (int y = 0; y < height; ++y) {
+            const auto* shown = reinterpret_cast<const QRgb*>(record->image.constScanLine(y));
+            for (int x = 0; x < width; ++x) {
+                const QRgb drawn = still->row(y)[static_cast<std::size_t>(x)];
+                result.push_back(std::max({std::abs(qRed(shown[x]) - qRed(drawn)),
+                                           std::abs(qGreen(shown[x]) - qGreen(drawn)),
+                                           std::abs(qBlue(shown[x]) - qBlue(drawn))}));
+            }
+        }
+        std::ranges::sort(result);
+        return result;
     }
 
     void showsWhatTheRendererDraws(const Look& look)

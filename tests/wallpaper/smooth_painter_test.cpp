@@ -4,8 +4,6 @@
 #include "wallpaper/painter_test.h"
 #include "wallpaper/smooth_painter.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <vector>
 
 namespace tessel {
@@ -16,29 +14,10 @@ class SmoothPainterTest : public PainterTest<SmoothPainter>
 protected:
     SmoothPainterTest() { look.dither = Dither::smooth; }
 
-    /// How far the pixels are from what the renderer draws, in levels of the channel that is farthest off, in
-    /// order.
-    std::vector<int> differences(double time)
-    {
-        const auto still = renderStill(encoder, frameOf(look, time));
-        std::vector<int> result;
-        for (int y = 0; y < height; ++y) {
-            const auto* shown = reinterpret_cast<const QRgb*>(record->image.constScanLine(y));
-            for (int x = 0; x < width; ++x) {
-                const QRgb drawn = still->row(y)[static_cast<std::size_t>(x)];
-                result.push_back(std::max({std::abs(qRed(shown[x]) - qRed(drawn)),
-                                           std::abs(qGreen(shown[x]) - qGreen(drawn)),
-                                           std::abs(qBlue(shown[x]) - qBlue(drawn))}));
-            }
-        }
-        std::ranges::sort(result);
-        return result;
-    }
-
     /// All pixels but so many in a thousand are within so many levels.
     void isWithin(int levels, std::size_t others, double time)
     {
-        const std::vector<int> sorted = differences(time);
+        const std::vector<int> sorted = differences(frameOf(look, time));
         EXPECT_LE(sorted[(sorted.size() - 1) * (1000 - others) / 1000], levels)
             << title(look.pattern) << " at " << time;
     }
