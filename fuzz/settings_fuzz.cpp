@@ -20,8 +20,8 @@ using namespace tessel;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static int argumentCount = 1;
-    static char name[] = "fuzz";
-    static char* arguments[] = {name, nullptr};
+    static char program[] = "fuzz";
+    static char* arguments[] = {program, nullptr};
     static const QCoreApplication application(argumentCount, arguments); // for the threads of stores
     static const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings"));

@@ -40,17 +40,19 @@ std::optional<Found> lookInPng(const QString& file)
 }
 
 /// Whether a file begins as the text of a look does.
-bool beginsAsJson(QFile& file)
+bool beginsAsLook(QFile& file)
 {
     constexpr qint64 enough = 256;
-    return file.peek(enough).trimmed().startsWith('{');
+    return isMeantAsLook(QString::fromUtf8(file.peek(enough)));
 }
 
 } // namespace
 
 bool isMeantAsLook(const QString& text)
 {
-    return QStringView(text).trimmed().startsWith(QLatin1Char('{'));
+    // Some programs begin with it what they save; whoever reads JSON passes over it, and so do we.
+    const bool isMarked = text.startsWith(QChar(QChar::ByteOrderMark));
+    return QStringView(text).sliced(isMarked ? 1 : 0).trimmed().startsWith(QLatin1Char('{'));
 }
 
 Found readLookJson(const QByteArray& json)
@@ -72,7 +74,7 @@ Found readLookFile(const QString& file, const QString& photoFolder)
         if (opened.peek(8) == pngSignature) {
             if (std::optional<Found> found = lookInPng(file))
                 return *std::move(found);
-        } else if (beginsAsJson(opened)) {
+        } else if (beginsAsLook(opened)) {
             return readLookJson(opened.read(static_cast<qint64>(maxLookText) + 1));
         }
     }

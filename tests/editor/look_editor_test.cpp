@@ -245,6 +245,18 @@ TEST_F(LookEditorTest, TakesLooksAndPhotosThatAreDropped)
         m_editor->acceptsDrop({QUrl(QStringLiteral("https://example.org/"))}, QStringLiteral("tea")));
 }
 
+TEST_F(LookEditorTest, TakesTextThatBeginsWithAByteOrderMark)
+{
+    const Look look = lookWithSeed(43);
+    const QString text = QChar(QChar::ByteOrderMark) + QString::fromStdString(encodeLook(look));
+    drop(write("look.json", text.toUtf8()));
+    EXPECT_EQ(m_store->look(), look);
+    m_store->setLook(Look());
+    m_editor->takeDrop({}, text);
+    EXPECT_EQ(m_store->look(), look);
+    EXPECT_THAT(m_told, IsEmpty());
+}
+
 TEST_F(LookEditorTest, DoesNotWaitForAPipeThatIsDropped)
 {
     const QString pipe = path("pipe");
