@@ -19,6 +19,7 @@
 #include <QCommandLineParser>
 #include <QFile>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -202,8 +203,18 @@ int run(int argc, char** argv)
         return answerArguments(argc, argv);
     avoidStuckAccessibility();
     showMenusToScreenReaders();
+    // In the environment it would be told to every program that this one starts.
+    QByteArray option("-platform");
+    QByteArray platforms = preferredQtPlatforms();
+    std::array<char*, 4> arguments{argv[0]};
+    int count = 1;
+    if (!platforms.isEmpty()) {
+        arguments[1] = option.data();
+        arguments[2] = platforms.data();
+        count = 3;
+    }
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
-    const QApplication application(argc, argv);
+    const QApplication application(count, arguments.data());
     qInstallMessageHandler(usual);
     speakTheUsersLanguage();
     QApplication::setQuitOnLastWindowClosed(false);

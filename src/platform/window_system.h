@@ -59,6 +59,10 @@ public:
     [[nodiscard]] virtual Focus* focus() = 0;
 };
 
+/// The plugins that Qt is to try, in the words of its option -platform; empty where it chooses well by
+/// itself. To be asked for before the QGuiApplication is made.
+[[nodiscard]] QByteArray preferredQtPlatforms();
+
 /// The one that the program runs on; to be made once, after the QGuiApplication.
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 

@@ -3,12 +3,15 @@
 """The whole application on a Wayland compositor that lets programs stand below and above windows."""
 
 import shutil
+import socket
+import struct
+import threading
 import unittest
 
 from PIL import Image
 
 from application import ApplicationTest
-from desktop import wait_until
+from desktop import Desktop, wait_until
 from sway import SwayDesktop
 
 SHELL = (0x14, 0x10, 0x0D)  # the ground of strip and editor
@@ -128,3 +131,46 @@ class EndOfCompositorTest(ApplicationTest):
         self.desktop.compositor.kill()
         self.application.process.wait(20)
         self.assertEqual(self.application.look(), look)
+
+
+class BareCompositor(threading.Thread):
+    """A compositor that offers nothing; it answers that it has heard, and no more."""
+
+    SYNC = (1, 0)  # the request of the display, whose answer goes to the object that it names
+    HEADER = struct.Struct("=IHH")  # object, request, length
+
+    def __init__(self, path: str) -> None:
+        super().__init__(daemon=True)
+        self.listener = socket.socket(socket.AF_UNIX)
+        self.listener.bind(path)
+        self.listener.listen()
+        self.start()
+
+    def run(self) -> None:
+        while True:
+            with self.listener.accept()[0] as client, client.makefile("rwb") as stream:
+                while header := stream.read(self.HEADER.size):
+                    receiver, request, length = self.HEADER.unpack(header)
+                    arguments = stream.read(length - self.HEADER.size)
+                    if (receiver, request) == self.SYNC:
+                        stream.write(self.HEADER.pack(struct.unpack("=I", arguments)[0], 0, 12) + bytes(4))
+                        stream.flush()
+
+
+class OldProgramsTest(ApplicationTest):
+    """A desktop on Wayland whose compositor has no layers, as GNOME's, and an X server for old programs."""
+
+    @classmethod
+    def make_desktop(cls) -> Desktop:
+        return Desktop()
+
+    def test_the_handle_is_on_the_x_server(self) -> None:
+        display = str(self.desktop.folder / "wayland-0")
+        BareCompositor(display)
+        # What Qt would follow by itself.
+        self.desktop.environment |= {"WAYLAND_DISPLAY": display, "XDG_SESSION_TYPE": "wayland",
+                                     "XDG_CURRENT_DESKTOP": "Unity"}
+        self.application.write_settings(handleHidden="false")
+        self.application.start()
+        wait_until(lambda: any(window.program() == "tessel-broth" and window.is_mapped()
+                               for window in self.desktop.windows()), "the handle")

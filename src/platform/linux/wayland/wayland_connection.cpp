@@ -81,8 +81,7 @@ std::unique_ptr<WaylandConnection> WaylandConnection::open()
     WaylandPointer<wl_display> display(wl_display_connect(nullptr));
     if (display == nullptr)
         return nullptr;
-    std::unique_ptr<WaylandConnection> connection(new WaylandConnection(std::move(display)));
-    return connection->isUsable() ? std::move(connection) : nullptr;
+    return std::unique_ptr<WaylandConnection>(new WaylandConnection(std::move(display)));
 }
 
 WaylandConnection::WaylandConnection(WaylandPointer<wl_display> display)
@@ -104,7 +103,7 @@ WaylandConnection::WaylandConnection(WaylandPointer<wl_display> display)
 
 WaylandConnection::~WaylandConnection() = default;
 
-bool WaylandConnection::isUsable() const
+bool WaylandConnection::hasLayers() const
 {
     return m_compositor != nullptr && m_sharedMemory != nullptr && m_viewporter != nullptr &&
            m_layers != nullptr;

@@ -22,7 +22,7 @@ class WaylandConnection : public QObject
     Q_OBJECT
 
 public:
-    /// \return nullptr where there is no compositor, or one that lets nobody do so
+    /// \return nullptr where there is no compositor
     [[nodiscard]] static std::unique_ptr<WaylandConnection> open();
     ~WaylandConnection() override;
 
@@ -31,6 +31,9 @@ public:
     [[nodiscard]] wl_shm* sharedMemory() const { return m_sharedMemory.get(); }
     [[nodiscard]] wp_viewporter* viewporter() const { return m_viewporter.get(); }
     [[nodiscard]] zwlr_layer_shell_v1* layers() const { return m_layers.get(); }
+
+    /// Whether it lets programs do so; else there are outputs at most.
+    [[nodiscard]] bool hasLayers() const;
 
     /// Whether what comes later on a layer stands below what was there: so it is in sway before 1.10.
     [[nodiscard]] bool stacksLatestLowest() const { return m_isSway && !m_isRecent; }
@@ -54,7 +57,6 @@ private:
     struct Listener;
 
     explicit WaylandConnection(WaylandPointer<wl_display> display);
-    [[nodiscard]] bool isUsable() const;
     void addOutput(WaylandPointer<wl_output> object, std::uint32_t number);
     void setPlaces(WaylandPointer<zxdg_output_manager_v1> manager);
     void removeOutput(std::uint32_t number);
