@@ -84,16 +84,28 @@ endfunction()
 # tessel_add_wayland_protocols(TARGET file...)
 # What is generated from descriptions of protocols: FILE-client.h, and the code that it declares.
 function(tessel_add_wayland_protocols target)
+    tessel_add_wayland_headers(${target} client ${ARGN})
+    foreach(description ${ARGN})
+        get_filename_component(name ${description} NAME_WE)
+        set(code ${CMAKE_CURRENT_BINARY_DIR}/protocols/${name}.c)
+        add_custom_command(OUTPUT ${code} COMMAND ${WAYLAND_SCANNER} private-code ${description} ${code}
+            DEPENDS ${description})
+        target_sources(${target} PRIVATE ${code})
+        set_source_files_properties(${code} PROPERTIES COMPILE_OPTIONS -w SKIP_PRECOMPILE_HEADERS ON)
+    endforeach()
+endfunction()
+
+# tessel_add_wayland_headers(TARGET client|server file...)
+# FILE-client.h or FILE-server.h alone, for one end of the protocols.
+function(tessel_add_wayland_headers target end)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/protocols)
     file(MAKE_DIRECTORY ${folder})
     foreach(description ${ARGN})
         get_filename_component(name ${description} NAME_WE)
-        add_custom_command(OUTPUT ${folder}/${name}-client.h ${folder}/${name}.c
-            COMMAND ${WAYLAND_SCANNER} client-header ${description} ${folder}/${name}-client.h
-            COMMAND ${WAYLAND_SCANNER} private-code ${description} ${folder}/${name}.c
+        set(header ${folder}/${name}-${end}.h)
+        add_custom_command(OUTPUT ${header} COMMAND ${WAYLAND_SCANNER} ${end}-header ${description} ${header}
             DEPENDS ${description})
-        target_sources(${target} PRIVATE ${folder}/${name}-client.h ${folder}/${name}.c)
-        set_source_files_properties(${folder}/${name}.c PROPERTIES COMPILE_OPTIONS -w SKIP_PRECOMPILE_HEADERS ON)
+        target_sources(${target} PRIVATE ${header})
     endforeach()
     target_include_directories(${target} SYSTEM PRIVATE ${folder})
 endfunction()

@@ -162,6 +162,7 @@ void WaylandConnection::read()
     if (wl_display_prepare_read(m_display.get()) == 0)
         wl_display_read_events(m_display.get());
     dispatch();
+    flush(); // what that was answered with
 }
 
 void WaylandConnection::dispatch()
