@@ -103,8 +103,10 @@ class InstalledTest(unittest.TestCase):
                 self.assertEqual((icon.size, path.stem), ((side, side), ID))
                 self.assertEqual(icon.getpixel((0, 0))[3] < 255, True, "a corner that is cut")
         self.assertGreaterEqual(len(list(icons.glob("*/apps/*.png"))), 9)
-        for name in f"scalable/apps/{ID}.svg", f"symbolic/apps/{ID}-symbolic.svg":
-            self.assertGreater(len(ElementTree.parse(icons / name).getroot()), 10)
+        self.assertGreater(len(ElementTree.parse(icons / f"scalable/apps/{ID}.svg").getroot()), 10)
+        style, ink = ElementTree.parse(icons / f"symbolic/apps/{ID}-symbolic.svg").getroot()
+        self.assertEqual((style.get("id"), ink.get("fill")), ("current-color-scheme", "currentColor"))
+        self.assertIn(f".{ink.get('class')}{{", style.text)
 
     def test_manual_pages(self) -> None:
         for name in "tessel", "tessel-broth":
