@@ -49,9 +49,10 @@ Interface::Interface(const InterfaceParts& parts)
     connect(&m_presetsMenu, &PresetsMenu::opened, this, [this] { m_edge.setMenuOpen(true); });
     connect(&m_presetsMenu, &PresetsMenu::closed, this, [this] { m_edge.setMenuOpen(false); });
     const Session& session = parts.scene.session;
-    const auto followSession = [&session] {
+    const auto followSession = [this, &session] {
         Surroundings::instance().setReducedMotion(session.state().reducedMotion);
         Surroundings::instance().setHighContrast(session.state().highContrast);
+        m_parts.windows.setTextScale(session.state().textScale);
     };
     connect(&session, &Session::changed, this, followSession);
     followSession();
@@ -75,7 +76,9 @@ std::unique_ptr<EdgePanel> Interface::makePanel()
 
 std::unique_ptr<OnboardingWindow> Interface::makeOnboardingWindow(Onboarding& onboarding)
 {
-    return std::make_unique<OnboardingWindow>(onboarding, m_pictures, m_parts.windows.focus());
+    auto window = std::make_unique<OnboardingWindow>(onboarding, m_pictures, m_parts.windows.focus());
+    connect(&m_parts.windows.screens(), &Screens::changed, window.get(), &OnboardingWindow::fitScreen);
+    return window;
 }
 
 } // namespace tessel

@@ -3,10 +3,12 @@
 
 #include "app/status_icon.h"
 
+#include <QIconEngine>
 #include <QPixmap>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tessel {
 
@@ -21,8 +23,8 @@ constexpr int artHeight = 20;
 /// Bitmap pixels to one art pixel in statusImage(), which is at twice the resolution of points.
 constexpr double artPixel = 1.5;
 
-/// How much of a faint rim is to be seen, of 255.
-constexpr int rimAlpha = 90;
+/// How much of a rim is to be seen, of 255.
+constexpr int rimAlpha = 200;
 
 /// Sizes of panel icons at common scales, and those that the art fills exactly. None from 45 to 64: of those
 /// up to 64, which are what panels are sent, some take the largest and make it smaller, as 44 becomes 22
@@ -97,6 +99,32 @@ QImage drawn(const IconMask& mask, const QSize& size, double pixel, const Inks& 
     return image;
 }
 
+/// Pixels that also have a name, which panels look up first. An icon of Qt's own has either.
+class NamedIcon final : public QIconEngine
+{
+public:
+    NamedIcon(QIcon pixels, QString name) : m_pixels(std::move(pixels)), m_name(std::move(name)) {}
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override
+    {
+        m_pixels.paint(painter, place, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_pixels.pixmap(size, 1, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_pixels.availableSizes(mode, state);
+    }
+    QString iconName() override { return m_name; }
+    [[nodiscard]] QIconEngine* clone() const override { return new NamedIcon(*this); }
+
+private:
+    QIcon m_pixels;
+    QString m_name;
+};
+
 } // namespace
 
 const IconMask& bowlMask()
@@ -140,24 +168,24 @@ QImage panelImage(const IconMask& mask, int side, PanelTone tone, Rim rim)
 {
     if (side < artWidth) {
         // Every pixel is the mean of those it stands for, a whole number of them.
-        return panelImage(mask, side * artWidth, tone)
+        return panelImage(mask, side * artWidth, tone, rim)
             .scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
             .convertToFormat(QImage::Format_ARGB32);
     }
     const bool isDark = tone == PanelTone::dark;
     Inks inks{isDark ? qRgb(242, 242, 242) : qRgb(32, 32, 32), 0};
-    if (rim == Rim::faint)
+    if (rim == Rim::contrasting)
         inks.rim = isDark ? qRgba(0, 0, 0, rimAlpha) : qRgba(255, 255, 255, rimAlpha);
     const int halves = 2 * side / artWidth;
     return drawn(mask, {side, side}, halves / 2.0, inks);
 }
 
-QIcon statusIcon(PanelTone tone)
+QIcon statusIcon(PanelTone tone, const QString& name)
 {
     QIcon icon;
     for (const int side : panelSides)
-        icon.addPixmap(QPixmap::fromImage(panelImage(bowlMask(), side, tone, Rim::faint)));
-    return icon;
+        icon.addPixmap(QPixmap::fromImage(panelImage(bowlMask(), side, tone, Rim::contrasting)));
+    return name.isEmpty() ? icon : QIcon(new NamedIcon(icon, name));
 }
 
 PanelTone panelTone(std::optional<bool> isDark, const QColor& windowColor)

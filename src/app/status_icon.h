@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QIcon>
 #include <QImage>
+#include <QString>
 
 #include <array>
 #include <cstdint>
@@ -34,21 +35,21 @@ enum class PanelTone : std::uint8_t
     dark
 };
 
-/// What surrounds the ink of an icon. A faint rim of the other tone keeps it to be made out where it turns
-/// out to lie on what it was not made for; the inside of the bowl stays clear of it.
+/// What surrounds the ink of an icon. A rim of the other tone keeps it legible where it turns out to lie on
+/// what it was not made for, and is hardly seen elsewhere; the inside of the bowl stays clear of it.
 enum class Rim : std::uint8_t
 {
     none,
-    faint
+    contrasting
 };
 
 /// A mask in a square of `side` pixels, with light ink for something dark and the reverse: in the largest
-/// multiple of half its art pixels that fits, or, below 22, made smaller evenly and without a rim, which
-/// would only grey the ink.
+/// multiple of half its art pixels that fits, or, below 22, made smaller evenly.
 [[nodiscard]] QImage panelImage(const IconMask& mask, int side, PanelTone tone, Rim rim = Rim::none);
 
 /// The bowl in the sizes that panels ask for.
-[[nodiscard]] QIcon statusIcon(PanelTone tone);
+/// \param name of the theme's icon for panels that draw it in a colour of their own; empty for none
+[[nodiscard]] QIcon statusIcon(PanelTone tone, const QString& name = {});
 
 /// The tone of a place for icons.
 /// \param isDark what is known of it; nothing where it has the colours of windows

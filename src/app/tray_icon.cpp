@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QPalette>
 
 namespace tessel {
@@ -54,7 +55,11 @@ void TrayIcon::drawIcon()
     if (m_icon == nullptr)
         return;
     const QColor windowColor = QGuiApplication::palette().color(QPalette::Window);
-    m_icon->setIcon(statusIcon(panelTone(m_shade.isDark(), windowColor)));
+    // Not every panel has pixels, too, of an icon that it is told to draw: it must be installed.
+    const QString symbolic = identity::id + QStringLiteral("-symbolic");
+    const bool isDrawnByPanel = m_shade.recolorsIcons() && QIcon::hasThemeIcon(symbolic);
+    m_icon->setIcon(
+        statusIcon(panelTone(m_shade.isDark(), windowColor), isDrawnByPanel ? symbolic : QString()));
 }
 
 bool TrayIcon::eventFilter(QObject* watched, QEvent* event)

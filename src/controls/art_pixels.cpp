@@ -237,7 +237,9 @@ QImage bowlFromAbove(const Bowl& bowl, Glaze glaze, const QImage& opening, qreal
     });
     if (opening.isNull())
         return image;
+    // Where the scale has just changed, the picture is still one of the former, and may be too small.
     const int start = (image.width() - opening.width()) / 2;
+    const auto inside = [&](int place) { return std::clamp(place - start, 0, opening.width() - 1); };
     for (int row = 0; row < side; ++row) {
         for (int column = 0; column < side; ++column) {
             if (!open.contains(column, row))
@@ -245,7 +247,7 @@ QImage bowlFromAbove(const Bowl& bowl, Glaze glaze, const QImage& opening, qreal
             for (int y = edge(row, scale); y < edge(row + 1, scale); ++y) {
                 auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
                 for (int x = edge(column, scale); x < edge(column + 1, scale); ++x)
-                    line[x] = opening.pixel(x - start, y - start);
+                    line[x] = opening.pixel(inside(x), inside(y));
             }
         }
     }

@@ -45,10 +45,7 @@ OnboardingWindow::OnboardingWindow(Onboarding& onboarding, LookPictures& picture
     qml_register_types_TesselBroth_Onboarding();
     m_view.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     m_view.setColor(Qt::black);
-    const QRect frame = frameOn(*QGuiApplication::primaryScreen());
-    m_view.setGeometry(frame);
-    m_view.setMinimumSize(frame.size());
-    m_view.setMaximumSize(frame.size());
+    setFrame(frameOn(*QGuiApplication::primaryScreen()));
     QQuickItem* const root =
         &showPage(m_view, source, {{QStringLiteral("model"), QVariant::fromValue(&onboarding)}});
     connect(root, SIGNAL(closeRequested()), &m_view, SLOT(close()));
@@ -65,6 +62,24 @@ OnboardingWindow::~OnboardingWindow()
     m_view.setSource({});
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_pictures.release();
+}
+
+void OnboardingWindow::setFrame(const QRect& frame)
+{
+    m_view.setGeometry(frame);
+    m_view.setMinimumSize(frame.size());
+    m_view.setMaximumSize(frame.size());
+}
+
+/// As a new window: of an old one, window systems keep the size and place in points of theirs.
+void OnboardingWindow::fitScreen()
+{
+    const QRect frame = frameOn(*m_view.screen());
+    if (frame.size() == m_view.size())
+        return;
+    m_view.destroy();
+    setFrame(frame);
+    m_view.show();
 }
 
 void OnboardingWindow::bringForward()

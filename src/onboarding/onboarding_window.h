@@ -25,6 +25,9 @@ public:
     OnboardingWindow(Onboarding& onboarding, LookPictures& pictures, Focus* focus);
     ~OnboardingWindow() override;
 
+    /// Takes the size that it should have there, once the screen has changed, or what a point is.
+    void fitScreen();
+
     /// Brings it to the front, with the focus.
     void bringForward();
 
@@ -34,6 +37,7 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
+    void setFrame(const QRect& frame);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     Onboarding& m_onboarding;

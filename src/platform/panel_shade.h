@@ -10,7 +10,7 @@
 
 namespace tessel {
 
-/// How dark the desktop's panels are.
+/// How dark the desktop's panels are, and what they make of icons.
 class PanelShade : public QObject
 {
     Q_OBJECT
@@ -18,6 +18,9 @@ class PanelShade : public QObject
 public:
     /// Whether panels are dark; nothing where they have the colours of windows.
     [[nodiscard]] virtual std::optional<bool> isDark() const = 0;
+
+    /// Whether panels draw symbolic icons of the theme in the colour of their own text.
+    [[nodiscard]] virtual bool recolorsIcons() const = 0;
 
 Q_SIGNALS:
     void changed();

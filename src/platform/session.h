@@ -17,6 +17,7 @@ struct SessionState
     bool onBattery = false;
     bool reducedMotion = false; ///< the user asks for little motion
     bool highContrast = false;  ///< the user asks for more contrast
+    double textScale = 1;       ///< how much larger than usual the user wants text, 0.5 to 3
 
     bool operator==(const SessionState&) const = default;
 

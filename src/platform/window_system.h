@@ -57,6 +57,10 @@ public:
 
     /// nullptr where the window system decides about the focus alone.
     [[nodiscard]] virtual Focus* focus() = 0;
+
+    /// Has the interface drawn so much larger than usual, where the display server does not see to that
+    /// itself.
+    virtual void setTextScale(double /*scale*/) {}
 };
 
 /// The plugins that Qt is to try, in the words of its option -platform; empty where it chooses well by

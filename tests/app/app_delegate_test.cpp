@@ -75,6 +75,7 @@ class FakeShade : public PanelShade
 {
 public:
     [[nodiscard]] std::optional<bool> isDark() const override { return false; }
+    [[nodiscard]] bool recolorsIcons() const override { return false; }
 };
 
 /// A row of one of our menus, shown or not; nullptr if there is none of that title.

@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
+#include <utility>
 
 namespace tessel {
 namespace {
@@ -105,7 +107,7 @@ TEST(StatusIcon, IsEnlargedByHalvesOfPixelsForPanels)
 TEST(StatusIcon, KeepsItsWeightWhenMadeSmaller)
 {
     const auto weight = [](int side) {
-        const QImage image = panelImage(bowlMask(), side, PanelTone::light, Rim::faint);
+        const QImage image = panelImage(bowlMask(), side, PanelTone::light);
         double sum = 0;
         for (int y = 0; y < side; ++y)
             for (int x = 0; x < side; ++x)
@@ -121,8 +123,8 @@ TEST(StatusIcon, HasARimOutsideOnly)
 {
     IconMask mask = emptyMask();
     mask[10] = "..........RCCCR.........";
-    const QImage image = panelImage(mask, 22, PanelTone::dark, Rim::faint);
-    const QRgb rim = qRgba(0, 0, 0, 90);
+    const QImage image = panelImage(mask, 22, PanelTone::dark, Rim::contrasting);
+    const QRgb rim = qRgba(0, 0, 0, 200);
     // Ink begins in column 9 of the drawn area, in its row 8, which is row 9 of the square.
     for (const QPoint outside : {QPoint(8, 9), QPoint(9, 8), QPoint(10, 10), QPoint(14, 10)})
         EXPECT_EQ(image.pixel(outside), rim) << outside.x() << ", " << outside.y();
@@ -131,13 +133,42 @@ TEST(StatusIcon, HasARimOutsideOnly)
     EXPECT_EQ(inkBounds(panelImage(mask, 22, PanelTone::dark)), QRect(9, 9, 5, 1));
 }
 
-TEST(StatusIcon, OffersExactSizesInBothTones)
+/// How many of an icon's pixels differ from what it lies on by as much as large text has to, 3 to 1.
+int legibleCount(const QImage& icon, int ground)
 {
-    for (const PanelTone tone : {PanelTone::light, PanelTone::dark}) {
-        const QIcon icon = statusIcon(tone);
+    const auto luminance = [](double level) { return std::pow(level / 255, 2.2) + 0.05; };
+    int count = 0;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            const QRgb pixel = icon.pixel(x, y);
+            const double seen = ground + (qGray(pixel) - ground) * qAlpha(pixel) / 255.0;
+            const double contrast = luminance(seen) / luminance(ground);
+            count += std::max(contrast, 1 / contrast) >= 3 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST(StatusIcon, IsLegibleOnWhatItWasNotMadeFor)
+{
+    for (const int side : {16, 18, 22, 24, 32}) {
+        const int least = side * side / 8;
+        EXPECT_GT(legibleCount(panelImage(bowlMask(), side, PanelTone::dark, Rim::contrasting), 255), least)
+            << side;
+        EXPECT_GT(legibleCount(panelImage(bowlMask(), side, PanelTone::light, Rim::contrasting), 20), least)
+            << side;
+    }
+}
+
+TEST(StatusIcon, OffersExactSizesInBothTonesWithAndWithoutAName)
+{
+    for (const auto& [tone, name] : {std::pair(PanelTone::light, QString()),
+                                     std::pair(PanelTone::dark, QStringLiteral("bowl-symbolic"))}) {
+        const QIcon icon = statusIcon(tone, name);
+        EXPECT_EQ(icon.name(), name);
         for (const int side : {16, 18, 20, 22, 24, 32, 33, 44}) {
             EXPECT_EQ(icon.pixmap(side).toImage().convertToFormat(QImage::Format_ARGB32),
-                      panelImage(bowlMask(), side, tone, Rim::faint))
+                      panelImage(bowlMask(), side, tone, Rim::contrasting))
                 << side;
         }
     }

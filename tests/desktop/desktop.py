@@ -248,8 +248,10 @@ class Desktop:
 
     def windows(self) -> list["Window"]:
         """The managed windows, the lowest first."""
-        return [Window(self, number)
-                for number in re.findall(r"0x[0-9a-f]+", self.root_property("_NET_CLIENT_LIST_STACKING"))]
+        listed = self.root_property("_NET_CLIENT_LIST_STACKING")
+        if "#" not in listed:  # xfwm4 tells of no order until there are two
+            listed = self.root_property("_NET_CLIENT_LIST")
+        return [Window(self, number) for number in re.findall(r"0x[0-9a-f]+", listed)]
 
     def wallpapers(self) -> list["Window"]:
         """The windows in which the application draws the desktop."""

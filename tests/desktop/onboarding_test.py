@@ -6,18 +6,20 @@ import unittest
 
 from accessibility import CHECKED, HeardTest
 from application import PROGRAM
-from desktop import Desktop, wait_until
+from desktop import Desktop, is_installed, wait_until
 from edge import FOOT, SHELL
 
 BORSCHT = 33  # its pattern
 
 
-class OnboardingTest(HeardTest):
+class FirstStart(HeardTest):
     """An application that was never started before."""
+
+    manager: tuple[str, ...] = ("openbox",)
 
     @classmethod
     def make_desktop(cls) -> Desktop:
-        return Desktop(1100, 700)
+        return Desktop(1100, 700, cls.manager)
 
     def setUp(self) -> None:
         super().setUp()
@@ -55,6 +57,10 @@ class OnboardingTest(HeardTest):
         wait_until(lambda: self.application.settings().get("onboarded") == "true", "the end of the introduction")
         self.reader.wait_until_gone("Back")
 
+
+class ManagerTest:
+    """What window managers have a say in: each has a class of its own that is also a FirstStart."""
+
     def test_a_keyboard_is_enough(self) -> None:
         self.wait_for_focus("Start cooking")
         self.assertFalse(self.shows_handle())
@@ -85,6 +91,27 @@ class OnboardingTest(HeardTest):
         self.assertFalse(self.reader.has("Start cooking"))
         self.assertEqual(self.application.look(), look)
 
+    def test_a_window_manager_closes_it(self) -> None:
+        window = next(window for window in self.desktop.windows()
+                      if window.program() == "tessel-broth" and window.place()[2:] == (880, 560))
+        self.assertEqual(window.place()[:2], (110, 70))
+        self.desktop.output("wmctrl", "-i", "-c", window.number)
+        self.wait_until_done()
+        self.wait_for_handle()
+
+
+class OpenboxTest(ManagerTest, FirstStart):
+    pass
+
+
+@unittest.skipUnless(is_installed("xfwm4"), "xfwm4 is not installed")
+class XfwmTest(ManagerTest, FirstStart):
+    manager = ("xfwm4", "--compositor=off")
+
+
+class OnboardingTest(FirstStart):
+    """Other ways through it, and when it is there at all."""
+
     def test_closed_on_the_way_it_does_not_come_again(self) -> None:
         self.reader.find("Start cooking").press()
         self.reader.find("Close").press()
@@ -113,14 +140,6 @@ class OnboardingTest(HeardTest):
         wait_until(lambda: self.application.settings().get("shuffleMinutes") == "60", "an hourly wallpaper")
         self.reader.find("Let's eat").press()
         self.wait_until_done()
-
-    def test_a_window_manager_closes_it(self) -> None:
-        window = next(window for window in self.desktop.windows()
-                      if window.program() == "tessel-broth" and window.place()[2:] == (880, 560))
-        self.assertEqual(window.place()[:2], (110, 70))
-        self.desktop.output("wmctrl", "-i", "-c", window.number)
-        self.wait_until_done()
-        self.wait_for_handle()
 
     def test_left_open_it_comes_again_with_the_bowl(self) -> None:
         self.reader.find("Start cooking").press()

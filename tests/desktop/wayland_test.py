@@ -2,16 +2,19 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The whole application on a Wayland compositor that lets programs stand below and above windows."""
 
+import json
 import shutil
 import socket
 import struct
 import threading
 import unittest
+from collections.abc import Iterator
 
+from gi.repository import GLib
 from PIL import Image
 
 from application import ApplicationTest
-from desktop import Desktop, wait_until
+from desktop import Desktop, Place, call, wait_until
 from sway import SwayDesktop
 
 SHELL = (0x14, 0x10, 0x0D)  # the ground of strip and editor
@@ -75,6 +78,71 @@ class WaylandTest(ApplicationTest):
         # The keyboard is there only while the tool runs; it waits until that is known.
         wait_until(lambda: self.desktop.output("wtype", "-s", "1000", "-k", "Escape", "-s", "500") or
                    not self.shows_panel(), "the editor's end", 60)
+
+
+@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
+class TextSizeTest(ApplicationTest):
+    """A portal through which the desktop tells how large its text is."""
+
+    desktop: SwayDesktop
+    PORTAL = "org.freedesktop.portal.Desktop"
+    PATH = "/org/freedesktop/portal/desktop"
+    SETTINGS = "org.freedesktop.portal.Settings"
+    MOCK = "org.freedesktop.DBus.Mock"
+    SETTING = ("org.gnome.desktop.interface", "text-scaling-factor")
+
+    @classmethod
+    def make_desktop(cls) -> SwayDesktop:
+        return SwayDesktop(1200, 900)
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.desktop.start("/usr/bin/python3", "-m", "dbusmock", cls.PORTAL, cls.PATH, cls.SETTINGS)
+        cls.desktop.wait_for_name(cls.PORTAL)
+        answer = "ret = dbus.Double(1.5 if args[1] == 'text-scaling-factor' else 0, variant_level=1)"
+        call(cls.desktop.bus, cls.PORTAL, cls.PATH, f"{cls.MOCK}.AddMethod",
+             GLib.Variant("(sssss)", (cls.SETTINGS, "Read", "ss", "v", answer)))
+
+    def set_scale(self, scale: float) -> None:
+        values = [GLib.Variant("s", name) for name in self.SETTING] + [GLib.Variant("v", GLib.Variant("d", scale))]
+        call(self.desktop.bus, self.PORTAL, self.PATH, f"{self.MOCK}.EmitSignal",
+             GLib.Variant("(sssav)", (self.SETTINGS, "SettingChanged", "ssv", values)))
+
+    def shell_width(self) -> int:
+        """How wide the panel is in the middle of the screen: from its first to its last pixel of that colour."""
+        row = list(self.desktop.screenshot().crop((0, 450, 1200, 451)).getdata())
+        return len(row) - row[::-1].index(SHELL) - row.index(SHELL) if SHELL in row else 0
+
+    def wait_for_width(self, scale: float) -> None:
+        wait_until(lambda: abs(self.shell_width() - scale * 312) < 8 * scale, f"an editor {scale} times as large")
+
+    def test_the_interface_is_as_large_as_text(self) -> None:
+        self.application.write_settings(handleHidden="false")
+        self.application.start()
+        self.application.open_editor()
+        for scale in (1.5, 1.0, 1.25):
+            if scale != 1.5:
+                self.set_scale(scale)
+            self.wait_for_width(scale)
+
+    def introduction(self) -> Place | None:
+        """Where it lies."""
+        def below(node: dict) -> Iterator[dict]:
+            yield node
+            for child in node["nodes"] + node["floating_nodes"]:
+                yield from below(child)
+
+        tree = json.loads(self.desktop.output("swaymsg", "-r", "-t", "get_tree"))
+        places = [node["rect"] for node in below(tree) if node.get("pid") == self.application.process.pid]
+        return tuple(places[0][key] for key in ("x", "y", "width", "height")) if places else None
+
+    def test_the_introduction_is_as_large_and_on_the_screen(self) -> None:
+        self.application.settings_file.unlink()
+        self.application.start()
+        wait_until(lambda: self.introduction() == (0, 68, 1200, 764), "all of it on the screen")
+        self.set_scale(1.0)
+        wait_until(lambda: self.introduction() == (160, 170, 880, 560), "its usual size")
 
 
 @unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")

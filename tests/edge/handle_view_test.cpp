@@ -30,5 +30,16 @@ TEST(HandleView, HasARimAroundTheLookAndNothingBeyondAtEveryScale)
     }
 }
 
+TEST(HandleView, IsFilledByAPictureOfAFormerScale)
+{
+    for (const int side : {28, 56}) {
+        QImage look(side, side, QImage::Format_RGB32);
+        look.fill(Qt::magenta);
+        const QImage handle = drawHandle(look, false, false, 1.5);
+        for (const int place : {handle.width() / 2, handle.width() / 6 + 1, handle.width() * 5 / 6 - 1})
+            EXPECT_EQ(handle.pixelColor(handle.width() / 2, place), QColor(Qt::magenta)) << place;
+    }
+}
+
 } // namespace
 } // namespace tessel

@@ -21,7 +21,7 @@ VERSION = re.search(r"CMAKE_PROJECT_VERSION:STATIC=(.+)", (BUILD / "CMakeCache.t
 
 def output(*command: str) -> str:
     """What a command prints; an error if it fails."""
-    done = subprocess.run(command, capture_output=True, text=True, timeout=120)
+    done = subprocess.run(command, capture_output=True, text=True, timeout=240)
     if done.returncode != 0:
         raise AssertionError(f"{' '.join(command)}: {done.stdout}{done.stderr}")
     return done.stdout
@@ -103,8 +103,10 @@ class InstalledTest(unittest.TestCase):
                 self.assertEqual((icon.size, path.stem), ((side, side), ID))
                 self.assertEqual(icon.getpixel((0, 0))[3] < 255, True, "a corner that is cut")
         self.assertGreaterEqual(len(list(icons.glob("*/apps/*.png"))), 9)
-        for name in f"scalable/apps/{ID}.svg", f"symbolic/apps/{ID}-symbolic.svg":
-            self.assertGreater(len(ElementTree.parse(icons / name).getroot()), 10)
+        self.assertGreater(len(ElementTree.parse(icons / f"scalable/apps/{ID}.svg").getroot()), 10)
+        style, ink = ElementTree.parse(icons / f"symbolic/apps/{ID}-symbolic.svg").getroot()
+        self.assertEqual((style.get("id"), ink.get("fill")), ("current-color-scheme", "currentColor"))
+        self.assertIn(f".{ink.get('class')}{{", style.text)
 
     def test_manual_pages(self) -> None:
         for name in "tessel", "tessel-broth":
@@ -138,6 +140,22 @@ class InstalledTest(unittest.TestCase):
                     self.assertRegex(bash, rf"--{option}\b")
                     self.assertRegex(zsh, rf"--{option}\b")
                     self.assertRegex(fish, rf"-l {option}\b")
+
+
+@unittest.skipUnless((BUILD / "CPackConfig.cmake").exists() and shutil.which("lintian"),
+                     "this build makes no Debian package, or lintian is not installed")
+class DebianPackageTest(unittest.TestCase):
+    """A package of the programs as they were built for the tests; its size and their flags do not matter."""
+
+    def test_debian_has_nothing_against_it(self) -> None:
+        with tempfile.TemporaryDirectory(prefix="tessel-package-") as folder:
+            output("cpack", "--config", str(BUILD / "CPackConfig.cmake"), "-B", folder,
+                   "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip")
+            package, = map(str, Path(folder).glob("*.deb"))
+            suppressed = Path(__file__).parents[2] / "packaging/debian/lintian-suppressed"
+            output("lintian", "--fail-on", "error,warning", "--suppress-tags-from-file", str(suppressed), package)
+            output("dpkg-deb", "--extract", package, f"{folder}/tree")
+            output("appstreamcli", "validate-tree", "--no-net", f"{folder}/tree")
 
 
 class BashTest(unittest.TestCase):

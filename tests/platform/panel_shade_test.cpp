@@ -83,6 +83,8 @@ TEST_F(PanelShadeTest, KnowsWhichDesktopsHaveTheColoursOfWindows)
     const LinuxPanelShade plasma(m_bus.connect(), QStringLiteral("KDE"));
     EXPECT_TRUE(waitUntil([&] { return gnome.isDark() == true; }));
     EXPECT_EQ(plasma.isDark(), std::nullopt);
+    EXPECT_FALSE(gnome.recolorsIcons());
+    EXPECT_TRUE(plasma.recolorsIcons());
 }
 
 } // namespace

@@ -16,10 +16,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <fcntl.h>
 #include <memory>
 #include <optional>
 #include <unistd.h>
+#include <utility>
 
 namespace tessel {
 namespace {
@@ -108,7 +110,8 @@ protected:
     LinuxSession& makeSession() { return m_session.emplace(m_bus.connect(), m_bus.connect()); }
 
     /// Waits for what the session finds out about one thing.
-    void expectBecomes(bool SessionState::*field, bool value)
+    template<typename Value>
+    void expectBecomes(Value SessionState::*field, Value value)
     {
         EXPECT_TRUE(waitUntil([&] { return m_session->state().*field == value; }));
     }
@@ -249,6 +252,28 @@ TEST_F(SessionTest, ThePortalsSettingsAreFollowed)
     change(access, QStringLiteral("high-contrast"), false);
     expectBecomes(&SessionState::highContrast, false);
     EXPECT_TRUE(m_session->state().reducedMotion);
+}
+
+TEST_F(SessionTest, TextIsAsLargeAsThePortalSaysIfItCanBe)
+{
+    const auto key = QStringLiteral("text-scaling-factor");
+    {
+        FakeService portal(m_bus.connect(), QStringLiteral("org.freedesktop.portal.Desktop"));
+        portal.answer(settings + QStringLiteral(".Read"), [&](const QVariantList& arguments) -> QVariantList {
+            const QVariant value = arguments.value(1) == key ? QVariant(1.25) : QVariant(true);
+            return {QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(value))))};
+        });
+        makeSession();
+        expectBecomes(&SessionState::textScale, 1.25);
+        for (const auto& [value, scale] :
+             {std::pair(QVariant(0.5), 0.5), std::pair(QVariant(1e9), 1.0), std::pair(QVariant(3.0), 3.0),
+              std::pair(QVariant(std::nan("")), 1.0), std::pair(QVariant(2.0), 2.0)}) {
+            portal.signal(portalPath, settings, QStringLiteral("SettingChanged"),
+                          {gnomeInterface, key, QVariant::fromValue(QDBusVariant(value))});
+            expectBecomes(&SessionState::textScale, scale);
+        }
+    }
+    expectBecomes(&SessionState::textScale, 1.0);
 }
 
 void replaceFile(const QString& path, const QByteArray& content)

@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace {
 
@@ -78,21 +79,18 @@ QByteArray rectangle(int column, int row, int length, const char* color)
            "\" width=\"" + QByteArray::number(length) + R"(" height="1" fill=")" + color + "\"/>\n";
 }
 
-/// \param colorOf of a place; nullptr for none
-template<typename ColorOf>
-QByteArray svg(int side, int shownSide, ColorOf colorOf)
+QByteArray tileSvg()
 {
-    const QByteArray box = QByteArray::number(side);
-    const QByteArray shown = QByteArray::number(shownSide);
-    QByteArray text = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + shown + R"(" height=")" + shown +
-                      R"(" viewBox="0 0 )" + box + ' ' + box +
+    const QByteArray box = QByteArray::number(tileSide);
+    QByteArray text = R"(<svg xmlns="http://www.w3.org/2000/svg" width="128" height="128" viewBox="0 0 )" +
+                      box + ' ' + box +
                       R"(" shape-rendering="crispEdges">)"
                       "\n";
-    for (int row = 0; row < side; ++row) {
-        for (int column = 0; column < side;) {
-            const char* color = colorOf(column, row);
+    for (int row = 0; row < tileSide; ++row) {
+        for (int column = 0; column < tileSide;) {
+            const char* color = colorAt(column, row);
             int end = column + 1;
-            while (end < side && colorOf(end, row) == color)
+            while (end < tileSide && colorAt(end, row) == color)
                 ++end;
             if (color != nullptr)
                 text += rectangle(column, row, end - column, color);
@@ -102,11 +100,28 @@ QByteArray svg(int side, int shownSide, ColorOf colorOf)
     return text + "</svg>\n";
 }
 
-/// Desktops give it their own colour.
-const char* symbolicColorAt(int column, int row)
+/// The ink, which desktops give their own colour: GTK what is filled, Plasma what has the colour of text in
+/// its scheme. One path, so that no gaps show between rows where art pixels are not whole ones; no margin, as
+/// panels have theirs.
+QByteArray symbolicSvg()
 {
-    const char kind = bowlMask().at(static_cast<std::size_t>(row))[static_cast<std::size_t>(column)];
-    return kind == 'R' ? "#2e3436" : nullptr;
+    QByteArray path;
+    for (int row = margin; row < maskSide - margin; ++row) {
+        const std::string_view ink = bowlMask().at(static_cast<std::size_t>(row));
+        for (std::size_t begin = ink.find('R'); begin != std::string_view::npos;) {
+            const std::size_t end = std::min(ink.find_first_not_of('R', begin), ink.size());
+            const QByteArray length = QByteArray::number(static_cast<int>(end - begin));
+            path += 'M' + QByteArray::number(static_cast<int>(begin) - margin) + ' ' +
+                    QByteArray::number(row - margin) + 'h' + length + "v1h-" + length + 'z';
+            begin = ink.find('R', end);
+        }
+    }
+    return R"(<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16" viewBox="0 0 22 22">)"
+           "\n"
+           R"(<style id="current-color-scheme" type="text/css">.ColorScheme-Text{color:#2e3436}</style>)"
+           "\n"
+           R"(<path class="ColorScheme-Text" fill="currentColor" d=")" +
+           path + "\"/>\n</svg>\n";
 }
 
 /// The path of an icon, in a folder that is made.
@@ -132,10 +147,9 @@ bool drawIcons(const QString& folder)
         isDone &= large.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                       .save(iconFile(folder, size, QStringLiteral(".png")));
     }
-    isDone &= write(iconFile(folder, QStringLiteral("scalable"), QStringLiteral(".svg")),
-                    svg(tileSide, 128, colorAt));
-    isDone &= write(iconFile(folder, QStringLiteral("symbolic"), QStringLiteral("-symbolic.svg")),
-                    svg(maskSide, 16, symbolicColorAt));
+    isDone &= write(iconFile(folder, QStringLiteral("scalable"), QStringLiteral(".svg")), tileSvg());
+    isDone &=
+        write(iconFile(folder, QStringLiteral("symbolic"), QStringLiteral("-symbolic.svg")), symbolicSvg());
     return isDone;
 }
 

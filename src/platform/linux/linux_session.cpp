@@ -58,6 +58,16 @@ constexpr std::array desktopSettings{
                    QLatin1String("high-contrast"), [](const QVariant& value) { return value.toBool(); }},
 };
 
+const auto gnomeInterface = QLatin1String("org.gnome.desktop.interface");
+const auto textScaling = QLatin1String("text-scaling-factor");
+
+/// What GNOME takes, too. Anything else counts as nothing said.
+double textScale(const QVariant& value)
+{
+    const double scale = value.toDouble();
+    return scale >= 0.5 && scale <= 3 ? scale : 1;
+}
+
 /// The value within a variant, which the settings portal wraps twice.
 QVariant unwrapped(QVariant value)
 {
@@ -73,6 +83,14 @@ QVariant changedProperty(const QDBusMessage& message, const QString& name)
 }
 
 } // namespace
+
+template<typename Value>
+void LinuxSession::set(Value SessionState::*field, Value value)
+{
+    SessionState changed = state();
+    changed.*field = value;
+    setState(changed);
+}
 
 LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnection& systemBus)
 {
@@ -211,13 +229,17 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
     auto* desktop = new BusService(sessionBus, portal::service, this);
     connect(desktop, &BusService::appeared, this, [this, desktop] {
         desktop->listen(portal::path, portalSettings, QStringLiteral("SettingChanged"));
-        for (const DesktopSetting& setting : desktopSettings)
+        const auto read = [desktop](QLatin1String space, QLatin1String key, auto use) {
             desktop->call(portal::path, portalSettings, QStringLiteral("Read"),
-                          {QString(setting.space), QString(setting.key)},
-                          [this, &setting](const QDBusMessage& reply) {
-                              set(claimOf(setting.wish), setting.key,
-                                  setting.isAsked(unwrapped(reply.arguments().value(0))));
-                          });
+                          {QString(space), QString(key)},
+                          [use](const QDBusMessage& reply) { use(unwrapped(reply.arguments().value(0))); });
+        };
+        for (const DesktopSetting& setting : desktopSettings)
+            read(setting.space, setting.key, [this, &setting](const QVariant& value) {
+                set(claimOf(setting.wish), setting.key, setting.isAsked(value));
+            });
+        read(gnomeInterface, textScaling,
+             [this](const QVariant& value) { set(&SessionState::textScale, textScale(value)); });
     });
     connect(desktop, &BusService::received, this, [this](const QDBusMessage& message) {
         const QVariantList arguments = message.arguments();
@@ -226,10 +248,13 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
                 arguments.value(1).toString() == setting.key)
                 set(claimOf(setting.wish), setting.key, setting.isAsked(unwrapped(arguments.value(2))));
         }
+        if (arguments.value(0).toString() == gnomeInterface && arguments.value(1).toString() == textScaling)
+            set(&SessionState::textScale, textScale(unwrapped(arguments.value(2))));
     });
     connect(desktop, &BusService::vanished, this, [this] {
         for (const DesktopSetting& setting : desktopSettings)
             set(claimOf(setting.wish), setting.key, false);
+        set(&SessionState::textScale, 1.0);
     });
 }
 
@@ -278,13 +303,6 @@ void LinuxSession::readClock()
     std::uint64_t expirations = 0;
     if (read(m_clock, &expirations, sizeof expirations) < 0 && errno == ECANCELED)
         Q_EMIT clockSet();
-}
-
-void LinuxSession::set(bool SessionState::*field, bool value)
-{
-    SessionState changed = state();
-    changed.*field = value;
-    setState(changed);
 }
 
 void LinuxSession::set(Claim& claim, const QString& by, bool isSo)

@@ -50,7 +50,8 @@ private:
         std::set<QString> by{};
     };
 
-    void set(bool SessionState::*field, bool value);
+    template<typename Value>
+    void set(Value SessionState::*field, Value value);
     void set(Claim& claim, const QString& by, bool isSo);
     Claim& claimOf(bool SessionState::*wish);
 

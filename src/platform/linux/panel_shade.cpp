@@ -29,6 +29,7 @@ LinuxPanelShade::LinuxPanelShade(const QDBusConnection& sessionBus, const QStrin
 {
     const QStringList names = desktop.split(QLatin1Char(':'));
     const bool isXfce = names.contains(QStringLiteral("XFCE"));
+    m_recolorsIcons = isXfce || names.contains(QStringLiteral("KDE"));
     if (isXfce || desktop.isEmpty() || names.contains(QStringLiteral("GNOME")))
         m_isDark = true;
     if (isXfce)

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <qpa/qplatformnativeinterface.h>
+#include <qpa/qplatformwindow.h>
 
 #include <algorithm>
 #include <cstring>
@@ -153,10 +154,12 @@ void WaylandPanelWindow::setFrame(const QRect& frame)
 {
     if (frame == m_frame)
         return;
+    const QSize shownSize = m_frame.size();
     m_frame = frame;
     if (m_role == nullptr)
         return;
-    if (QGuiApplication::screenAt(frame.center()) != m_screen) {
+    // Its surface is made anew on another screen, and at another scale of points.
+    if (QGuiApplication::screenAt(frame.center()) != m_screen || m_window.size() != shownSize) {
         hide();
         show();
         return;
@@ -174,8 +177,9 @@ bool WaylandPanelWindow::isAtRightEdge() const
 /// The compositor centres it between the panels at the top and at the bottom.
 void WaylandPanelWindow::describe()
 {
-    zwlr_layer_surface_v1_set_size(m_role.get(), static_cast<std::uint32_t>(m_frame.width()),
-                                   static_cast<std::uint32_t>(m_frame.height()));
+    const QSize size = m_window.handle()->geometry().size(); // in the compositor's points
+    zwlr_layer_surface_v1_set_size(m_role.get(), static_cast<std::uint32_t>(size.width()),
+                                   static_cast<std::uint32_t>(size.height()));
     zwlr_layer_surface_v1_set_anchor(m_role.get(), isAtRightEdge() ? ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT
                                                                    : ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT);
     zwlr_layer_surface_v1_set_keyboard_interactivity(m_role.get(), interactivity());

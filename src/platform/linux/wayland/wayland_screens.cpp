@@ -5,6 +5,9 @@
 
 #include "platform/linux/wayland/wayland_connection.h"
 
+#include <private/qhighdpiscaling_p.h>
+#include <utility>
+
 namespace tessel {
 
 WaylandScreens::WaylandScreens(WaylandConnection& connection) : m_connection(connection)
@@ -16,11 +19,23 @@ WaylandScreens::WaylandScreens(WaylandConnection& connection) : m_connection(con
 std::vector<Screen> WaylandScreens::list() const
 {
     std::vector<Screen> screens;
-    for (const auto& output : m_connection.outputs())
+    for (const auto& output : m_connection.outputs()) {
         screens.push_back(output->screen());
+        const QRect frame = screens.back().frame;
+        screens.back().workArea = {frame.topLeft() / m_textScale, frame.size() / m_textScale};
+    }
     if (!screens.empty())
         screens.front().isPrimary = true;
     return screens;
+}
+
+/// By what it offers for this at the start only, with a warning later. What is shown again has the new scale.
+void WaylandScreens::setTextScale(double scale)
+{
+    if (scale == std::exchange(m_textScale, scale))
+        return;
+    QHighDpiScaling::setGlobalFactor(scale);
+    noteChange();
 }
 
 } // namespace tessel

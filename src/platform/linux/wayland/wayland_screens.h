@@ -9,7 +9,8 @@ namespace tessel {
 
 class WaylandConnection;
 
-/// The monitors as the compositor tells them: their pixels too, whatever their scale is.
+/// The monitors as the compositor tells them: their pixels too, whatever their scale is. Only their work
+/// areas are in Qt's points, which windows of the interface are placed in.
 class WaylandScreens final : public SettlingScreens
 {
     Q_OBJECT
@@ -21,8 +22,12 @@ public:
     /// The first one counts as the primary one, as no compositor says which it is.
     [[nodiscard]] std::vector<Screen> list() const override;
 
+    /// Makes Qt's points so much larger than the compositor's.
+    void setTextScale(double scale);
+
 private:
     WaylandConnection& m_connection;
+    double m_textScale = 1;
 };
 
 } // namespace tessel

@@ -65,6 +65,12 @@ std::unique_ptr<PointerFeed> WaylandWindowSystem::makePointerFeed(QWindow& windo
     return std::make_unique<WindowPointerFeed>(window);
 }
 
+void WaylandWindowSystem::setTextScale(double scale)
+{
+    if (m_x11 == nullptr)
+        m_screens.setTextScale(scale);
+}
+
 Focus* WaylandWindowSystem::focus()
 {
     return m_x11 != nullptr ? m_x11->focus() : nullptr;
