@@ -295,10 +295,7 @@ public:
                                         Filter::paeth};
 
     /// Clean gradients repeat themselves, so that a deeper search finds more; with noise in them it does not.
-    static int level(const Trial& trial)
-    {
-        return trial.after * 8 < trial.before ? 6 : trial.after * 4 < trial.before ? 4 : 1;
-    }
+    static int level(const Trial& trial) { return trial.after * 8 < trial.before ? 4 : 1; }
 
     explicit TrueColorRows(const Picture& source) : m_picture(source) {}
 
