@@ -43,6 +43,7 @@ public:
     /// The longest side of any screen in pixels, by which photos are read from the next makeCurrent() on; 0
     /// where there is none.
     void setLongestScreen(int pixels) { m_longestScreen = pixels; }
+    [[nodiscard]] int longestScreen() const { return m_longestScreen; }
 
     /// Gives back what the driver and the encoder have kept, which without a GPU is most of the program's
     /// memory: the context is made anew, as after a loss. Where there can be no other, whoever draws next is

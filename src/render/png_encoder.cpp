@@ -3,6 +3,8 @@
 
 #include "render/png_encoder.h"
 
+#include "render/deflate_join.h"
+
 #include <libdeflate.h>
 
 #include <algorithm>
@@ -39,9 +41,11 @@ enum class ColorType : std::uint8_t
 
 constexpr std::size_t maxColors = 256;
 constexpr std::size_t maxChunk = 0x7FFFFFFF;
+/// Deflate with the largest window, fast.
+constexpr std::string_view zlibHeader = "\x78\x5E";
 /// Rows that share one filter, and how many of them it is tried on.
 constexpr int groupRows = 64;
-constexpr std::size_t sampleRows = 4;
+constexpr std::size_t sampleRows = 2;
 
 struct FreeCompressor
 {
@@ -291,7 +295,7 @@ public:
                                         Filter::paeth};
 
     /// Clean gradients repeat themselves, so that a deeper search finds more; with noise in them it does not.
-    static int level(const Trial& trial) { return trial.after * 8 < trial.before ? 6 : 4; }
+    static int level(const Trial& trial) { return trial.after * 8 < trial.before ? 4 : 1; }
 
     explicit TrueColorRows(const Picture& source) : m_picture(source) {}
 
@@ -380,16 +384,14 @@ void filterRow(Filter filter, const RowBuffer& row, const RowBuffer& above, std:
     }
 }
 
-/// Filters the rows of one band. `Rows` has rowBytes(), repeatsRowAbove(y), writeRow(y, out), the filters
-/// that are worth a try and the `step` to the pixel on the left in bytes.
+/// Filters rows. `Rows` has rowBytes(), repeatsRowAbove(y), writeRow(y, out), the filters that are worth a
+/// try and the `step` to the pixel on the left in bytes.
 template<class Rows>
-class BandFilter
+class RowFilter
 {
 public:
-    /// `filtered` takes the whole picture: for each row the filter's number and the filtered bytes.
-    BandFilter(const Rows& source, std::uint8_t* filtered)
+    explicit RowFilter(const Rows& source)
         : m_rows(source)
-        , m_out(filtered)
         , m_lineBytes(source.rowBytes() + 1)
         , m_row(source.rowBytes())
         , m_above(source.rowBytes())
@@ -397,13 +399,16 @@ public:
         m_packed.resize(libdeflate_deflate_compress_bound(m_compressor.get(), sampleRows * m_lineBytes));
     }
 
-    void run(Band band)
+    /// \param filtered for each row of the band the filter's number and the filtered bytes
+    /// \return how far those that were tried have shrunk
+    Trial run(Band band, std::span<std::uint8_t> filtered)
     {
+        m_out = filtered;
+        m_trial = {};
         for (int first = band.first; first < band.last; first += groupRows)
             filterGroup({first, std::min(first + groupRows, band.last)});
+        return m_trial;
     }
-
-    [[nodiscard]] Trial trial() const { return m_total; }
 
 private:
     void filterGroup(Band group)
@@ -411,7 +416,8 @@ private:
         const Filter filter = chooseFilter(group);
         bool rowIsLoaded = false;
         for (int y = group.first; y < group.last; ++y) {
-            const std::span line(m_out + static_cast<std::size_t>(y) * m_lineBytes, m_lineBytes);
+            const std::span<std::uint8_t> line = m_out.first(m_lineBytes);
+            m_out = m_out.subspan(m_lineBytes);
             if (m_rows.repeatsRowAbove(y)) {
                 std::fill(line.begin(), line.end(), std::uint8_t{0});
                 line[0] = static_cast<std::uint8_t>(Filter::up);
@@ -463,8 +469,8 @@ private:
                 bestSize = size;
             }
         }
-        m_total.before += m_samples[best].size();
-        m_total.after += bestSize;
+        m_trial.before += m_samples[best].size();
+        m_trial.after += bestSize;
         return Rows::filters[best];
     }
 
@@ -478,60 +484,98 @@ private:
     }
 
     const Rows& m_rows;
-    std::uint8_t* m_out;
+    std::span<std::uint8_t> m_out; ///< of the rows that are not filtered yet
     std::size_t m_lineBytes;
     RowBuffer m_row;
     RowBuffer m_above;
     Compressor m_compressor = makeCompressor(1);
     std::array<std::vector<std::uint8_t>, Rows::filters.size()> m_samples;
     std::vector<std::uint8_t> m_packed;
-    Trial m_total;
+    Trial m_trial;
 };
 
-/// The picture as it is before compression, and the level to compress it at.
-struct FilteredPicture
+/// A part of the picture as it is in the file: a deflate stream which that of the next part follows.
+struct Part
 {
-    std::unique_ptr<std::uint8_t[]> bytes;
-    std::size_t size = 0;
-    int level = 0;
+    std::vector<std::uint8_t> bytes;
+    std::uint32_t sum = 0; ///< Adler-32 of what it was
+    std::size_t before = 0;
 };
 
+/// What a thread filters and compresses parts with.
 template<class Rows>
-FilteredPicture filterPicture(const Rows& rows, const std::vector<Band>& bands)
+class PartEncoder
 {
-    FilteredPicture result;
-    result.size = (rows.rowBytes() + 1) * static_cast<std::size_t>(bands.back().last);
-    result.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(result.size);
-    std::vector<Trial> trials(bands.size());
-    inParallel(bands.size(), [&](std::size_t i) {
-        BandFilter<Rows> filter(rows, result.bytes.get());
-        filter.run(bands[i]);
-        trials[i] = filter.trial();
-    });
-    Trial all;
-    for (const Trial& trial : trials) {
-        all.before += trial.before;
-        all.after += trial.after;
+public:
+    explicit PartEncoder(const Rows& source) : m_lineBytes(source.rowBytes() + 1), m_filter(source) {}
+
+    /// \param isLast nothing follows it
+    Part encode(Band band, bool isLast)
+    {
+        m_filtered.resize(static_cast<std::size_t>(band.last - band.first) * m_lineBytes);
+        libdeflate_compressor* compressor = compressorOf(Rows::level(m_filter.run(band, m_filtered)));
+        m_room.resize(libdeflate_deflate_compress_bound(compressor, m_filtered.size()) + openEndLength);
+        std::size_t length = libdeflate_deflate_compress(compressor, m_filtered.data(), m_filtered.size(),
+                                                         m_room.data(), m_room.size());
+        if (!isLast)
+            length = leaveOpen(m_room, length);
+        static constexpr std::uint32_t emptySum = 1;
+        return {.bytes = {m_room.begin(), m_room.begin() + static_cast<std::ptrdiff_t>(length)},
+                .sum = libdeflate_adler32(emptySum, m_filtered.data(), m_filtered.size()),
+                .before = m_filtered.size()};
     }
-    result.level = Rows::level(all);
-    return result;
+
+private:
+    libdeflate_compressor* compressorOf(int level)
+    {
+        if (!m_compressor || level != m_level)
+            m_compressor = makeCompressor(level);
+        m_level = level;
+        return m_compressor.get();
+    }
+
+    std::size_t m_lineBytes;
+    RowFilter<Rows> m_filter;
+    std::vector<std::uint8_t> m_filtered;
+    std::vector<std::uint8_t> m_room;
+    Compressor m_compressor;
+    int m_level = 0;
+};
+
+/// Whole groups of rows, so many that a new beginning costs nothing.
+std::vector<Band> makeParts(int height, std::size_t lineBytes)
+{
+    static constexpr std::size_t leastBytes = std::size_t{256} << 10;
+    const std::size_t groups = (leastBytes - 1) / (groupRows * lineBytes) + 1;
+    const int rows = groupRows * static_cast<int>(groups);
+    std::vector<Band> parts;
+    for (int first = 0; first < height; first += rows)
+        parts.push_back({first, std::min(first + rows, height)});
+    return parts;
 }
 
-/// A zlib stream.
-struct Compressed
+template<class Rows>
+std::vector<Part> encodeParts(const Rows& rows, int height, unsigned threads)
 {
-    std::unique_ptr<char[]> bytes;
-    std::size_t size = 0;
-};
+    const std::vector<Band> bands = makeParts(height, rows.rowBytes() + 1);
+    std::vector<Part> parts(bands.size());
+    std::atomic<std::size_t> next = 0;
+    inParallel(std::clamp<std::size_t>(threads, 1, bands.size()), [&](std::size_t /*thread*/) {
+        PartEncoder<Rows> encoder(rows);
+        for (std::size_t i = next++; i < bands.size(); i = next++)
+            parts[i] = encoder.encode(bands[i], i + 1 == bands.size());
+    });
+    return parts;
+}
 
-Compressed compress(const FilteredPicture& picture)
+/// The Adler-32 of two things behind each other.
+std::uint32_t joinSums(std::uint32_t first, const Part& second)
 {
-    const Compressor compressor = makeCompressor(picture.level);
-    const std::size_t room = libdeflate_zlib_compress_bound(compressor.get(), picture.size);
-    Compressed result{std::make_unique_for_overwrite<char[]>(room)};
-    result.size = libdeflate_zlib_compress(compressor.get(), picture.bytes.get(), picture.size,
-                                           result.bytes.get(), room);
-    return result;
+    static constexpr std::uint64_t base = 65521;
+    const std::uint64_t low = (first & 0xFFFFU) + base - 1;
+    const std::uint64_t lows = low + (second.sum & 0xFFFFU);
+    const std::uint64_t highs = (first >> 16) + (second.sum >> 16) + second.before % base * low;
+    return static_cast<std::uint32_t>(highs % base << 16 | lows % base);
 }
 
 std::string bigEndian(std::uint32_t value)
@@ -548,13 +592,41 @@ void append(std::vector<std::byte>& file, std::string_view text)
     file.insert(file.end(), bytes.begin(), bytes.end());
 }
 
-void appendChunk(std::vector<std::byte>& file, std::string_view type, std::string_view data)
+void append(std::vector<std::byte>& file, std::span<const std::uint8_t> data)
 {
-    append(file, bigEndian(static_cast<std::uint32_t>(data.size())));
+    const std::span bytes = std::as_bytes(data);
+    file.insert(file.end(), bytes.begin(), bytes.end());
+}
+
+/// \param size of its data
+/// \param appendData called to append that
+template<class AppendData>
+void appendChunk(std::vector<std::byte>& file, std::string_view type, std::size_t size, AppendData appendData)
+{
+    append(file, bigEndian(static_cast<std::uint32_t>(size)));
     const std::size_t start = file.size();
     append(file, type);
-    append(file, data);
+    appendData();
     append(file, bigEndian(libdeflate_crc32(0, file.data() + start, file.size() - start)));
+}
+
+void appendChunk(std::vector<std::byte>& file, std::string_view type, std::string_view data)
+{
+    appendChunk(file, type, data.size(), [&] { append(file, data); });
+}
+
+/// The parts as one zlib stream.
+void appendParts(std::vector<std::byte>& file, const std::vector<Part>& parts, std::size_t size)
+{
+    appendChunk(file, "IDAT", size, [&] {
+        append(file, zlibHeader);
+        std::uint32_t sum = 1;
+        for (const Part& part : parts) {
+            append(file, part.bytes);
+            sum = joinSums(sum, part);
+        }
+        append(file, bigEndian(sum));
+    });
 }
 
 std::string headerChunk(const Picture& picture, unsigned bits, ColorType colorType)
@@ -593,15 +665,17 @@ std::vector<std::byte> encodePng(const Picture& picture, const std::optional<std
                                  unsigned threads)
 {
     check(picture, lookJson);
-    const std::vector<Band> bands = makeBands(picture.height, threads);
-    const std::optional<IndexedRows> indexed = IndexedRows::of(picture, bands);
-    const Compressed data =
-        compress(indexed ? filterPicture(*indexed, bands) : filterPicture(TrueColorRows(picture), bands));
-    if (data.size > maxChunk)
+    const std::optional<IndexedRows> indexed = IndexedRows::of(picture, makeBands(picture.height, threads));
+    const std::vector<Part> parts = indexed ? encodeParts(*indexed, picture.height, threads)
+                                            : encodeParts(TrueColorRows(picture), picture.height, threads);
+    std::size_t size = zlibHeader.size() + sizeof(Part::sum);
+    for (const Part& part : parts)
+        size += part.bytes.size();
+    if (size > maxChunk)
         throw std::length_error("the picture is too large for a PNG");
 
     std::vector<std::byte> file;
-    file.reserve(data.size + (lookJson ? lookJson->size() : 0) + 2048);
+    file.reserve(size + (lookJson ? lookJson->size() : 0) + 2048);
     append(file, "\x89PNG\r\n\x1a\n");
     appendChunk(file, "IHDR",
                 indexed ? headerChunk(picture, indexed->bits(), ColorType::indexed)
@@ -611,7 +685,7 @@ std::vector<std::byte> encodePng(const Picture& picture, const std::optional<std
         appendChunk(file, "iTXt", lookChunk(*lookJson));
     if (indexed)
         appendChunk(file, "PLTE", paletteChunk(indexed->colors()));
-    appendChunk(file, "IDAT", {data.bytes.get(), data.size});
+    appendParts(file, parts, size);
     appendChunk(file, "IEND", {});
     return file;
 }

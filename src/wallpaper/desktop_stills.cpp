@@ -115,13 +115,14 @@ void DesktopStills::make()
         m_maker.request({*look, m_environment.clocks.phase(Source::desktop), m_scene.edge()}, now);
 }
 
-void DesktopStills::handOver(const std::vector<DesktopPicture>& pictures)
+void DesktopStills::handOver(const std::vector<DesktopPicture>& pictures, const QString& photoProblem)
 {
     m_isFailureTold = false;
     m_latest.set(pictures);
     ++m_calls;
     m_environment.pictures.set(pictures);
-    tellMissingPhoto();
+    if (!photoProblem.isEmpty())
+        Q_EMIT photoMissing(photoProblem);
     Q_EMIT ready();
 }
 
@@ -150,16 +151,6 @@ void DesktopStills::answer(const QStringList& failures)
     if (!failures.isEmpty())
         Q_EMIT failed(failures.join(QLatin1Char('\n')));
     Q_EMIT handedOver();
-}
-
-void DesktopStills::tellMissingPhoto()
-{
-    const Look& look = *m_environment.store.desktop();
-    const std::string path = look.pattern == Pattern::image ? look.imagePath.value_or("") : "";
-    const std::string problem = m_environment.graphics.encoder().photos().problem(path);
-    if (!problem.empty())
-        Q_EMIT photoMissing(
-            QStringLiteral("%1: %2").arg(QString::fromStdString(path), QString::fromStdString(problem)));
 }
 
 } // namespace tessel

@@ -65,10 +65,9 @@ private:
     void sceneFailed(const QString& problem);
     void retryLater(const QString& problem);
     void make();
-    void handOver(const std::vector<DesktopPicture>& pictures);
+    void handOver(const std::vector<DesktopPicture>& pictures, const QString& photoProblem);
     void takeFound(bool found);
     void answer(const QStringList& failures);
-    void tellMissingPhoto();
 
     const WallpaperEnvironment& m_environment;
     Scene& m_scene;

@@ -153,6 +153,13 @@ float grainAt(std::uint32_t column, std::uint32_t row)
     return (static_cast<float>(bits & 0xFFFFU) - static_cast<float>(bits >> 16U)) / 65536.0F;
 }
 
+/// Where the colour of a tone stands in its table.
+std::size_t placeOf(int tone)
+{
+    return SmoothColors::place(
+        static_cast<std::int16_t>(std::clamp<int>(tone, 0, SmoothColors::highestTone)));
+}
+
 /// The pixels of a row that lie between neighbours among its cells, two for each pair of them.
 using PixelsBetween = std::array<std::uint32_t, 2 * (std::tuple_size_v<SmoothPainter::RowOfColors> - 1)>;
 
@@ -485,9 +492,23 @@ void SmoothPainter::advance(CellTile tile, double time)
 /// Where a cell's colour stands in its table.
 std::size_t SmoothPainter::place(std::size_t cell) const
 {
-    const int tone = m_tones[cell] + (m_grain.empty() ? 0 : m_grain[cell]);
-    return SmoothColors::place(
-        static_cast<std::int16_t>(std::clamp<int>(tone, 0, SmoothColors::highestTone)));
+    return placeOf(m_tones[cell] + (m_grain.empty() ? 0 : m_grain[cell]));
+}
+
+/// The same for a tile's cells in a row.
+SmoothPainter::RowOfPlaces SmoothPainter::places(std::size_t firstCell) const
+{
+    RowOfPlaces found{};
+    const auto find = [&](auto grainOf) {
+        const std::int16_t* tones = &m_tones[firstCell];
+        for (std::size_t x = 0; x < found.size(); ++x)
+            found[x] = placeOf(tones[x] + grainOf(x));
+    };
+    if (m_grain.empty())
+        find([](std::size_t /*x*/) { return 0; });
+    else
+        find([grain = &m_grain[firstCell]](std::size_t x) { return grain[x]; });
+    return found;
 }
 
 /// Of cells that are pixels.
@@ -500,26 +521,33 @@ void SmoothPainter::paintCells(CellTile tile, std::uint32_t* pixels)
     std::size_t cell = firstCell(tile);
     for (int y = top; y < bottom; ++y, cell += stride()) {
         const SmoothColors::Row colors = m_colors.row(y);
+        const RowOfPlaces found = places(cell);
         std::uint32_t* out = pixels + cellCount({m_shape.width, y}) + left;
         for (std::size_t x = 0; x < width; ++x)
-            out[x] = colors[x % colors.size()][place(cell + x)];
+            out[x] = colors[x % colors.size()][found[x]];
     }
     m_areas.mark(left, top, left + static_cast<int>(width), bottom);
 }
 
-/// The colours of a tile's cells, and of those around it.
+/// The colours of a tile's cells, and of those around it, all of which are within the grid.
 SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
 {
-    RowOfColors columns{};
-    for (int column = tile.column * CellTile::side - 1; std::uint32_t & each : columns)
-        each = static_cast<std::uint32_t>(std::clamp(column++, 0, m_grid.width - 1));
+    const int left = tile.column * CellTile::side;
+    const int inColumns = std::min<int>(CellTile::side, m_grid.width - left);
     Surrounded cells{};
     for (int row = tile.row * CellTile::side - 1; RowOfColors & colors : cells) {
         const int inside = std::clamp(row++, 0, m_grid.height - 1);
         const SmoothColors::Row tables = m_colors.row(inside);
-        const std::size_t first = static_cast<std::size_t>(inside) * stride();
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            colors[i] = tables[columns[i] % tables.size()][place(first + columns[i])];
+        const std::size_t first =
+            static_cast<std::size_t>(inside) * stride() + static_cast<std::size_t>(left);
+        const RowOfPlaces found = places(first);
+        for (std::size_t x = 0; x < found.size(); ++x)
+            colors[x + 1] = tables[x % tables.size()][found[x]];
+        colors.front() = left > 0 ? tables.back()[place(first - 1)] : colors[1];
+        const bool isLast = left + inColumns == m_grid.width;
+        std::fill(colors.begin() + inColumns + 1, colors.end(),
+                  isLast ? colors.at(static_cast<std::size_t>(inColumns))
+                         : tables.front()[place(first + CellTile::side)]);
     }
     return cells;
 }

@@ -86,6 +86,8 @@ private:
     void findChanged(double time);
     void advance(CellTile tile, double time);
     [[nodiscard]] std::size_t place(std::size_t cell) const;
+    using RowOfPlaces = std::array<std::size_t, CellTile::side>;
+    [[nodiscard]] RowOfPlaces places(std::size_t firstCell) const;
     using Surrounded = std::array<RowOfColors, CellTile::side + 2>;
     [[nodiscard]] Surrounded colorsAround(CellTile tile) const;
     void paintCells(CellTile tile, std::uint32_t* pixels);

@@ -5,6 +5,8 @@
 
 #include "model/look_json.h"
 #include "platform/process.h"
+#include "render/background_drawing.h"
+#include "render/headless_context.h"
 #include "render/png_file.h"
 #include "render/stopwatch.h"
 #include "wallpaper/wallpaper_folder.h"
@@ -12,8 +14,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <atomic>
-#include <exception>
 #include <filesystem>
 #include <system_error>
 
@@ -22,13 +22,15 @@ namespace tessel {
 namespace {
 
 constexpr int firstSliceRows = 64;
-constexpr double sliceMilliseconds = 12; ///< leaves a frame of an animation its time
+constexpr double sliceMilliseconds = 12; ///< leaves a frame of an animation its time on a GPU
 
-/// The rows of the next slice, after one that took so long.
+/// The rows of the next slice, after one that took so long: as many, unless that was far from what it should
+/// be, since others need another texture.
 int nextSliceRows(int rows, double milliseconds)
 {
     const double fitting = rows * sliceMilliseconds / std::max(milliseconds, 0.01);
-    return static_cast<int>(std::clamp(fitting, rows / 4.0, rows * 2.0));
+    const bool isFar = fitting > 2.0 * rows || fitting < rows / 2.0;
+    return isFar ? static_cast<int>(std::clamp(fitting, rows / 4.0, rows * 4.0)) : rows;
 }
 
 /// The part of a saving's progress that the drawing makes up; the rest is the encoding and writing.
@@ -69,55 +71,82 @@ Frame frameOf(const StillRecipe& recipe, QSize size)
             .edge = recipe.edge};
 }
 
+/// Draws a picture in slices, with a context of its own for this thread.
+/// \param tell called after each slice with how much is drawn, 0 to 1; returns whether to go on
+/// \throws ContextError, DrawingError
+DrawnStill drawStill(const StillRecipe& recipe, QSize size, int longestScreen,
+                     const std::function<bool(double)>& tell)
+{
+    BackgroundDrawing background;
+    Graphics graphics([] { return std::make_unique<HeadlessContext>(); });
+    graphics.setLongestScreen(longestScreen);
+    int rows = firstSliceRows;
+    std::optional<StillDrawing> drawing;
+    QObject::connect(&graphics, &Graphics::renewed, [&drawing] { drawing.reset(); });
+    for (bool goesOn = true; goesOn;) {
+        graphics.makeCurrent();
+        if (!drawing)
+            drawing.emplace(frameOf(recipe, size), rows);
+        Stopwatch watch;
+        goesOn = drawing->advance(graphics.encoder()) && tell(drawing->drawn());
+        background.guardExit();
+        rows = nextSliceRows(rows, watch.lap());
+        drawing->setSliceRows(rows);
+    }
+    const std::string path = recipe.look.imagePath.value_or("");
+    const std::string problem =
+        recipe.look.pattern == Pattern::image ? graphics.encoder().photos().problem(path) : "";
+    return {drawing->take(), problem.empty() ? QString() : QString::fromStdString(path + ": " + problem)};
+}
+
 } // namespace
 
+/// Pictures that are asked for together. The threads that draw and write look at whether they still are.
+struct StillMaker::Order
+{
+    std::atomic<bool> isGivenUp = false;
+};
+
 /// What becomes of the pictures of one request.
-struct StillMaker::Request
+struct StillMaker::Request : Order
 {
     std::vector<DesktopPicture> pictures;
     std::size_t written = 0;
+    QString photoProblem;
 };
 
 /// A picture of any size for a file of the user's.
-struct StillMaker::Saving
+struct StillMaker::Saving : Order
 {
+    Saving(int its, QString path, std::string look,
+           std::function<void(std::optional<QString> failure)> whenDone, std::function<void(double)> tell)
+        : number(its)
+        , file(std::move(path))
+        , json(std::move(look))
+        , done(std::move(whenDone))
+        , progress(std::move(tell))
+    {
+    }
+
     const int number;
     const QString file;
     const std::string json; ///< of its look
     const std::function<void(std::optional<QString> failure)> done;
     const std::function<void(double)> progress;
-    std::atomic<bool> isGivenUp = false; ///< the writing thread looks at it too
 };
 
-/// A picture that is being drawn or waits for it.
-struct StillMaker::Drawing
-{
-    const StillRecipe recipe;
-    const QSize size;
-    const std::function<void(Outcome<Picture>)> done; ///< without picture and failure where it is too large
-    const std::shared_ptr<Request> request;           ///< nullptr for a saving
-    const std::shared_ptr<Saving> saving;             ///< nullptr for a request
-    std::optional<StillDrawing> slices{};             ///< there once it has begun
-    int sliceRows = firstSliceRows;
-    bool isDrawn = false;
-};
-
-StillMaker::StillMaker(Graphics& graphics, QString folder)
+StillMaker::StillMaker(const Graphics& graphics, QString folder)
     : m_graphics(graphics)
     , m_folder(std::move(folder))
-    // Writing must not compete with what the user does.
+    // They must not compete with what the user does.
     , m_writer(QStringLiteral("tesselbroth.wallpaper-write"), lowerThreadPriority)
+    , m_drawer(QStringLiteral("tesselbroth.wallpaper-draw"), lowerThreadPriority)
 {
-    connect(&m_slices, &QTimer::timeout, this, &StillMaker::advance);
-    connect(&m_graphics, &Graphics::renewed, this, [this] {
-        for (const auto& drawing : m_drawings)
-            drawing->slices.reset();
-    });
 }
 
 StillMaker::~StillMaker()
 {
-    static_cast<void>(m_graphics.context().makeCurrent());
+    m_isEnding = true;
 }
 
 void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& screens)
@@ -131,10 +160,10 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
         const QString file = QDir(m_folder).filePath(stillFileName(stamp, index));
         request->pictures.push_back({screen, file});
         const auto drawn = [this, request, file, name = screen.name,
-                            json = encodeLook(recipe.look)](Outcome<Picture> outcome) {
-            if (!outcome.value) {
-                if (request != m_latest)
-                    return;
+                            json = encodeLook(recipe.look)](Outcome<DrawnStill> outcome) {
+            if (request != m_latest)
+                return;
+            if (!outcome.value || !outcome.value->picture) {
                 cancel();
                 Q_EMIT failed(tr("There is no picture for %1: %2")
                                   .arg(name, outcome.failure.isEmpty()
@@ -142,7 +171,8 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                                                  : outcome.failure));
                 return;
             }
-            const auto picture = std::make_shared<const Picture>(std::move(*outcome.value));
+            request->photoProblem = outcome.value->photoProblem;
+            const auto picture = std::make_shared<const Picture>(std::move(*outcome.value->picture));
             m_writer.run(
                 [picture, json, file, folder = m_folder] {
                     requireFolder(folder);
@@ -150,35 +180,38 @@ void StillMaker::request(const StillRecipe& recipe, const std::vector<Screen>& s
                 },
                 [this, request](const auto& written) { noteWritten(request, written.failure); });
         };
-        draw(std::make_unique<Drawing>(Drawing{recipe, screen.pixels().size(), drawn, request, nullptr}));
+        draw(recipe, screen.pixels().size(), request, drawn);
     }
 }
 
 void StillMaker::cancel()
 {
+    if (m_latest != nullptr)
+        m_latest->isGivenUp = true;
     m_latest.reset();
-    std::erase_if(m_drawings, [](const auto& drawing) { return drawing->request != nullptr; });
 }
 
 int StillMaker::save(const StillRecipe& recipe, QSize size, const QString& file,
                      std::function<void(std::optional<QString> failure)> done,
                      std::function<void(double)> progress)
 {
-    // NOLINTNEXTLINE(modernize-make-shared): clang 14 would need a constructor for that
-    const auto saving = std::shared_ptr<Saving>(
-        new Saving{++m_lastSaving, file, encodeLook(recipe.look), std::move(done), std::move(progress)});
+    const auto saving = std::make_shared<Saving>(++m_lastSaving, file, encodeLook(recipe.look),
+                                                 std::move(done), std::move(progress));
     m_savings.push_back(saving);
-    const auto drawn = [this, saving, size](Outcome<Picture> outcome) {
-        if (outcome.value)
-            write(saving, std::move(*outcome.value));
-        else if (!outcome.failure.isEmpty())
+    const auto drawn = [this, saving, size](Outcome<DrawnStill> outcome) {
+        if (!outcome.value)
             finish(saving, outcome.failure);
+        else if (outcome.value->picture)
+            write(saving, std::move(*outcome.value->picture));
         else
             finish(saving, tr("The %1x%2 image could not be rendered. Try a smaller size.")
                                .arg(size.width())
                                .arg(size.height()));
     };
-    draw(std::make_unique<Drawing>(Drawing{recipe, size, drawn, nullptr, saving}));
+    draw(recipe, size, saving, drawn, [this, saving](double share) {
+        if (std::ranges::find(m_savings, saving) != m_savings.end())
+            saving->progress(drawingShare * share);
+    });
     return saving->number;
 }
 
@@ -188,8 +221,30 @@ void StillMaker::giveUp(int saving)
     if (found == m_savings.end())
         return;
     (*found)->isGivenUp = true;
-    std::erase_if(m_drawings, [&](const auto& drawing) { return drawing->saving == *found; });
     m_savings.erase(found);
+}
+
+/// \param done called on this thread, also for what is given up; without picture and failure where it is too
+/// large
+/// \param progress called on this thread with 0 to 1
+void StillMaker::draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<const Order>& order,
+                      std::function<void(Outcome<DrawnStill>)> done, std::function<void(double)> progress)
+{
+    const auto tell = [this, order, progress = std::move(progress)](double share) {
+        if (progress)
+            m_told.post([progress, share] { progress(share); });
+        return !order->isGivenUp && !m_isEnding;
+    };
+    m_drawer.run(
+        [recipe, size, tell, longest = m_graphics.longestScreen()] {
+            if (!tell(0))
+                return DrawnStill();
+            DrawnStill drawn = drawStill(recipe, size, longest, tell);
+            // Compilers leave much memory behind that nobody will need soon.
+            releaseUnusedMemory();
+            return drawn;
+        },
+        std::move(done));
 }
 
 void StillMaker::write(const std::shared_ptr<Saving>& saving, Picture picture)
@@ -212,52 +267,6 @@ void StillMaker::finish(const std::shared_ptr<Saving>& saving, const std::option
         saving->done(failure);
 }
 
-void StillMaker::draw(std::unique_ptr<Drawing> drawing)
-{
-    m_drawings.push_back(std::move(drawing));
-    m_slices.start(0);
-}
-
-void StillMaker::advance()
-{
-    if (m_drawings.empty()) {
-        m_slices.stop();
-        return;
-    }
-    Outcome<Picture> outcome;
-    try {
-        m_graphics.makeCurrent();
-        drawSlice(*m_drawings.front());
-        if (!m_drawings.front()->isDrawn) {
-            tellProgress(*m_drawings.front());
-            return;
-        }
-        outcome.value = m_drawings.front()->slices->take();
-    } catch (const std::exception& error) {
-        outcome.failure = QString::fromUtf8(error.what());
-    }
-    const std::unique_ptr<Drawing> finished = std::move(m_drawings.front());
-    m_drawings.pop_front();
-    finished->done(std::move(outcome));
-}
-
-void StillMaker::drawSlice(Drawing& drawing)
-{
-    if (!drawing.slices)
-        drawing.slices.emplace(frameOf(drawing.recipe, drawing.size), drawing.sliceRows);
-    Stopwatch watch;
-    drawing.isDrawn = !drawing.slices->advance(m_graphics.encoder());
-    drawing.sliceRows = nextSliceRows(drawing.sliceRows, watch.lap());
-    drawing.slices->setSliceRows(drawing.sliceRows);
-}
-
-void StillMaker::tellProgress(const Drawing& drawing)
-{
-    // Whoever hears of it may give it up.
-    if (const std::shared_ptr<Saving> saving = drawing.saving)
-        saving->progress(drawingShare * drawing.slices->drawn());
-}
-
 /// \param failure empty on success
 void StillMaker::noteWritten(const std::shared_ptr<Request>& request, const QString& failure)
 {
@@ -271,7 +280,7 @@ void StillMaker::noteWritten(const std::shared_ptr<Request>& request, const QStr
     if (++request->written < request->pictures.size())
         return;
     m_latest.reset();
-    Q_EMIT written(request->pictures);
+    Q_EMIT written(request->pictures, request->photoProblem);
 }
 
 } // namespace tessel

@@ -9,9 +9,8 @@
 #include "render/still.h"
 
 #include <QObject>
-#include <QTimer>
 
-#include <deque>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -27,16 +26,23 @@ struct StillRecipe
     Edge edge = Edge::left;
 };
 
-/// Makes pictures of looks as files. They are drawn on the main thread, in slices so short that nobody
-/// notices, and encoded and written on a thread of their own, one after the other.
+/// A picture as it was drawn.
+struct DrawnStill
+{
+    std::optional<Picture> picture; ///< none where it is larger than what can be drawn, or was given up
+    QString photoProblem;           ///< why it shows its look without the photo; empty if it does not
+};
+
+/// Makes pictures of looks as files, one after the other. They are drawn on a thread of their own, in a
+/// context that is there only for that, and encoded and written on another.
 class StillMaker : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \param graphics must outlive this
+    /// \param graphics says how large photos are read; must outlive this
     /// \param folder where the stills of screens go
-    explicit StillMaker(Graphics& graphics, QString folder = {});
+    explicit StillMaker(const Graphics& graphics, QString folder = {});
 
     /// Finishes what is drawn already.
     ~StillMaker() override;
@@ -69,33 +75,33 @@ public:
 
 Q_SIGNALS:
     /// All files of the latest request are written.
-    void written(const std::vector<tessel::DesktopPicture>& pictures);
+    /// \param photoProblem why they show the look without its photo; empty if they do not
+    void written(const std::vector<tessel::DesktopPicture>& pictures, const QString& photoProblem);
     /// The latest request could not be carried out: its pictures cannot be drawn, or not be written, which
     /// may be otherwise later.
     void failed(const QString& message);
     void notWritten(const QString& message);
 
 private:
-    struct Drawing;
+    struct Order;
     struct Request;
     struct Saving;
 
-    void draw(std::unique_ptr<Drawing> drawing);
-    void advance();
-    void drawSlice(Drawing& drawing);
-    static void tellProgress(const Drawing& drawing);
+    void draw(const StillRecipe& recipe, QSize size, const std::shared_ptr<const Order>& order,
+              std::function<void(Outcome<DrawnStill>)> done, std::function<void(double)> progress = {});
     void noteWritten(const std::shared_ptr<Request>& request, const QString& failure);
     void write(const std::shared_ptr<Saving>& saving, Picture picture);
     void finish(const std::shared_ptr<Saving>& saving, const std::optional<QString>& failure);
 
-    Graphics& m_graphics;
+    const Graphics& m_graphics;
     const QString m_folder;
-    std::deque<std::unique_ptr<Drawing>> m_drawings;
-    QTimer m_slices; ///< runs while there is something to draw
     std::shared_ptr<Request> m_latest;
     std::vector<std::shared_ptr<Saving>> m_savings; ///< all that are under way
     int m_lastSaving = 0;
+    std::atomic<bool> m_isEnding = false;
+    Inbox m_told; ///< of what is drawn so far
     Worker m_writer;
+    Worker m_drawer;
 };
 
 } // namespace tessel

@@ -172,6 +172,9 @@ std::vector<Picture> variedPictures()
         paint(301, 500, [&](int x, int y) { return colorNumber(x * 13 % 300) ^ gray(y / 4); }));
     pictures.push_back(
         paint(301, 500, [&](int x, int y) { return gray(x / 3 + y / 5) + (noise() & 0x030303U); }));
+    // So large that it is compressed in parts.
+    pictures.push_back(
+        paint(2000, 700, [&](int x, int y) { return colorNumber((x / 9 * 7 % 200) ^ (y / 50)); }));
     return pictures;
 }
 
