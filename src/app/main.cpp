@@ -218,7 +218,8 @@ int run(int argc, char** argv)
     qInstallMessageHandler(usual);
     speakTheUsersLanguage();
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(statusIcon(PanelTone::light));
+    // Docks and lists of windows show it on grounds of any colour; the theme's is in a tile of its own.
+    QApplication::setWindowIcon(QIcon::fromTheme(identity::id, statusIcon(PanelTone::light)));
     return runApplication();
 }
 

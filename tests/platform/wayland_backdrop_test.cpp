@@ -10,9 +10,16 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
 #include <random>
 
 namespace tessel {
+
+void PrintTo(FakeCompositor::Keeps keeps, std::ostream* out)
+{
+    *out << (keeps == FakeCompositor::Keeps::nothing ? "keeps no buffer" : "keeps the latest buffer");
+}
+
 namespace {
 
 using testing::ElementsAre;
@@ -200,10 +207,7 @@ TEST_P(WaylandBackdropTest, StandsAboveAnotherWallpaperButStaysUnderAWindow)
     EXPECT_THAT(m_compositor.layers(), ElementsAre(background, bottom, background));
 }
 
-INSTANTIATE_TEST_SUITE_P(Compositors, WaylandBackdropTest, testing::Values(Keeps::nothing, Keeps::latest),
-                         [](const auto& each) {
-                             return each.param == Keeps::nothing ? "ThatCopy" : "ThatKeepTheLatest";
-                         });
+INSTANTIATE_TEST_SUITE_P(Buffers, WaylandBackdropTest, testing::Values(Keeps::nothing, Keeps::latest));
 
 } // namespace
 } // namespace tessel
