@@ -37,15 +37,16 @@ bool hasPixelsOfMonitors(const X11Connection& server, const WaylandConnection& c
 
 QByteArray preferredQtPlatforms()
 {
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsSet("DISPLAY"))
+    // What is no desktop would put a window for a wallpaper among all others.
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsSet("DISPLAY") ||
+        !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || !isSessionOfDesktop())
         return {};
     std::string name = "tessel-broth";
     std::array arguments{name.data(), static_cast<char*>(nullptr)};
     int count = 1;
     const QCoreApplication forEvents(count, arguments.data());
     const auto compositor = WaylandConnection::open();
-    // What is no desktop would put a window for a wallpaper among all others.
-    if (compositor == nullptr || compositor->hasLayers() || !isSessionOfDesktop())
+    if (compositor == nullptr || compositor->hasLayers())
         return {};
     return hasPixelsOfMonitors(X11Connection(), *compositor) ? "xcb;wayland" : "wayland;xcb";
 }
