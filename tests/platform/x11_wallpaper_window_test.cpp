@@ -390,6 +390,8 @@ TEST_F(X11WallpaperWindowTest, ShowsWhatIsDrawn)
     ASSERT_TRUE(waitUntil([&] { return canvas->isReady(); }));
     std::fill_n(canvas->pixels(), place.width() * place.height(), 0x112233U);
     canvas->presentPixels(std::array{PixelRect{0, 0, 30, 200}, PixelRect{400, 400, 30, 200}});
+    // The server reads that memory when it comes to it.
+    EXPECT_TRUE(waitUntil([&] { return colorAt(place.topLeft() + QPoint(405, 405)) == 0x112233U; }));
     std::fill_n(canvas->pixels(), place.width() * place.height(), 0x445566U);
     canvas->presentPixels(std::array{PixelRect{410, 410, 10, 10}});
     // What is presented last is waited for: it comes by another connection than the question.
