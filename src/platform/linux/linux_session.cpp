@@ -39,7 +39,7 @@ const auto portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
 /// One of the desktop's settings in which the user asks for something.
 struct DesktopSetting
 {
-    bool SessionState::*wish;
+    bool SessionState::*wish; ///< nullptr for the size of text
     QLatin1String space;
     QLatin1String key;
     bool (*isAsked)(const QVariant& value);
@@ -56,10 +56,9 @@ constexpr std::array desktopSettings{
                    QLatin1String("contrast"), [](const QVariant& value) { return value.toUInt() == 1; }},
     DesktopSetting{&SessionState::highContrast, QLatin1String("org.gnome.desktop.a11y.interface"),
                    QLatin1String("high-contrast"), [](const QVariant& value) { return value.toBool(); }},
+    DesktopSetting{nullptr, QLatin1String("org.gnome.desktop.interface"),
+                   QLatin1String("text-scaling-factor"), nullptr},
 };
-
-const auto gnomeInterface = QLatin1String("org.gnome.desktop.interface");
-const auto textScaling = QLatin1String("text-scaling-factor");
 
 /// What GNOME takes, too. Anything else counts as nothing said.
 double textScale(const QVariant& value)
@@ -227,34 +226,33 @@ void LinuxSession::watchBattery(const QDBusConnection& systemBus)
 void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
 {
     auto* desktop = new BusService(sessionBus, portal::service, this);
-    connect(desktop, &BusService::appeared, this, [this, desktop] {
+    // Nothing is asked for by a value that is not there.
+    const auto take = [this](const DesktopSetting& setting, const QVariant& value) {
+        if (setting.wish == nullptr)
+            set(&SessionState::textScale, textScale(value));
+        else
+            set(claimOf(setting.wish), setting.key, setting.isAsked(value));
+    };
+    connect(desktop, &BusService::appeared, this, [desktop, take] {
         desktop->listen(portal::path, portalSettings, QStringLiteral("SettingChanged"));
-        const auto read = [desktop](QLatin1String space, QLatin1String key, auto use) {
-            desktop->call(portal::path, portalSettings, QStringLiteral("Read"),
-                          {QString(space), QString(key)},
-                          [use](const QDBusMessage& reply) { use(unwrapped(reply.arguments().value(0))); });
-        };
         for (const DesktopSetting& setting : desktopSettings)
-            read(setting.space, setting.key, [this, &setting](const QVariant& value) {
-                set(claimOf(setting.wish), setting.key, setting.isAsked(value));
-            });
-        read(gnomeInterface, textScaling,
-             [this](const QVariant& value) { set(&SessionState::textScale, textScale(value)); });
+            desktop->call(portal::path, portalSettings, QStringLiteral("Read"),
+                          {QString(setting.space), QString(setting.key)},
+                          [take, &setting](const QDBusMessage& reply) {
+                              take(setting, unwrapped(reply.arguments().value(0)));
+                          });
     });
-    connect(desktop, &BusService::received, this, [this](const QDBusMessage& message) {
+    connect(desktop, &BusService::received, this, [take](const QDBusMessage& message) {
         const QVariantList arguments = message.arguments();
         for (const DesktopSetting& setting : desktopSettings) {
             if (arguments.value(0).toString() == setting.space &&
                 arguments.value(1).toString() == setting.key)
-                set(claimOf(setting.wish), setting.key, setting.isAsked(unwrapped(arguments.value(2))));
+                take(setting, unwrapped(arguments.value(2)));
         }
-        if (arguments.value(0).toString() == gnomeInterface && arguments.value(1).toString() == textScaling)
-            set(&SessionState::textScale, textScale(unwrapped(arguments.value(2))));
     });
-    connect(desktop, &BusService::vanished, this, [this] {
+    connect(desktop, &BusService::vanished, this, [take] {
         for (const DesktopSetting& setting : desktopSettings)
-            set(claimOf(setting.wish), setting.key, false);
-        set(&SessionState::textScale, 1.0);
+            take(setting, {});
     });
 }
 
