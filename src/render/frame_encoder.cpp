@@ -186,17 +186,21 @@ void FrameEncoder::bind(TextureUnit unit, GLuint texture, GLuint sampler)
     glBindSampler(index, sampler);
 }
 
-void FrameEncoder::draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport,
-                        float extentX, float extentY, RowOrder rows, int firstRow)
+/// Fills the target. The size is that of the whole picture, of which the target may be a part; the cell's in
+/// pixels.
+void FrameEncoder::draw(const Pass& pass, const Program& program, const Target& target, GridSize size,
+                        float cell)
 {
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    glViewport(0, -firstRow, viewport.width, viewport.height);
+    const bool upward = target.rows == RowOrder::topFirst;
+    glBindFramebuffer(GL_FRAMEBUFFER, target.framebuffer);
+    glViewport(0, 0, size.width, size.height);
     glUseProgram(program.object.name());
     glUniform1fv(program.frame, frameHeaderLength, frameHeader(pass.block).data());
     glUniform1fv(program.look, lookBlockLength, lookBlock(pass.block, pass.slot).data());
     glUniform1i(program.slot, static_cast<GLint>(pass.slot));
-    glUniform2f(program.extent, extentX, extentY);
-    glUniform1i(program.flip, rows == RowOrder::bottomFirst ? 1 : 0);
+    glUniform3f(program.target, 1.0F / cell,
+                static_cast<float>(upward ? target.firstRow : size.height - target.firstRow),
+                upward ? 1.0F : -1.0F);
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 
@@ -208,8 +212,7 @@ CellTextures* FrameEncoder::drawField(const Pass& pass, GridSize grid)
         return nullptr;
     setBlending(1.0F);
     bind(TextureUnit::photo, pass.photo);
-    draw(pass, m_programs.field(pass.look.pattern), cells->fieldTarget.name(), grid,
-         static_cast<float>(grid.width), static_cast<float>(grid.height), RowOrder::topFirst);
+    draw(pass, m_programs.field(pass.look.pattern), {cells->fieldTarget.name()}, grid);
     return cells;
 }
 
@@ -220,14 +223,12 @@ CellTextures* FrameEncoder::drawCells(const Pass& pass, GridSize grid)
     const bool twoInks = shaders::kind(pass.look.dither) == shaders::DitherKind::screen;
     if (cells == nullptr || (twoInks && !makeUpper(*cells, grid)))
         return nullptr;
-    const auto columns = static_cast<float>(grid.width);
-    const auto rows = static_cast<float>(grid.height);
     const Program& inks = m_programs.inks(pass.look.dither);
     const GlFramebuffer& target = twoInks ? cells->inkTarget : cells->lowerTarget;
     bind(TextureUnit::field, cells->field.name());
     bind(TextureUnit::blueNoise, m_blueNoise.name());
     setGrid(inks, grid);
-    draw(pass, inks, target.name(), grid, columns, rows, RowOrder::topFirst);
+    draw(pass, inks, {target.name()}, grid);
     return cells;
 }
 
@@ -242,8 +243,7 @@ void FrameEncoder::prepareColors(const Pass& pass)
     std::ranges::copy(lookBlock(pass.block, pass.slot), look.begin());
     if (row.look != look) {
         setBlending(1.0F);
-        draw(pass, program, row.target.name(), {length, 1}, static_cast<float>(length), 1.0F,
-             RowOrder::topFirst);
+        draw(pass, program, {row.target.name()}, {length, 1});
         row.look = look;
     }
     bind(smooth ? TextureUnit::ramp : TextureUnit::steps, row.texture.name());
@@ -295,8 +295,7 @@ void FrameEncoder::drawPicture(const Pass& pass, const Frame& frame, const Targe
         bind(TextureUnit::blueNoise, m_blueNoise.name());
     }
     setBlending(pass.slot == Slot::current ? frame.mix : 1.0F);
-    draw(pass, program, target.framebuffer, size, static_cast<float>(frame.width) / cell,
-         static_cast<float>(frame.height) / cell, target.rows, target.firstRow);
+    draw(pass, program, target, size, cell);
 }
 
 std::shared_ptr<const Photo> FrameEncoder::photoOf(const Look& look)
@@ -402,8 +401,7 @@ bool FrameEncoder::sampleTiles(const Frame& frame, std::span<const CellTile> til
         glUseProgram(program.object.name());
         glUniform3f(program.sampling, static_cast<float>(tones.side), static_cast<float>(step),
                     static_cast<float>(CellTile::side));
-        draw(pass, program, m_tiles.target.name(), drawn, static_cast<float>(drawn.width),
-             static_cast<float>(drawn.height), RowOrder::topFirst);
+        draw(pass, program, {m_tiles.target.name()}, drawn);
         readTones(drawn, tones.tones.data());
         return true;
     });
@@ -435,9 +433,7 @@ bool FrameEncoder::encodeMap(const Frame& frame, const Target& target)
     bind(TextureUnit::lower, numbers.name());
     bindGlyphs(frame.current.dither);
     setGrid(program, grid);
-    draw(Pass{block, Slot::current, frame.current, 0}, program, target.framebuffer,
-         {frame.width, frame.height}, static_cast<float>(frame.width) / cell,
-         static_cast<float>(frame.height) / cell, target.rows, target.firstRow);
+    draw(Pass{block, Slot::current, frame.current, 0}, program, target, {frame.width, frame.height}, cell);
     return true;
 }
 

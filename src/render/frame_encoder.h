@@ -168,8 +168,8 @@ private:
     template<typename DrawGrid>
     [[nodiscard]] auto encodeGrid(const Frame& frame, DrawGrid drawGrid);
     CellTextures* drawField(const Pass& pass, GridSize grid);
-    void draw(const Pass& pass, const Program& program, GLuint framebuffer, GridSize viewport, float extentX,
-              float extentY, RowOrder rows, int firstRow = 0);
+    void draw(const Pass& pass, const Program& program, const Target& target, GridSize size,
+              float cell = 1.0F);
     CellTextures* drawCells(const Pass& pass, GridSize grid);
     void prepareColors(const Pass& pass);
     void bindGlyphs(Dither dither);

@@ -78,9 +78,8 @@ Program build(const shaders::Source& source)
     program.frame = glGetUniformLocation(name, "uFrame");
     program.look = glGetUniformLocation(name, "uLook");
     program.slot = glGetUniformLocation(name, "uSlot");
-    program.extent = glGetUniformLocation(name, "uExtent");
+    program.target = glGetUniformLocation(name, "uTarget");
     program.perCell = glGetUniformLocation(name, "uPerCell");
-    program.flip = glGetUniformLocation(name, "uFlip");
     program.sampling = glGetUniformLocation(name, "uSampling");
     return program;
 }

@@ -35,9 +35,8 @@ struct Program
     GLint frame = -1;
     GLint look = -1;
     GLint slot = -1;
-    GLint extent = -1;
+    GLint target = -1;
     GLint perCell = -1;
-    GLint flip = -1;
     GLint sampling = -1;
 };
 

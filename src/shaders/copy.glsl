@@ -4,6 +4,6 @@
 // Cells that have one colour each, enlarged to the target; the sampler decides whether they blend.
 
 uniform sampler2D uLower;
-in vec2 vPlace; // in texture coordinates
+uniform vec2 uPerCell; // one cell, in texture coordinates
 
-vec3 shade(vec2 position) { return texture(uLower, vPlace).rgb; }
+vec3 shade(vec2 position) { return texture(uLower, position * uPerCell).rgb; }

@@ -16,9 +16,8 @@ float wantedTone()
     return 0.25 * plainToneAt(first + (floor(gl_FragCoord.xy) - tile * uSampling.x) * uSampling.y) + 0.375;
 }
 #else
-in vec2 vPosition;
 
-float wantedTone() { return toneAt(vPosition); }
+float wantedTone() { return toneAt(position()); }
 #endif
 
 void main()

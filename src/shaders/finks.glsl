@@ -3,13 +3,12 @@
 
 // One cell of the ink textures.
 
-in vec2 vPosition;
 layout(location = 0) out vec4 outLower;
 layout(location = 1) out vec4 outUpper;
 
 void main()
 {
-    Inks inks = inksAt(vPosition);
+    Inks inks = inksAt(position());
     outLower = vec4(inks.lower, inks.share);
     outUpper = vec4(inks.upper, inks.share);
 }

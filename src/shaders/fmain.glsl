@@ -3,7 +3,6 @@
 
 // One pixel of the picture.
 
-in vec2 vPosition;
 out vec4 outColor;
 
-void main() { outColor = vec4(shade(vPosition), 1.0); }
+void main() { outColor = vec4(shade(position()), 1.0); }

@@ -89,7 +89,7 @@ Source colors(const std::string& file, Dialect dialect)
 {
     static constexpr std::string_view switches = "#define HAS_STOPS\n";
     return {assemble(dialect, Stage::vertex, switches, {"prelude", "oklab", "vmain"}),
-            assemble(dialect, Stage::fragment, switches, {"prelude", "oklab", "ramp", file})};
+            assemble(dialect, Stage::fragment, switches, {"prelude", "position", "oklab", "ramp", file})};
 }
 
 } // namespace
@@ -114,21 +114,21 @@ Source field(Pattern pattern, FieldPart part, Dialect dialect)
     const std::string file = fileOf(pattern);
     const std::string switches =
         std::string(patternSwitch) + (part == FieldPart::tiles ? "#define TILES\n" : "");
-    return {
-        assemble(dialect, Stage::vertex, switches, {"prelude", "noise", "sdf", file, "vmain"}),
-        assemble(dialect, Stage::fragment, switches, {"prelude", "noise", "sdf", file, "tone", "ffield"})};
+    return {assemble(dialect, Stage::vertex, switches, {"prelude", "noise", "sdf", file, "vmain"}),
+            assemble(dialect, Stage::fragment, switches,
+                     {"prelude", "position", "noise", "sdf", file, "tone", "ffield"})};
 }
 
 Source inks(Dither dither, Dialect dialect)
 {
     const std::string switches = inkSwitches(dither);
-    std::string fragment =
-        kind(dither) == DitherKind::screen
-            ? assemble(dialect, Stage::fragment, switches,
-                       {"prelude", "noise", "ink_pair", "inks", "tone_fetch", "inks_compute", "finks"})
-            : assemble(dialect, Stage::fragment, switches,
-                       {"prelude", "ink_pair", "inks", "tone_fetch", "inks_compute", "bayer", fileOf(dither),
-                        "fmain"});
+    std::string fragment = kind(dither) == DitherKind::screen
+                               ? assemble(dialect, Stage::fragment, switches,
+                                          {"prelude", "position", "noise", "ink_pair", "inks", "tone_fetch",
+                                           "inks_compute", "finks"})
+                               : assemble(dialect, Stage::fragment, switches,
+                                          {"prelude", "position", "ink_pair", "inks", "tone_fetch",
+                                           "inks_compute", "bayer", fileOf(dither), "fmain"});
     return {assemble(dialect, Stage::vertex, switches, {"prelude", "vmain"}), std::move(fragment)};
 }
 
@@ -145,12 +145,12 @@ Source steps(Dialect dialect)
 Source composite(Dither dither, Dialect dialect)
 {
     if (kind(dither) != DitherKind::screen)
-        return {assemble(dialect, Stage::vertex, "#define HAS_PLACE\n", {"prelude", "vmain"}),
-                assemble(dialect, Stage::fragment, "", {"copy", "fmain"})};
+        return {assemble(dialect, Stage::vertex, "", {"prelude", "vmain"}),
+                assemble(dialect, Stage::fragment, "", {"position", "copy", "fmain"})};
     const std::string switches = dither == Dither::ascii ? inkSwitches(dither) : std::string();
     return {assemble(dialect, Stage::vertex, switches, {"prelude", "vmain"}),
             assemble(dialect, Stage::fragment, switches,
-                     {"prelude", "ink_pair", "inks_fetch", "screen", fileOf(dither), "fmain"})};
+                     {"prelude", "position", "ink_pair", "inks_fetch", "screen", fileOf(dither), "fmain"})};
 }
 
 Source map(Dither dither, Dialect dialect)
@@ -158,9 +158,9 @@ Source map(Dither dither, Dialect dialect)
     std::string fragment =
         dither == Dither::ascii
             ? assemble(dialect, Stage::fragment, "",
-                       {"prelude", "ink_pair", "map_glyphs", fileOf(dither), "fmap_glyphs"})
+                       {"prelude", "position", "ink_pair", "map_glyphs", fileOf(dither), "fmap_glyphs"})
             : assemble(dialect, Stage::fragment, "",
-                       {"prelude", "map_inks", "screen", fileOf(dither), "fmap"});
+                       {"prelude", "position", "map_inks", "screen", fileOf(dither), "fmap"});
     return {assemble(dialect, Stage::vertex, "", {"prelude", "vmain"}), std::move(fragment)};
 }
 
@@ -170,8 +170,8 @@ Source direct(Pattern pattern, Dither dither, Dialect dialect)
     const std::string file = fileOf(pattern);
     return {assemble(dialect, Stage::vertex, switches, {"prelude", "noise", "sdf", file, "vmain"}),
             assemble(dialect, Stage::fragment, switches,
-                     {"prelude", "noise", "sdf", file, "tone", "ink_pair", "inks", "inks_compute", "bayer",
-                      "screen", fileOf(dither), "fmain"})};
+                     {"prelude", "position", "noise", "sdf", file, "tone", "ink_pair", "inks", "inks_compute",
+                      "bayer", "screen", fileOf(dither), "fmain"})};
 }
 
 } // namespace tessel::shaders

@@ -4,16 +4,6 @@
 // One triangle that covers the target. What depends on the look and the time alone is worked out here, three
 // times a frame, and handed to every cell as constants.
 
-uniform vec2 uExtent; // the target's size, in cells
-uniform int uFlip;    // 1 when the target's first row is its bottom row
-
-out vec2 vPosition; // in cells from the top left corner
-
-#ifdef HAS_PLACE
-uniform vec2 uPerCell; // one cell, in texture coordinates
-out vec2 vPlace;       // the position in texture coordinates
-#endif
-
 #ifdef HAS_PATTERN
 out_hoisted vec4 vHoisted[8];
 #endif
@@ -52,10 +42,6 @@ void main()
 {
     vec2 corner = vec2(float((gl_VertexID << 1) & 2), float(gl_VertexID & 2));
     gl_Position = vec4(2.0 * corner - 1.0, 0.0, 1.0);
-    vPosition = vec2(corner.x, uFlip == 1 ? 1.0 - corner.y : corner.y) * uExtent;
-#ifdef HAS_PLACE
-    vPlace = vPosition * uPerCell;
-#endif
 #ifdef HAS_PATTERN
     vec4 hoisted[8];
     for (int i = 0; i < 8; ++i)
