@@ -22,6 +22,11 @@ install(FILES packaging/completions/tessel.bash RENAME tessel
 install(FILES packaging/completions/_tessel DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES packaging/completions/tessel.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 add_subdirectory(tools/icons)
+# Where Plasma finds its part: the module with Qt's own, the wallpaper with its own.
+set(plasma_module ${QT6_INSTALL_QML}/org/tesselbroth/wallpaper)
+install(TARGETS tessel_plasma_plugin DESTINATION ${plasma_module})
+install(FILES src/plasma/qmldir DESTINATION ${plasma_module})
+install(DIRECTORY src/plasma/package/ DESTINATION ${CMAKE_INSTALL_DATADIR}/plasma/wallpapers/org.tesselbroth.wallpaper)
 
 # tessel_install_compressed(file name folder)
 # Puts a file there under that name and .gz, always as the same bytes.

@@ -3,7 +3,6 @@
 
 #include "controls/picture_surface.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace tessel {
@@ -65,9 +64,8 @@ void PictureSurface::present(std::span<const ColoredRect> rectangles)
 {
     if (rectangles.empty())
         return;
-    for (const auto& [color, area] : rectangles)
-        for (int y = area.y; y < area.y + area.height; ++y)
-            std::fill_n(rowOf(m_image, y) + area.x, area.width, color | 0xFF000000U);
+    for (const ColoredRect& rectangle : rectangles)
+        fillRectangle(rowOf(m_image, 0), m_image.width(), rectangle);
     Q_EMIT drawn();
 }
 

@@ -3,9 +3,13 @@
 
 #pragma once
 
+#include "base/pixel_rect.h"
+
 #include <QObject>
 #include <QSize>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <variant>
@@ -14,23 +18,22 @@ namespace tessel {
 
 class GlContext;
 
-/// Some of a window's pixels, from its top left corner.
-struct PixelRect
-{
-    std::int16_t x = 0;
-    std::int16_t y = 0;
-    std::uint16_t width = 0;
-    std::uint16_t height = 0;
-
-    bool operator==(const PixelRect&) const = default;
-};
-
 /// Pixels of one colour, 0xRRGGBB.
 struct ColoredRect
 {
     std::uint32_t color = 0;
     PixelRect area;
 };
+
+/// Fills a rectangle of memory for all pixels, 0xFFRRGGBB without gaps.
+/// \param width pixels in a row of it
+inline void fillRectangle(std::uint32_t* pixels, int width, const ColoredRect& rectangle)
+{
+    static constexpr std::uint32_t opaque = 0xFF000000;
+    const auto& [color, area] = rectangle;
+    for (int y = area.y; y < area.y + area.height; ++y)
+        std::fill_n(pixels + static_cast<std::ptrdiff_t>(y) * width + area.x, area.width, color | opaque);
+}
 
 /// How a GPU's frames get into a window.
 class GpuCanvas

@@ -17,12 +17,8 @@ void MemoryCanvas::setSize(int width, int height)
 
 void MemoryCanvas::present(std::span<const ColoredRect> rectangles)
 {
-    static constexpr std::uint32_t opaque = 0xFF000000;
-    for (const auto& [color, area] : rectangles)
-        for (int y = area.y; y < area.y + area.height; ++y)
-            std::fill_n(&m_pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
-                                  static_cast<std::size_t>(area.x)],
-                        area.width, color | opaque);
+    for (const ColoredRect& rectangle : rectangles)
+        fillRectangle(m_pixels.data(), m_width, rectangle);
 }
 
 void mixPixels(std::span<const std::uint32_t> first, const std::uint32_t* second, float mix,

@@ -3,6 +3,7 @@
 
 #include "platform/linux/desktops/plasma_pictures.h"
 
+#include <QDBusMessage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,8 +15,9 @@ namespace tessel {
 
 namespace {
 
-/// Follows a line that defines `pictures` and `change`: which of them are to be set. Prints for each picture
-/// how many desktops are its monitor's and how many of them have it afterwards.
+/// Follows a line that defines `pictures` and `change`: which of them are to be set, or whether their
+/// monitors' desktops are to take our own wallpaper for what plays, or to give it back. Prints for each
+/// picture how many desktops are its monitor's and how many of them have it afterwards.
 const char* const script = R"(
 var found = {};
 function keep(list) {
@@ -49,22 +51,56 @@ function pictureOf(desktop) {
     }
     return null;
 }
-function shows(desktop, picture) {
-    desktop.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];
-    var image = String(desktop.readConfig('Image'));
-    return desktop.wallpaperPlugin == 'org.kde.image' && (image == picture.url || image == picture.file);
+var still = 'org.kde.image';
+var live = 'org.tesselbroth.wallpaper';
+function choose(desktop, wallpaper) {
+    desktop.currentConfigGroup = ['Wallpaper', wallpaper, 'General'];
 }
+function imageOf(desktop) {
+    choose(desktop, still);
+    return String(desktop.readConfig('Image'));
+}
+function shows(desktop, picture) {
+    var image = imageOf(desktop);
+    return [still, live].indexOf(desktop.wallpaperPlugin) >= 0 && (image == picture.url || image == picture.file);
+}
+// What plays goes on in front of the picture.
 function give(desktop, picture) {
-    desktop.wallpaperPlugin = 'org.kde.image';
-    desktop.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];
+    if (desktop.wallpaperPlugin == live) {
+        choose(desktop, live);
+        desktop.writeConfig('Image', picture.url);
+        desktop.writeConfig('Before', still);
+    } else {
+        desktop.wallpaperPlugin = still;
+    }
+    choose(desktop, still);
     desktop.writeConfig('Image', picture.url);
+}
+function play(desktop) {
+    if (desktop.wallpaperPlugin == live)
+        return;
+    var image = desktop.wallpaperPlugin == still ? imageOf(desktop) : '';
+    choose(desktop, live);
+    desktop.writeConfig('Image', image);
+    desktop.writeConfig('Before', desktop.wallpaperPlugin);
+    desktop.wallpaperPlugin = live;
+}
+function rest(desktop) {
+    if (desktop.wallpaperPlugin != live)
+        return;
+    choose(desktop, live);
+    desktop.wallpaperPlugin = String(desktop.readConfig('Before', still));
 }
 for (var id in found) {
     var desktop = found[id];
     var picture = pictureOf(desktop);
     if (picture === null)
         continue;
-    if (change == 'all' || (change == 'different' && !shows(desktop, picture)))
+    if (change == 'play')
+        play(desktop);
+    else if (change == 'rest')
+        rest(desktop);
+    else if (change == 'all' || (change == 'different' && !shows(desktop, picture)))
         give(desktop, picture);
     picture.desktops += 1;
     picture.taken += shows(desktop, picture) ? 1 : 0;
@@ -96,6 +132,24 @@ QString definitions(const std::vector<DesktopPicture>& pictures, const char* cha
     }
     const QString json = QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
     return QStringLiteral("var pictures = %1; var change = '%2';\n").arg(json, QLatin1String(change));
+}
+
+const DesktopCalls::Method evaluate{QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
+                                    QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript")};
+
+QString scriptFor(const std::vector<DesktopPicture>& pictures, const char* change)
+{
+    return definitions(pictures, change) + QString::fromLatin1(script);
+}
+
+/// Asks in passing. A Plasma that is not there yet, or does not know our wallpaper, shows the still.
+void ask(const QDBusConnection& bus, const Screen& screen, const char* change)
+{
+    auto question =
+        QDBusMessage::createMethodCall(evaluate.service, evaluate.path, evaluate.interface, evaluate.name);
+    question << scriptFor({DesktopPicture{screen, {}}}, change);
+    question.setAutoStartService(false);
+    bus.send(question);
 }
 
 QString problem(int desktops, int taken)
@@ -138,11 +192,17 @@ bool PlasmaPictures::shows(const std::vector<DesktopPicture>& pictures)
 
 QString PlasmaPictures::run(const std::vector<DesktopPicture>& pictures, const char* change)
 {
-    const QVariantList answer =
-        m_calls.call({QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
-                      QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript")},
-                     {definitions(pictures, change) + QString::fromLatin1(script)});
-    return answer.value(0).toString().trimmed();
+    return m_calls.call(evaluate, {scriptFor(pictures, change)}).value(0).toString().trimmed();
+}
+
+void playOnPlasma(const QDBusConnection& bus, const Screen& screen)
+{
+    ask(bus, screen, "play");
+}
+
+void restOnPlasma(const QDBusConnection& bus, const Screen& screen)
+{
+    ask(bus, screen, "rest");
 }
 
 } // namespace tessel

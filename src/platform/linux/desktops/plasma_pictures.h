@@ -26,4 +26,12 @@ private:
     DesktopCalls m_calls;
 };
 
+/// Has Plasma take our wallpaper for a screen, in which frames are shown, instead of the one that it has
+/// there. Does not wait for that. Plasma knows our wallpaper where hasPlasmaWallpaper() says so.
+void playOnPlasma(const QDBusConnection& bus, const Screen& screen);
+
+/// Puts the wallpaper back that was there before, or that with the picture that Plasma has been given since.
+/// One that the user has chosen meanwhile stays. Does not wait for that.
+void restOnPlasma(const QDBusConnection& bus, const Screen& screen);
+
 } // namespace tessel

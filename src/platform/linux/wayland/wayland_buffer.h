@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "platform/linux/shared_pixels.h"
 #include "platform/linux/wayland/wayland_objects.h"
 
 #include <QSize>
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -21,11 +21,8 @@ public:
     /// Black at first.
     /// \return nullptr if there is no memory for it
     [[nodiscard]] static std::unique_ptr<WaylandBuffer> make(wl_shm* sharedMemory, QSize size);
-    WaylandBuffer(const WaylandBuffer&) = delete;
-    WaylandBuffer& operator=(const WaylandBuffer&) = delete;
-    ~WaylandBuffer();
 
-    [[nodiscard]] std::span<std::uint32_t> pixels() const { return m_pixels; }
+    [[nodiscard]] std::span<std::uint32_t> pixels() const { return m_pixels->get(); }
 
     /// To be attached to a surface; until the compositor has done with it, nothing may be written.
     [[nodiscard]] wl_buffer* give();
@@ -34,9 +31,9 @@ public:
 private:
     struct Listener;
 
-    WaylandBuffer(std::span<std::uint32_t> pixels, WaylandPointer<wl_buffer> buffer);
+    WaylandBuffer(std::unique_ptr<SharedPixels> pixels, WaylandPointer<wl_buffer> buffer);
 
-    const std::span<std::uint32_t> m_pixels;
+    const std::unique_ptr<SharedPixels> m_pixels;
     const WaylandPointer<wl_buffer> m_buffer;
     bool m_isGiven = false;
 };

@@ -81,7 +81,7 @@ void WaylandPixelCanvas::present(std::span<const ColoredRect> rectangles)
     begin();
     m_areas.clear();
     for (const ColoredRect& rectangle : rectangles) {
-        fill(rectangle);
+        fillRectangle(m_drawn->buffer->pixels().data(), m_size.width(), rectangle);
         m_areas.push_back(rectangle.area);
     }
     show(m_areas);
@@ -137,12 +137,6 @@ void WaylandPixelCanvas::copy(const PixelRect& area, Frame& to)
 {
     for (int index = 0; index < area.height; ++index)
         std::ranges::copy(row(*m_latest, area, index), row(to, area, index).begin());
-}
-
-void WaylandPixelCanvas::fill(const ColoredRect& rectangle)
-{
-    for (int index = 0; index < rectangle.area.height; ++index)
-        std::ranges::fill(row(*m_drawn, rectangle.area, index), rectangle.color);
 }
 
 void WaylandPixelCanvas::show(std::span<const PixelRect> changed)

@@ -69,7 +69,6 @@ private:
     void update(Frame& frame);
     [[nodiscard]] std::span<std::uint32_t> row(const Frame& frame, const PixelRect& area, int index) const;
     void copy(const PixelRect& area, Frame& to);
-    void fill(const ColoredRect& rectangle);
     void show(std::span<const PixelRect> changed);
 
     WaylandBackdrop& m_backdrop;

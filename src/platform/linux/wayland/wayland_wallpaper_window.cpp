@@ -4,22 +4,12 @@
 #include "platform/linux/wayland/wayland_wallpaper_window.h"
 
 #include "base/gl_context.h"
+#include "platform/linux/frame_pause.h"
 #include "platform/linux/wayland/wayland_backdrop.h"
 
-#include <cmath>
 #include <utility>
 
 namespace tessel {
-
-int pauseBetweenFrames(int framesPerSecond, double refreshSeconds)
-{
-    if (refreshSeconds <= 0)
-        return 0;
-    // A rate that misses a whole number by a hair is that number.
-    constexpr double hair = 0.01;
-    const double pictures = std::ceil(1.0 / (framesPerSecond * refreshSeconds) - hair);
-    return static_cast<int>(std::ceil((pictures - 1) * refreshSeconds * 1000));
-}
 
 WaylandWallpaperWindow::WaylandWallpaperWindow(std::shared_ptr<WaylandBackdrop> backdrop,
                                                wl_shm* sharedMemory, QSize pixels, Rasterizer rasterizer)

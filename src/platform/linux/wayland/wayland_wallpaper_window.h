@@ -15,10 +15,6 @@ namespace tessel {
 
 enum class Rasterizer : std::uint8_t;
 
-/// How long to wait after the compositor has shown one frame until the next is drawn, so that it is shown a
-/// whole number of the monitor's pictures later and no more often than wanted. Milliseconds.
-[[nodiscard]] int pauseBetweenFrames(int framesPerSecond, double refreshSeconds);
-
 /// What plays on one output's backdrop. The compositor sets the pace: it is asked when a frame is wanted, and
 /// does not answer while nobody would see one.
 class WaylandWallpaperWindow final : public WallpaperWindow

@@ -4,6 +4,7 @@
 #include "platform/linux/wayland/wayland_window_system.h"
 
 #include "platform/linux/desktops/picture_backend.h"
+#include "platform/linux/plasma/plasma_wallpaper_window.h"
 #include "platform/linux/wayland/wayland_gl_context.h"
 #include "platform/linux/wayland/wayland_panel_window.h"
 #include "platform/linux/wayland/wayland_pictures.h"
@@ -21,6 +22,8 @@ WaylandWindowSystem::WaylandWindowSystem(std::unique_ptr<WaylandConnection> conn
 {
     if (QGuiApplication::platformName() == QStringLiteral("xcb"))
         m_x11 = std::make_unique<X11WindowSystem>();
+    if (m_isDesktopDrawn && hasPlasmaWallpaper())
+        m_plasma = std::make_unique<PlasmaFrames>(QDBusConnection::sessionBus());
     QObject::connect(m_connection.get(), &WaylandConnection::lost, qGuiApp, &QCoreApplication::quit);
 }
 
@@ -32,6 +35,11 @@ std::unique_ptr<GlContext> WaylandWindowSystem::makeContext()
 std::unique_ptr<WallpaperWindow> WaylandWindowSystem::makeWallpaperWindow(const Screen& screen,
                                                                           Rasterizer rasterizer)
 {
+    if (m_plasma != nullptr)
+        return std::make_unique<PlasmaWallpaperWindow>(*m_plasma, screen, [this, name = screen.name] {
+            const auto output = m_connection->output(name);
+            return output == nullptr ? 0 : output->refreshSeconds();
+        });
     if (m_isDesktopDrawn)
         return nullptr;
     return std::make_unique<WaylandWallpaperWindow>(m_backdrops.of(screen.name), m_connection->sharedMemory(),

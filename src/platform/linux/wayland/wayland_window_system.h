@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/linux/plasma/plasma_frames.h"
 #include "platform/linux/wayland/wayland_backdrops.h"
 #include "platform/linux/wayland/wayland_connection.h"
 #include "platform/linux/wayland/wayland_menus.h"
@@ -24,7 +25,7 @@ public:
 
     [[nodiscard]] std::unique_ptr<GlContext> makeContext() override;
     [[nodiscard]] Screens& screens() override { return m_screens; }
-    [[nodiscard]] bool hasWallpaperWindows() const override { return !m_isDesktopDrawn; }
+    [[nodiscard]] bool hasWallpaperWindows() const override { return !m_isDesktopDrawn || m_plasma != nullptr; }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                        Rasterizer rasterizer) override;
     /// There are none where our windows are.
@@ -44,6 +45,7 @@ private:
     std::unique_ptr<X11WindowSystem> m_x11; ///< nullptr where Qt's windows are on Wayland
     /// Whether a desktop draws its own background and icons, which our windows would hide.
     const bool m_isDesktopDrawn;
+    std::unique_ptr<PlasmaFrames> m_plasma; ///< nullptr where Plasma does not show what plays
 };
 
 } // namespace tessel

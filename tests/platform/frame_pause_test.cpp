@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel Broth developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/linux/wayland/wayland_wallpaper_window.h"
+#include "platform/linux/frame_pause.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ int picturesBetween(int framesPerSecond, double refreshSeconds)
     return static_cast<int>(std::floor(pause / refreshSeconds)) + 1;
 }
 
-TEST(WaylandPace, IsAWholeNumberOfTheMonitorsPicturesAndNeverMoreThanWanted)
+TEST(FramePause, IsAWholeNumberOfTheMonitorsPicturesAndNeverMoreThanWanted)
 {
     for (const double perSecond : {48.0, 59.94, 60.0, 75.0, 119.88, 144.0, 165.0, 239.76}) {
         for (const int wanted : {4, 10, 12, 15, 20, 24, 30, 60}) {
@@ -31,7 +31,7 @@ TEST(WaylandPace, IsAWholeNumberOfTheMonitorsPicturesAndNeverMoreThanWanted)
     }
 }
 
-TEST(WaylandPace, NeedsNoPauseWhereTheMonitorIsSlowEnough)
+TEST(FramePause, NeedsNoPauseWhereTheMonitorIsSlowEnough)
 {
     EXPECT_EQ(pauseBetweenFrames(60, 1 / 60.0), 0);
     EXPECT_EQ(pauseBetweenFrames(60, 1 / 59.94), 0);

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Tessel Broth developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "plasma/frame_source.h"
+
+#include <QQuickItem>
+
+#include <atomic>
+
+namespace tessel {
+
+/// Shows what plays on a screen; nothing while nothing does.
+class WallpaperFrames : public QQuickItem
+{
+    Q_OBJECT
+    /// The name of the screen that it is on, as the display server calls it.
+    Q_PROPERTY(QString screen READ screen WRITE setScreen NOTIFY screenChanged)
+    Q_PROPERTY(bool playing READ isPlaying NOTIFY playingChanged)
+
+public:
+    explicit WallpaperFrames(QQuickItem* parent = nullptr);
+
+    [[nodiscard]] const QString& screen() const { return m_screen; }
+    void setScreen(const QString& name);
+    [[nodiscard]] bool isPlaying() const { return !m_source.picture().isNull(); }
+
+Q_SIGNALS:
+    void screenChanged();
+    void playingChanged();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    void followWindow();
+    void acknowledge();
+
+    QString m_screen;
+    FrameSource m_source;
+    QMetaObject::Connection m_swaps;
+    std::atomic<bool> m_isDrawn = false; ///< a frame, which the window has not shown yet
+};
+
+} // namespace tessel
