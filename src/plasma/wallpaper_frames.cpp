@@ -6,6 +6,7 @@
 #include <QQuickWindow>
 #include <QSGImageNode>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -79,9 +80,9 @@ private:
 
 } // namespace
 
-WallpaperFrames::WallpaperFrames(QQuickItem* parent)
+WallpaperFrames::WallpaperFrames(QQuickItem* parent, const QDBusConnection& bus)
     : QQuickItem(parent)
-    , m_source(QDBusConnection::sessionBus())
+    , m_source(bus)
 {
     setFlag(ItemHasContents);
     connect(&m_source, &FrameSource::changed, this, &QQuickItem::update);
@@ -110,16 +111,58 @@ void WallpaperFrames::followWindow()
     disconnect(m_swaps);
     const bool isSeen = isVisible() && window() != nullptr;
     if (isSeen)
-        m_swaps = connect(window(), &QQuickWindow::frameSwapped, this, &WallpaperFrames::acknowledge,
+        m_swaps = connect(window(), &QQuickWindow::frameSwapped, this, &WallpaperFrames::followSwap,
                           Qt::QueuedConnection);
     m_source.setScreen(isSeen ? m_screen : QString());
 }
 
+void WallpaperFrames::setWindows(QAbstractItemModel* windows)
+{
+    if (windows == m_windows)
+        return;
+    if (m_windows != nullptr)
+        m_windows->disconnect(this);
+    m_windows = windows;
+    if (m_windows != nullptr) {
+        connect(m_windows, &QAbstractItemModel::dataChanged, this, &WallpaperFrames::acknowledge);
+        connect(m_windows, &QAbstractItemModel::rowsInserted, this, &WallpaperFrames::acknowledge);
+        connect(m_windows, &QAbstractItemModel::rowsRemoved, this, &WallpaperFrames::acknowledge);
+        connect(m_windows, &QAbstractItemModel::modelReset, this, &WallpaperFrames::acknowledge);
+    }
+    acknowledge();
+    Q_EMIT windowsChanged();
+}
+
+/// The compositor does not tell it: Plasma's desktop goes on being drawn below windows.
+bool WallpaperFrames::isCovered() const
+{
+    if (m_windows == nullptr)
+        return false;
+    const QHash<int, QByteArray> names = m_windows->roleNames();
+    const std::array roles{names.key("IsFullScreen", -1), names.key("IsMaximized", -1)};
+    for (int row = 0; row < m_windows->rowCount(); ++row)
+        for (const int role : roles)
+            if (m_windows->index(row, 0).data(role).toBool())
+                return true;
+    return false;
+}
+
 /// The first swap after what was drawn, which may happen on another thread, is the one that shows it.
+void WallpaperFrames::followSwap()
+{
+    if (m_isDrawn.exchange(false)) {
+        m_isShown = true;
+        acknowledge();
+    }
+}
+
+/// While nobody would see another frame, none is asked for.
 void WallpaperFrames::acknowledge()
 {
-    if (m_isDrawn.exchange(false))
-        m_source.acknowledge();
+    if (!m_isShown || isCovered())
+        return;
+    m_isShown = false;
+    m_source.acknowledge();
 }
 
 /// This thread waits meanwhile where it is another one that draws.

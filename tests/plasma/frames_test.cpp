@@ -12,6 +12,7 @@
 
 #include <QDBusUnixFileDescriptor>
 #include <QQuickWindow>
+#include <QStandardItemModel>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -283,37 +284,99 @@ TEST_F(OddProgramTest, ChangesNothingOutsideThePicture)
     EXPECT_EQ(changes, QRegion(0, 0, 2, 2) + QRegion(9, 19, 1, 1));
 }
 
-TEST_F(FramesTest, AreShownByTheWallpaperWhileItIsSeen)
+class WallpaperTest : public FramesTest
 {
-    const Variable session("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toUtf8());
-    QQuickWindow window;
-    window.resize(size);
-    WallpaperFrames item(window.contentItem());
-    item.setSize(size);
-    item.setScreen(screenName);
-    window.show();
-    startProgram();
-    m_program->window().show();
-    m_program->window().setFrameRate(60);
-    ASSERT_TRUE(waitUntil([&] { return item.isPlaying(); }));
+protected:
+    WallpaperTest()
+    {
+        m_plasma.resize(size);
+        m_item.setSize(size);
+        m_item.setScreen(screenName);
+        m_plasma.show();
+    }
+
+    void play()
+    {
+        startProgram();
+        m_program->window().show();
+        m_program->window().setFrameRate(60);
+        ASSERT_TRUE(waitUntil([&] { return m_item.isPlaying(); }));
+    }
+
+    [[nodiscard]] bool isWanted() const { return m_program->canvas().isReady(); }
+    QImage shown() { return m_plasma.grabWindow().convertToFormat(QImage::Format_RGB32); }
+
+    QQuickWindow m_plasma;
+    WallpaperFrames m_item{m_plasma.contentItem(), m_bus.connect()};
+};
+
+TEST_F(WallpaperTest, ShowsFramesWhileItIsSeen)
+{
+    play();
     for (const std::size_t count : {3U, 40U, 400U}) {
-        ASSERT_TRUE(waitUntil([&] { return m_program->canvas().isReady(); })) << "it was shown";
-        EXPECT_EQ(window.grabWindow().convertToFormat(QImage::Format_RGB32), m_program->drawn);
+        ASSERT_TRUE(waitUntil([&] { return isWanted(); })) << "it was shown";
+        EXPECT_EQ(shown(), m_program->drawn);
         m_program->drawRectangles(count);
     }
-    ASSERT_TRUE(waitUntil([&] { return m_program->canvas().isReady(); }));
-    EXPECT_EQ(window.grabWindow().convertToFormat(QImage::Format_RGB32), m_program->drawn);
+    ASSERT_TRUE(waitUntil([&] { return isWanted(); }));
+    EXPECT_EQ(shown(), m_program->drawn);
 
-    window.hide();
+    m_plasma.hide();
     m_program->drawRectangles(3);
     runEvents(200ms);
-    EXPECT_FALSE(m_program->canvas().isReady());
-    window.show();
-    EXPECT_TRUE(waitUntil([&] { return m_program->canvas().isReady(); }));
+    EXPECT_FALSE(isWanted());
+    m_plasma.show();
+    EXPECT_TRUE(waitUntil([&] { return isWanted(); }));
 
-    item.setVisible(false);
+    m_item.setVisible(false);
     EXPECT_TRUE(waitUntil([&] { return m_program->window().sharedPixels() == nullptr; }));
-    EXPECT_FALSE(item.isPlaying());
+    EXPECT_FALSE(m_item.isPlaying());
+}
+
+/// Windows as Plasma lists them.
+class WindowList : public QStandardItemModel
+{
+public:
+    enum Role : std::uint16_t
+    {
+        isMinimized = Qt::UserRole + 1,
+        isFullScreen,
+        isMaximized
+    };
+
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override
+    {
+        return {{isMinimized, "IsMinimized"}, {isFullScreen, "IsFullScreen"}, {isMaximized, "IsMaximized"}};
+    }
+};
+
+TEST_F(WallpaperTest, AsksForNothingBelowAWindowThatCoversIt)
+{
+    WindowList windows;
+    m_item.setWindows(&windows);
+    play();
+    ASSERT_TRUE(waitUntil([&] { return isWanted(); }));
+    for (const WindowList::Role role : {WindowList::isFullScreen, WindowList::isMaximized}) {
+        windows.appendRow(new QStandardItem);
+        windows.appendRow(new QStandardItem);
+        m_program->drawRectangles(2);
+        EXPECT_TRUE(waitUntil([&] { return isWanted(); })) << "windows beside it do not matter";
+
+        windows.item(1)->setData(true, role);
+        m_program->drawRectangles(2);
+        runEvents(200ms);
+        EXPECT_FALSE(isWanted());
+        EXPECT_EQ(shown(), m_program->drawn) << "what was on its way is there when it comes out";
+        windows.item(1)->setData(false, role);
+        EXPECT_TRUE(waitUntil([&] { return isWanted(); }));
+
+        windows.item(0)->setData(true, role);
+        m_program->drawRectangles(2);
+        runEvents(100ms);
+        EXPECT_FALSE(isWanted());
+        windows.removeRows(0, 2);
+        EXPECT_TRUE(waitUntil([&] { return isWanted(); })) << "the window was closed";
+    }
 }
 
 } // namespace

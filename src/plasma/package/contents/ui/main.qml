@@ -6,6 +6,7 @@
 import QtQuick
 import QtQuick.Window
 import org.kde.plasma.plasmoid
+import org.kde.taskmanager as TaskManager
 import org.tesselbroth.wallpaper
 
 WallpaperItem {
@@ -28,5 +29,27 @@ WallpaperItem {
 
         anchors.fill: parent
         screen: Screen.name
+        windows: tasks
+    }
+
+    TaskManager.ActivityInfo {
+        id: activities
+    }
+
+    TaskManager.VirtualDesktopInfo {
+        id: workspaces
+    }
+
+    TaskManager.TasksModel {
+        id: tasks
+
+        activity: activities.currentActivity
+        filterByActivity: true
+        filterByScreen: true
+        filterByVirtualDesktop: true
+        filterMinimized: true
+        groupMode: TaskManager.TasksModel.GroupDisabled
+        screenGeometry: Qt.rect(Screen.virtualX, Screen.virtualY, Screen.width, Screen.height)
+        virtualDesktop: workspaces.currentDesktop
     }
 }
