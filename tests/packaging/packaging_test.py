@@ -3,6 +3,7 @@
 """What is installed beside the programs: each file is valid, and says of the programs what is so."""
 
 import configparser
+import json
 import os
 import re
 import shutil
@@ -107,6 +108,19 @@ class InstalledTest(unittest.TestCase):
         style, ink = ElementTree.parse(icons / f"symbolic/apps/{ID}-symbolic.svg").getroot()
         self.assertEqual((style.get("id"), ink.get("fill")), ("current-color-scheme", "currentColor"))
         self.assertIn(f".{ink.get('class')}{{", style.text)
+
+    def test_plasma_finds_its_wallpaper(self) -> None:
+        wallpaper = self.share / "plasma/wallpapers/org.tesselbroth.wallpaper"
+        metadata = json.loads((wallpaper / "metadata.json").read_text())
+        self.assertEqual(metadata["KPlugin"]["Id"], wallpaper.name)
+        self.assertTrue((wallpaper / "contents/ui/main.qml").exists())
+        self.assertTrue((wallpaper / "contents/ui/config.qml").exists())
+        schema = ElementTree.parse(wallpaper / "contents/config/main.xml").getroot()
+        kept = {entry.get("name") for entry in schema.iter("{http://www.kde.org/standards/kcfg/1.0}entry")}
+        self.assertEqual(kept, {"Image", "Before"})
+        (module,) = self.root.glob("lib/**/qml/org/tesselbroth/wallpaper")
+        plugin = re.search(r"(?m)^plugin (.+)$", (module / "qmldir").read_text())[1]
+        self.assertTrue((module / f"lib{plugin}.so").exists())
 
     def test_manual_pages(self) -> None:
         for name in "tessel", "tessel-broth":

@@ -11,6 +11,8 @@
 #include "support/surroundings.h"
 
 #include <QDBusUnixFileDescriptor>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStandardItemModel>
 #include <gtest/gtest.h>
@@ -309,6 +311,17 @@ protected:
     QQuickWindow m_plasma;
     WallpaperFrames m_item{m_plasma.contentItem(), m_bus.connect()};
 };
+
+TEST_F(WallpaperTest, IsWhatPlasmaLoads)
+{
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral(TESSEL_QML));
+    QQmlComponent component(&engine);
+    component.setData("import org.tesselbroth.wallpaper\nWallpaperFrames { screen: 'Virtual-1' }", {});
+    const std::unique_ptr<QObject> item(component.create());
+    ASSERT_NE(item, nullptr) << component.errorString().toStdString();
+    EXPECT_EQ(item->property("playing"), false);
+}
 
 TEST_F(WallpaperTest, ShowsFramesWhileItIsSeen)
 {

@@ -5,7 +5,10 @@
 
 #include "base/shown_frames.h"
 #include "platform/linux/plasma/plasma_wallpaper_window.h"
+#include "platform/sandbox.h"
 
+#include <QFile>
+#include <QLibraryInfo>
 #include <QStandardPaths>
 
 #include <utility>
@@ -14,7 +17,10 @@ namespace tessel {
 
 bool hasPlasmaWallpaper()
 {
-    return qEnvironmentVariableIntValue("KDE_SESSION_VERSION") >= 6 &&
+    // Plasma is outside of a sandbox, and looks for modules where Qt does.
+    return qEnvironmentVariableIntValue("KDE_SESSION_VERSION") >= 6 && !isSandboxed() &&
+           QFile::exists(QLibraryInfo::path(QLibraryInfo::QmlImportsPath) +
+                         QStringLiteral("/org/tesselbroth/wallpaper/qmldir")) &&
            !QStandardPaths::locate(
                 QStandardPaths::GenericDataLocation,
                 QStringLiteral("plasma/wallpapers/org.tesselbroth.wallpaper/metadata.json"))
