@@ -28,8 +28,8 @@ constexpr double longestStride = 0.5;
 /// The error of interpolating over twice the step or span, in levels, up to which a tile is sampled more
 /// coarsely the next time, and beyond which it is sampled more finely at once. With half the step a smooth
 /// curve has a quarter of it, so that the one does not bring back the other.
-constexpr float coarseError = 2.0F;
-constexpr float fineError = 10.0F;
+constexpr float coarseError = 3.0F;
+constexpr float fineError = 12.0F;
 
 /// How much farther the phase may be expected to go in a frame than in the one before.
 constexpr double quickening = 1.25;
