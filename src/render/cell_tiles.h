@@ -27,13 +27,14 @@ struct TileTones
     static constexpr std::size_t pitch = tilesInARow * longestSide;
 
     int side = 0;
+    std::size_t columns = tilesInARow; ///< tiles that stand beside each other, no more than that
     std::vector<std::uint16_t> tones;
 
     /// The first sample of a tile; the next row of them is `pitch` on.
     [[nodiscard]] const std::uint16_t* of(std::size_t tile) const
     {
         const auto length = static_cast<std::size_t>(side);
-        return &tones[tile / tilesInARow * length * pitch + tile % tilesInARow * length];
+        return &tones[tile / columns * length * pitch + tile % columns * length];
     }
 };
 

@@ -101,19 +101,19 @@ void setGrid(const Program& program, GridSize grid)
                 1.0F / static_cast<float>(grid.height));
 }
 
-/// How many tiles are drawn beside each other, and how many rows of them.
+/// How many tiles are drawn beside each other, and how many rows of them: so that of the last row little is
+/// drawn in vain.
 GridSize tileRows(std::size_t tiles)
 {
-    return {static_cast<int>(std::min(tiles, TileTones::tilesInARow)),
-            static_cast<int>((tiles + TileTones::tilesInARow - 1) / TileTones::tilesInARow)};
+    const std::size_t rows = (tiles + TileTones::tilesInARow - 1) / TileTones::tilesInARow;
+    return {static_cast<int>((tiles + rows - 1) / rows), static_cast<int>(rows)};
 }
 
 /// Into the texture of places that is bound: whole rows, and what is left.
-void upload(std::span<const CellTile> tiles)
+void upload(std::span<const CellTile> tiles, int length)
 {
-    static constexpr auto length = static_cast<int>(TileTones::tilesInARow);
-    const auto rows = static_cast<int>(tiles.size() / TileTones::tilesInARow);
-    const auto rest = static_cast<int>(tiles.size() % TileTones::tilesInARow);
+    const int rows = static_cast<int>(tiles.size()) / length;
+    const int rest = static_cast<int>(tiles.size()) % length;
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
     glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, length, rows, placeFormat.format, placeFormat.type, tiles.data());
     glTexSubImage2D(GL_TEXTURE_2D, 0, 0, rows, rest, 1, placeFormat.format, placeFormat.type,
@@ -392,12 +392,13 @@ bool FrameEncoder::sampleTiles(const Frame& frame, std::span<const CellTile> til
         tones.side = CellTile::side / step + (step > 1 ? 1 : 0);
         tones.tones.resize(TileTones::pitch * TileTones::pitch);
         const GridSize rows = tileRows(tiles.size());
+        tones.columns = static_cast<std::size_t>(rows.width);
         const GridSize drawn{rows.width * tones.side, rows.height * tones.side};
         const Program& program = m_programs.tiles(pass.look.pattern);
         setBlending(1.0F);
         bind(TextureUnit::photo, pass.photo);
         bind(TextureUnit::tiles, m_tiles.places.name());
-        upload(tiles);
+        upload(tiles, rows.width);
         glUseProgram(program.object.name());
         glUniform3f(program.sampling, static_cast<float>(tones.side), static_cast<float>(step),
                     static_cast<float>(CellTile::side));

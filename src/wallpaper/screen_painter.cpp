@@ -42,14 +42,12 @@ bool ScreenPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
     if (!readInks(encoder, frame))
         return false;
     std::uint32_t* const pixels = canvas.pixels();
-    for (std::size_t cell = 0; cell < m_shown.size(); ++cell) {
-        if (m_valid && m_lower[cell] == m_shown[cell].lower && m_upper[cell] == m_shown[cell].upper)
-            continue;
-        if (frame.current.dither == Dither::ascii)
+    findChanged();
+    if (frame.current.dither == Dither::ascii)
+        for (const std::uint32_t cell : m_changed)
             repaintCharacter(cell, pixels);
-        else
-            repaint(cell, pixels);
-    }
+    else
+        repaintAll(pixels);
     m_valid = true;
     const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
@@ -71,7 +69,8 @@ bool ScreenPainter::drawMap(FrameEncoder& encoder, const Frame& frame)
     const std::size_t cells = cellCount(m_grid);
     m_lower.resize(cells);
     m_upper.resize(cells);
-    m_shown.resize(cells);
+    m_shown.assign(cells, Shown());
+    m_changed.reserve(cells);
     m_areas.reset(frame.width, frame.height);
     if (frame.current.dither == Dither::ascii) {
         m_places = std::vector<Place>(); // {} would keep the memory
@@ -126,6 +125,35 @@ bool ScreenPainter::readInks(FrameEncoder& encoder, const Frame& frame)
     readColors(cells->inkTarget, m_grid.width, m_grid.height, m_lower.data());
     readColors(cells->inkTarget, m_grid.width, m_grid.height, m_upper.data(), GL_COLOR_ATTACHMENT1);
     return true;
+}
+
+void ScreenPainter::findChanged()
+{
+    m_changed.clear();
+    for (std::uint32_t cell = 0; cell < m_shown.size(); ++cell)
+        if (!m_valid || m_lower[cell] != m_shown[cell].lower || m_upper[cell] != m_shown[cell].upper)
+            m_changed.push_back(cell);
+}
+
+/// What cells know of their pixels stands far apart, and so do the pixels: both are fetched ahead.
+void ScreenPainter::repaintAll(std::uint32_t* pixels)
+{
+    static constexpr std::size_t pixelsAhead = 4;
+    static constexpr std::size_t placesAhead = 8;
+    const auto width = static_cast<std::size_t>(m_shape.width);
+    for (std::size_t i = 0; i < m_changed.size(); ++i) {
+        if (i + placesAhead < m_changed.size()) {
+            const std::uint32_t border = m_shown[m_changed[i + placesAhead]].border;
+            __builtin_prefetch(m_thresholds.data() + border);
+            __builtin_prefetch(m_places.data() + border);
+            const std::uint32_t next = m_shown[m_changed[i + pixelsAhead]].border;
+            if (next < m_places.size()) {
+                const auto [x, y] = m_places[next];
+                __builtin_prefetch(pixels + y * width + x, 1);
+            }
+        }
+        repaint(m_changed[i], pixels);
+    }
 }
 
 void ScreenPainter::repaint(std::size_t cell, std::uint32_t* pixels)

@@ -68,6 +68,8 @@ private:
     bool drawMap(FrameEncoder& encoder, const Frame& frame);
     void sortMap(std::span<const std::uint32_t> map);
     bool readInks(FrameEncoder& encoder, const Frame& frame);
+    void findChanged();
+    void repaintAll(std::uint32_t* pixels);
     void repaint(std::size_t cell, std::uint32_t* pixels);
     void repaintCharacter(std::size_t cell, std::uint32_t* pixels);
     void fill(Range range, std::uint32_t color, std::uint32_t* pixels);
@@ -82,6 +84,7 @@ private:
     std::vector<std::uint32_t> m_lower; ///< of each cell as read, the share of the upper ink in the top byte
     std::vector<std::uint32_t> m_upper;
     std::vector<Shown> m_shown;
+    std::vector<std::uint32_t> m_changed; ///< the cells that show something else in this frame
     ChangedAreas m_areas;
 };
 

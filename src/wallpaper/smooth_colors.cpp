@@ -80,10 +80,4 @@ void SmoothColors::set(std::span<const float> ramp, float offset)
                   }).out;
 }
 
-SmoothColors::Row SmoothColors::row(int y) const
-{
-    const std::uint32_t* first = &m_tables[static_cast<std::size_t>(y) % noiseSide * noiseSide * length];
-    return {first, first + length, first + 2 * length, first + 3 * length};
-}
-
 } // namespace tessel

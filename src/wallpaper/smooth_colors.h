@@ -26,10 +26,14 @@ public:
     /// Tables of the noise in a row of pixels, for every fourth of them from the left. A tone's colour,
     /// 0xFFRRGGBB, stands at place().
     using Row = std::array<const std::uint32_t*, 4>;
-    [[nodiscard]] Row row(int y) const;
-    [[nodiscard]] static constexpr std::size_t place(std::int16_t tone)
+    [[nodiscard]] Row row(int y) const
     {
-        return static_cast<std::uint16_t>(tone) >> shift;
+        const std::uint32_t* first = &m_tables[static_cast<std::size_t>(y) % noiseSide * noiseSide * length];
+        return {first, first + length, first + 2 * length, first + 3 * length};
+    }
+    [[nodiscard]] static constexpr std::uint16_t place(std::int16_t tone)
+    {
+        return static_cast<std::uint16_t>(static_cast<std::uint16_t>(tone) >> shift);
     }
 
     /// How far apart two tones are, on average, whose colours are a level of a channel apart.

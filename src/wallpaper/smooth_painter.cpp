@@ -28,14 +28,11 @@ constexpr double longestStride = 0.5;
 /// The error of interpolating over twice the step or span, in levels, up to which a tile is sampled more
 /// coarsely the next time, and beyond which it is sampled more finely at once. With half the step a smooth
 /// curve has a quarter of it, so that the one does not bring back the other.
-constexpr float coarseError = 2.0F;
-constexpr float fineError = 10.0F;
+constexpr float coarseError = 3.0F;
+constexpr float fineError = 12.0F;
 
 /// How much farther the phase may be expected to go in a frame than in the one before.
 constexpr double quickening = 1.25;
-
-/// How many tones of a tile are kept for the time before: those of every second cell in every second row.
-constexpr std::size_t keptOfTile = std::tuple_size_v<TileOfTones> / 4;
 
 constexpr int longestStep = 4;
 constexpr int longestSpan = 8;
@@ -101,6 +98,15 @@ void interpolate(const std::uint16_t* samples, TileOfTones& tones)
     }
 }
 
+SmoothPainter::KeptTones kept(const TileOfTones& tones)
+{
+    SmoothPainter::KeptTones result;
+    static constexpr std::size_t side = CellTile::side / 2;
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i] = tones[i / side * 2 * CellTile::side + i % side * 2];
+    return result;
+}
+
 /// What the samples of a tile say: its tones, and how far they bend.
 template<int Step>
 int sampled(const std::uint16_t* samples, TileOfTones& tones)
@@ -116,6 +122,26 @@ int nextInterval(int interval, float error, int longest)
     if (error > fineError)
         return std::max(interval / 2, 1);
     return error <= coarseError ? std::min(interval * 2, longest) : interval;
+}
+
+void prefetch(const TileOfTones& tones)
+{
+    static constexpr std::size_t line = 64 / sizeof(TileOfTones::value_type);
+    for (std::size_t i = 0; i < tones.size(); i += line)
+        __builtin_prefetch(&tones[i]);
+}
+
+/// Does something with each tile and its place. Tiles stand anywhere in memory, so that what belongs to one
+/// is fetched while others are worked on.
+template<typename Fetch, typename Action>
+void forEachOf(std::span<const CellTile> tiles, Fetch fetch, Action action)
+{
+    static constexpr std::size_t ahead = 6;
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        if (i + ahead < tiles.size())
+            fetch(tiles[i + ahead]);
+        action(tiles[i], i);
+    }
 }
 
 /// Of each place in a grid, what `choose` says of it and its neighbours.
@@ -153,39 +179,66 @@ float grainAt(std::uint32_t column, std::uint32_t row)
     return (static_cast<float>(bits & 0xFFFFU) - static_cast<float>(bits >> 16U)) / 65536.0F;
 }
 
-/// Where the colour of a tone stands in its table.
-std::size_t placeOf(int tone)
+/// Grain is no more than this, so that no tone farther from those that are shown can come among them.
+constexpr std::int16_t mostGrain = SmoothColors::highestTone * 3 / 5 + 1;
+
+/// Where the colours of tones stand in their tables. All fits into 16 bits, of which as many as can be are
+/// worked out at once.
+template<std::size_t Count>
+std::array<std::uint16_t, Count> placesOf(const std::int16_t* tones, const std::int16_t* grain)
 {
-    return SmoothColors::place(
-        static_cast<std::int16_t>(std::clamp<int>(tone, 0, SmoothColors::highestTone)));
+    static constexpr std::int16_t darkest = -mostGrain;
+    static constexpr std::int16_t brightest = SmoothColors::highestTone + mostGrain;
+    std::array<std::uint16_t, Count> places;
+    const auto find = [&](auto grainOf) {
+        for (std::size_t i = 0; i < Count; ++i) {
+            const auto tone =
+                static_cast<std::int16_t>(std::clamp(tones[i], darkest, brightest) + grainOf(i));
+            places[i] = SmoothColors::place(std::clamp<std::int16_t>(tone, 0, SmoothColors::highestTone));
+        }
+    };
+    if (grain == nullptr)
+        find([](std::size_t /*i*/) { return 0; });
+    else
+        find([grain](std::size_t i) { return grain[i]; });
+    return places;
 }
 
 /// The pixels of a row that lie between neighbours among its cells, two for each pair of them.
 using PixelsBetween = std::array<std::uint32_t, 2 * (std::tuple_size_v<SmoothPainter::RowOfColors> - 1)>;
 
-/// Adds two of the channels, those in the lower byte of each half after the shift.
-template<unsigned Shift>
-void addBetween(const SmoothPainter::RowOfColors& near, const SmoothPainter::RowOfColors& far,
-                PixelsBetween& pixels)
+/// Their channels, of which those of the cells have been added up.
+constexpr std::size_t channels = sizeof(std::uint32_t);
+using Sums = std::array<std::uint16_t, channels * std::tuple_size_v<PixelsBetween>>;
+
+/// Of each pixel the nearer cell three times and the other one once.
+Sums sumsBetween(const SmoothPainter::RowOfColors& cells)
 {
-    static constexpr std::uint32_t lanes = 0x00FF00FF;
-    static constexpr std::uint32_t half = 0x00080008; // of a sixteenth
-    std::remove_cvref_t<decltype(near)> sums{};
-    for (std::size_t i = 0; i < sums.size(); ++i)
-        sums[i] = 3U * (near[i] >> Shift & lanes) + (far[i] >> Shift & lanes);
-    for (std::size_t i = 0; i + 1 < sums.size(); ++i) {
-        pixels[2 * i] |= ((3U * sums[i] + sums[i + 1] + half) >> 4U & lanes) << Shift;
-        pixels[2 * i + 1] |= ((sums[i] + 3U * sums[i + 1] + half) >> 4U & lanes) << Shift;
+    const auto bytes = std::bit_cast<std::array<std::uint8_t, sizeof cells>>(cells);
+    std::array<std::uint16_t, std::tuple_size_v<Sums> / 2> nearLeft;
+    std::array<std::uint16_t, nearLeft.size()> nearRight;
+    for (std::size_t i = 0; i < nearLeft.size(); ++i) {
+        nearLeft[i] = static_cast<std::uint16_t>(3 * bytes[i] + bytes[i + channels]);
+        nearRight[i] = static_cast<std::uint16_t>(bytes[i] + 3 * bytes[i + channels]);
     }
+    Sums sums;
+    for (std::size_t i = 0; i < nearLeft.size(); i += channels) {
+        std::copy_n(&nearLeft[i], channels, &sums[2 * i]);
+        std::copy_n(&nearRight[i], channels, &sums[2 * i + channels]);
+    }
+    return sums;
 }
 
-/// The nearer row of cells counts three times, and so does the nearer cell.
-PixelsBetween pixelsBetween(const SmoothPainter::RowOfColors& near, const SmoothPainter::RowOfColors& far)
+/// The nearer row of cells counts three times.
+PixelsBetween pixelsBetween(const Sums& near, const Sums& far)
 {
-    PixelsBetween pixels{};
-    addBetween<0>(near, far, pixels);
-    addBetween<8>(near, far, pixels);
-    return pixels;
+    std::array<std::uint8_t, sizeof(PixelsBetween)> bytes;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        static constexpr int half = 8; // of a sixteenth
+        const auto sixteen = static_cast<std::uint16_t>(3 * near[i] + far[i] + half);
+        bytes[i] = static_cast<std::uint8_t>(sixteen >> 4U);
+    }
+    return std::bit_cast<PixelsBetween>(bytes);
 }
 
 } // namespace
@@ -208,11 +261,15 @@ bool SmoothPainter::paint(FrameEncoder& encoder, const Frame& frame, PixelCanvas
     findChanged(frame.time);
     m_valid = true;
     std::uint32_t* const pixels = canvas.pixels();
-    for (const CellTile tile : m_changed)
-        if (m_shape.cell == 1)
-            paintCells(tile, pixels);
-        else
-            paintBetweenCells(tile, pixels);
+    const auto fetchTile = [this](CellTile tile) { fetch(tile); };
+    const auto fetchItsPixels = [&](CellTile tile) { fetchPixels(tile, pixels); };
+    forEachOf(m_changed, fetchTile, [&](CellTile tile, std::size_t /*i*/) { advance(tile, frame.time); });
+    if (m_shape.cell == 1)
+        forEachOf(m_changed, fetchItsPixels,
+                  [&](CellTile tile, std::size_t /*i*/) { paintCells(tile, pixels); });
+    else
+        forEachOf(m_changed, fetchItsPixels,
+                  [&](CellTile tile, std::size_t /*i*/) { paintBetweenCells(tile, pixels); });
     const std::span<const PixelRect> changed = m_areas.take();
     if (changed.empty())
         return false;
@@ -233,9 +290,9 @@ void SmoothPainter::begin(FrameEncoder& encoder, const Frame& frame)
     m_grid = fieldSize(m_shape.width, m_shape.height, static_cast<float>(m_shape.cell));
     m_tiles = fieldSize(m_grid.width, m_grid.height, CellTile::side);
     const std::size_t tiles = cellCount(m_tiles);
-    m_tones.resize(tiles * std::tuple_size_v<TileOfTones>);
-    m_next.resize(m_tones.size());
-    m_before.resize(tiles * keptOfTile);
+    m_tones.resize(tiles);
+    m_next.resize(tiles);
+    m_before.resize(tiles);
     m_states.resize(tiles);
     m_steps.resize(tiles);
     m_stepsAround.resize(tiles);
@@ -257,27 +314,21 @@ void SmoothPainter::makeGrain()
         return;
     const float most = 0.6F * grain * static_cast<float>(SmoothColors::highestTone);
     m_grain.reserve(m_tones.size());
-    const auto columns = static_cast<std::uint32_t>(m_tiles.width * CellTile::side);
-    const auto rows = static_cast<std::uint32_t>(m_tiles.height * CellTile::side);
-    for (std::uint32_t row = 0; row < rows; ++row)
-        for (std::uint32_t column = 0; column < columns; ++column)
-            m_grain.push_back(static_cast<std::int16_t>(std::lround(most * grainAt(column, row))));
+    for (int row = 0; row < m_tiles.height; ++row)
+        for (int column = 0; column < m_tiles.width; ++column) {
+            TileOfTones& cells = m_grain.emplace_back();
+            for (std::size_t i = 0; i < cells.size(); ++i) {
+                const std::size_t x = static_cast<std::size_t>(column) * CellTile::side + i % CellTile::side;
+                const std::size_t y = static_cast<std::size_t>(row) * CellTile::side + i / CellTile::side;
+                cells.at(i) = static_cast<std::int16_t>(std::lround(
+                    most * grainAt(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y))));
+            }
+        }
 }
 
 std::size_t SmoothPainter::index(CellTile tile) const
 {
     return std::size_t{tile.row} * static_cast<std::size_t>(m_tiles.width) + tile.column;
-}
-
-/// Cells from one row to the next: those of whole tiles.
-std::size_t SmoothPainter::stride() const
-{
-    return static_cast<std::size_t>(m_tiles.width) * CellTile::side;
-}
-
-std::size_t SmoothPainter::firstCell(CellTile tile) const
-{
-    return (std::size_t{tile.row} * stride() + tile.column) * CellTile::side;
 }
 
 /// A frame that comes late does not make all that follow be foreseen from afar.
@@ -316,6 +367,28 @@ std::vector<CellTile>& SmoothPainter::due(Sampling sampling)
         return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(value)));
     };
     return m_due.at(power(sampling.span) * steps + power(sampling.step));
+}
+
+/// Asks the memory for what is known of a tile.
+void SmoothPainter::fetch(CellTile tile) const
+{
+    const std::size_t at = index(tile);
+    __builtin_prefetch(&m_states[at]);
+    prefetch(m_tones[at]);
+    prefetch(m_next[at]);
+    __builtin_prefetch(&m_before[at]);
+}
+
+/// Asks it for what a tile is painted with, and where.
+void SmoothPainter::fetchPixels(CellTile tile, const std::uint32_t* pixels) const
+{
+    if (!m_grain.empty())
+        prefetch(m_grain[index(tile)]);
+    const int side = m_shape.cell * CellTile::side;
+    const int top = tile.row * side;
+    const int bottom = std::min(top + side, m_shape.height);
+    for (int y = top; y < bottom; ++y)
+        __builtin_prefetch(pixels + cellCount({m_shape.width, y}) + tile.column * side, 1);
 }
 
 /// Tiles that have got where they went, and those that never will at the pace and in the direction of now.
@@ -365,8 +438,9 @@ bool SmoothPainter::evaluate(FrameEncoder& encoder, const Frame& frame, Sampling
         ahead.time += sampling.span * m_pace;
     if (!encoder.sampleTiles(ahead, tiles, sampling.step, m_samples))
         return false;
-    for (std::size_t i = 0; i < tiles.size(); ++i)
-        update(tiles[i], sampling, m_samples.of(i), ahead.time);
+    forEachOf(
+        tiles, [this](CellTile tile) { fetch(tile); },
+        [&](CellTile tile, std::size_t i) { update(tile, sampling, m_samples.of(i), ahead.time); });
     return true;
 }
 
@@ -415,14 +489,13 @@ float SmoothPainter::bend(CellTile tile, const TileOfTones& tones, double time) 
         return 0.0F;
     static constexpr int one = 1 << 14;
     const auto part = static_cast<int>(std::clamp((state.next - state.before) / whole, 0.0, 1.0) * one);
-    const std::int16_t* before = &m_before[at * keptOfTile];
-    const std::int16_t* middle = &m_next[firstCell(tile)];
+    const KeptTones middle = kept(m_next[at]);
+    const KeptTones after = kept(tones);
     int most = 0;
-    for (std::size_t y = 0; y < CellTile::side; y += 2, middle += 2 * stride())
-        for (std::size_t x = 0; x < CellTile::side; x += 2, ++before) {
-            const int change = tones[y * CellTile::side + x] - *before;
-            most = std::max(most, std::abs(*before + change * part / one - middle[x]));
-        }
+    for (std::size_t i = 0; i < middle.size(); ++i) {
+        const int before = m_before[at][i];
+        most = std::max(most, std::abs(before + (after[i] - before) * part / one - middle[i]));
+    }
     return static_cast<float>(most);
 }
 
@@ -431,21 +504,11 @@ void SmoothPainter::aim(CellTile tile, const TileOfTones& tones, double time)
 {
     const std::size_t at = index(tile);
     TileState& state = m_states[at];
-    std::int16_t* before = &m_before[at * keptOfTile];
-    std::size_t first = firstCell(tile);
     int change = 0;
-    for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
-        const std::int16_t* painted = &m_tones[first];
-        std::int16_t* next = &m_next[first];
-        const std::int16_t* row = &tones[y * CellTile::side];
-        if (y % 2 == 0)
-            for (std::size_t x = 0; x < CellTile::side; x += 2)
-                *before++ = next[x];
-        for (std::size_t x = 0; x < CellTile::side; ++x) {
-            change = std::max(change, std::abs(row[x] - painted[x]));
-            next[x] = row[x];
-        }
-    }
+    for (std::size_t i = 0; i < tones.size(); ++i)
+        change = std::max(change, std::abs(tones[i] - m_tones[at][i]));
+    m_before[at] = kept(m_next[at]);
+    m_next[at] = tones;
     state.before = state.next;
     state.next = time;
     state.known = std::min(state.known + 1, 2);
@@ -464,7 +527,6 @@ void SmoothPainter::findChanged(double time)
             if (m_valid && state.rate * static_cast<float>(std::abs(time - state.painted)) < least)
                 continue;
             const CellTile tile{static_cast<std::uint16_t>(column), static_cast<std::uint16_t>(row)};
-            advance(tile, time);
             m_changed.push_back(tile);
         }
     }
@@ -477,38 +539,21 @@ void SmoothPainter::advance(CellTile tile, double time)
     static constexpr int bits = 14;
     const double whole = state.next - state.painted;
     const double passed = whole != 0.0 ? (time - state.painted) / whole : 1.0;
-    const auto part = static_cast<int>(std::clamp(passed, 0.0, 1.0) * (1 << bits));
-    std::size_t first = firstCell(tile);
-    for (std::size_t y = 0; y < CellTile::side; ++y, first += stride()) {
-        std::int16_t* painted = &m_tones[first];
-        const std::int16_t* next = &m_next[first];
-        for (std::size_t x = 0; x < CellTile::side; ++x)
-            painted[x] = static_cast<std::int16_t>(
-                painted[x] + (((next[x] - painted[x]) * part + (1 << (bits - 1))) >> bits));
-    }
+    static constexpr int half = 1 << (bits - 1);
+    const auto part = static_cast<std::int16_t>(std::clamp(passed, 0.0, 1.0) * (1 << bits));
+    const auto rest = static_cast<std::int16_t>((1 << bits) - part);
+    TileOfTones& painted = m_tones[index(tile)];
+    const TileOfTones& next = m_next[index(tile)];
+    for (std::size_t i = 0; i < painted.size(); ++i)
+        painted[i] = static_cast<std::int16_t>((painted[i] * rest + next[i] * part + half) >> bits);
     state.painted = time;
 }
 
-/// Where a cell's colour stands in its table.
-std::size_t SmoothPainter::place(std::size_t cell) const
+/// Where the colours of a tile's cells stand in their tables: of so many of them, from one on.
+template<std::size_t Count>
+std::array<std::uint16_t, Count> SmoothPainter::places(std::size_t tile, std::size_t cell) const
 {
-    return placeOf(m_tones[cell] + (m_grain.empty() ? 0 : m_grain[cell]));
-}
-
-/// The same for a tile's cells in a row.
-SmoothPainter::RowOfPlaces SmoothPainter::places(std::size_t firstCell) const
-{
-    RowOfPlaces found{};
-    const auto find = [&](auto grainOf) {
-        const std::int16_t* tones = &m_tones[firstCell];
-        for (std::size_t x = 0; x < found.size(); ++x)
-            found[x] = placeOf(tones[x] + grainOf(x));
-    };
-    if (m_grain.empty())
-        find([](std::size_t /*x*/) { return 0; });
-    else
-        find([grain = &m_grain[firstCell]](std::size_t x) { return grain[x]; });
-    return found;
+    return placesOf<Count>(&m_tones[tile][cell], m_grain.empty() ? nullptr : &m_grain[tile][cell]);
 }
 
 /// Of cells that are pixels.
@@ -518,13 +563,20 @@ void SmoothPainter::paintCells(CellTile tile, std::uint32_t* pixels)
     const int top = tile.row * CellTile::side;
     const auto width = static_cast<std::size_t>(std::min<int>(CellTile::side, m_shape.width - left));
     const int bottom = std::min(top + CellTile::side, m_shape.height);
-    std::size_t cell = firstCell(tile);
-    for (int y = top; y < bottom; ++y, cell += stride()) {
+    const auto found = places<std::tuple_size_v<TileOfTones>>(index(tile), 0);
+    const std::uint16_t* row = found.data();
+    for (int y = top; y < bottom; ++y, row += CellTile::side) {
         const SmoothColors::Row colors = m_colors.row(y);
-        const RowOfPlaces found = places(cell);
         std::uint32_t* out = pixels + cellCount({m_shape.width, y}) + left;
-        for (std::size_t x = 0; x < width; ++x)
-            out[x] = colors[x % colors.size()][found[x]];
+        const auto paint = [&](std::size_t count) {
+            for (std::size_t x = 0; x < count; ++x)
+                out[x] = colors[x % colors.size()][row[x]];
+        };
+        // Where the compiler knows how many there are, it needs no loop.
+        if (width == CellTile::side)
+            paint(CellTile::side);
+        else
+            paint(width);
     }
     m_areas.mark(left, top, left + static_cast<int>(width), bottom);
 }
@@ -538,16 +590,17 @@ SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
     for (int row = tile.row * CellTile::side - 1; RowOfColors & colors : cells) {
         const int inside = std::clamp(row++, 0, m_grid.height - 1);
         const SmoothColors::Row tables = m_colors.row(inside);
-        const std::size_t first =
-            static_cast<std::size_t>(inside) * stride() + static_cast<std::size_t>(left);
-        const RowOfPlaces found = places(first);
+        const std::size_t here = index({tile.column, static_cast<std::uint16_t>(inside / CellTile::side)});
+        const auto first = static_cast<std::size_t>(inside % CellTile::side * CellTile::side);
+        const auto found = places<CellTile::side>(here, first);
         for (std::size_t x = 0; x < found.size(); ++x)
             colors[x + 1] = tables[x % tables.size()][found[x]];
-        colors.front() = left > 0 ? tables.back()[place(first - 1)] : colors[1];
+        colors.front() =
+            left > 0 ? tables.back()[places<1>(here - 1, first + CellTile::side - 1)[0]] : colors[1];
         const bool isLast = left + inColumns == m_grid.width;
         std::fill(colors.begin() + inColumns + 1, colors.end(),
                   isLast ? colors.at(static_cast<std::size_t>(inColumns))
-                         : tables.front()[place(first + CellTile::side)]);
+                         : tables.front()[places<1>(here + 1, first)[0]]);
     }
     return cells;
 }
@@ -556,7 +609,8 @@ SmoothPainter::Surrounded SmoothPainter::colorsAround(CellTile tile) const
 /// pixels around the tile lie between its cells and those of others.
 void SmoothPainter::paintBetweenCells(CellTile tile, std::uint32_t* pixels)
 {
-    const Surrounded cells = colorsAround(tile);
+    std::array<Sums, std::tuple_size_v<Surrounded>> cells;
+    std::ranges::transform(colorsAround(tile), cells.begin(), sumsBetween);
     const int firstX = 2 * tile.column * CellTile::side - 1;
     const int firstY = 2 * tile.row * CellTile::side - 1;
     static constexpr auto side = static_cast<int>(std::tuple_size_v<PixelsBetween>);

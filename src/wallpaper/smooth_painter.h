@@ -28,6 +28,9 @@ public:
     /// Of a tile's cells in a row, and of one more at each end.
     using RowOfColors = std::array<std::uint32_t, CellTile::side + 2>;
 
+    /// Of every second cell in every second row of a tile.
+    using KeptTones = std::array<std::int16_t, std::tuple_size_v<TileOfTones> / 4>;
+
     /// Whether a frame can be painted so.
     [[nodiscard]] static bool canPaint(const Frame& frame);
 
@@ -84,18 +87,17 @@ private:
     void aim(CellTile tile, const TileOfTones& tones, double time);
     [[nodiscard]] bool isPromoted(std::size_t tile, int span) const;
     void findChanged(double time);
+    void fetch(CellTile tile) const;
+    void fetchPixels(CellTile tile, const std::uint32_t* pixels) const;
     void advance(CellTile tile, double time);
-    [[nodiscard]] std::size_t place(std::size_t cell) const;
-    using RowOfPlaces = std::array<std::size_t, CellTile::side>;
-    [[nodiscard]] RowOfPlaces places(std::size_t firstCell) const;
+    template<std::size_t Count>
+    [[nodiscard]] std::array<std::uint16_t, Count> places(std::size_t tile, std::size_t cell) const;
     using Surrounded = std::array<RowOfColors, CellTile::side + 2>;
     [[nodiscard]] Surrounded colorsAround(CellTile tile) const;
     void paintCells(CellTile tile, std::uint32_t* pixels);
     void paintBetweenCells(CellTile tile, std::uint32_t* pixels);
 
     [[nodiscard]] std::size_t index(CellTile tile) const;
-    [[nodiscard]] std::size_t stride() const;
-    [[nodiscard]] std::size_t firstCell(CellTile tile) const;
 
     Shape m_shape;
     GridSize m_grid;  ///< in cells
@@ -105,14 +107,12 @@ private:
     double m_time = 0.0; ///< phase of the last frame
     double m_pace = 0.0; ///< how far it is to be expected to go in a frame
     SmoothColors m_colors;
-    std::vector<std::int16_t>
-        m_tones; ///< that are painted, but for the grain: of each cell of all tiles, row by row
-    std::vector<std::int16_t> m_next; ///< where they go
-    std::vector<std::int16_t>
-        m_before; ///< where they went the last time: of every second cell in every second row
-    std::vector<std::int16_t> m_grain;       ///< of all cells; none for a look without
-    std::vector<TileState> m_states;         ///< of each tile, row by row, as are the next four
-    std::vector<std::uint8_t> m_steps;       ///< cells between its samples the next time
+    std::vector<TileOfTones> m_tones;  ///< that are painted, but for the grain
+    std::vector<TileOfTones> m_next;   ///< where they go
+    std::vector<KeptTones> m_before;   ///< where they went the last time
+    std::vector<TileOfTones> m_grain;  ///< none for a look without
+    std::vector<TileState> m_states;   ///< of each tile, row by row, as are those before and the next four
+    std::vector<std::uint8_t> m_steps; ///< cells between its samples the next time
     std::vector<std::uint8_t> m_stepsAround; ///< the least of it and its neighbours
     std::vector<std::uint8_t> m_spans;       ///< frames from the next time to the one after
     std::vector<std::uint8_t> m_spansAround; ///< the least of it and its neighbours
