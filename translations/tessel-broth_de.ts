@@ -198,7 +198,7 @@
     <name>ExportProgress</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Stop saving</source>
@@ -592,7 +592,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read; takes the colours of a palette from a photo</extracomment>
-        <translation>Wird gelesen …</translation>
+        <translation>Wird gelesen&#xa0;…</translation>
     </message>
     <message>
         <source>From photo</source>
@@ -749,7 +749,7 @@
     </message>
     <message>
         <source>Rename...</source>
-        <translation>Umbenennen …</translation>
+        <translation>Umbenennen&#xa0;…</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -913,7 +913,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read</extracomment>
-        <translation>Wird gelesen …</translation>
+        <translation>Wird gelesen&#xa0;…</translation>
     </message>
     <message>
         <source>Change photo</source>
@@ -1049,7 +1049,7 @@
     </message>
     <message>
         <source>Check for Updates...</source>
-        <translation>Nach Aktualisierungen suchen …</translation>
+        <translation>Nach Aktualisierungen suchen&#xa0;…</translation>
     </message>
     <message>
         <source>Made by the Tessel Broth developers</source>
@@ -1057,11 +1057,11 @@
     </message>
     <message>
         <source>Save as Preset...</source>
-        <translation>Als Vorlage speichern …</translation>
+        <translation>Als Vorlage speichern&#xa0;…</translation>
     </message>
     <message>
         <source>Keyboard Shortcuts...</source>
-        <translation>Tastenkürzel …</translation>
+        <translation>Tastenkürzel&#xa0;…</translation>
     </message>
     <message>
         <source>Wallpapers stay still here</source>
@@ -1266,7 +1266,7 @@
     </message>
     <message>
         <source>there is not enough memory for a picture of %1x%2.</source>
-        <translation>Der Speicher reicht nicht für ein Bild von %1 × %2 Pixeln.</translation>
+        <translation>Der Speicher reicht nicht für ein Bild von %1&#xa0;×&#xa0;%2&#xa0;Pixeln.</translation>
     </message>
     <message>
         <source>there is not enough memory to write the file %1.</source>
@@ -1386,6 +1386,14 @@
     <message>
         <source>The graphics card was reset and cannot be drawn with again</source>
         <translation>Die Grafikkarte wurde zurückgesetzt und lässt sich nicht wieder zum Zeichnen verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::Knob</name>
+    <message>
+        <source>.</source>
+        <extracomment>between the whole of a number and the rest, as in 1.25</extracomment>
+        <translation>,</translation>
     </message>
 </context>
 <context>
@@ -1708,7 +1716,7 @@ halten</translation>
     </message>
     <message>
         <source>The %1x%2 image could not be rendered. Try a smaller size.</source>
-        <translation>Das Bild von %1 × %2 Pixeln konnte nicht berechnet werden. Eine kleinere Größe hilft vielleicht.</translation>
+        <translation>Das Bild von %1&#xa0;×&#xa0;%2&#xa0;Pixeln konnte nicht berechnet werden. Eine kleinere Größe hilft vielleicht.</translation>
     </message>
 </context>
 </TS>
