@@ -198,7 +198,7 @@
     <name>ExportProgress</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Stop saving</source>
@@ -309,7 +309,7 @@
     <message>
         <source>Shuffle draft</source>
         <extracomment>makes another look at random, which is not put on the desktop</extracomment>
-        <translation>Zufälliger Entwurf</translation>
+        <translation>Entwurf würfeln</translation>
     </message>
     <message>
         <source>Export PNG</source>
@@ -499,7 +499,7 @@
     <message>
         <source>Nothing was found that shows them. Each is a file in the folder
 %1</source>
-        <translation>Kein Programm gefunden, das ihn anzeigt. Jeder Eintrag ist eine Datei im Ordner
+        <translation>Kein Programm kann ihn anzeigen. Jeder Eintrag ist eine Datei im Ordner
 %1</translation>
     </message>
     <message>
@@ -592,7 +592,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read; takes the colours of a palette from a photo</extracomment>
-        <translation>Wird gelesen…</translation>
+        <translation>Wird gelesen&#xa0;…</translation>
     </message>
     <message>
         <source>From photo</source>
@@ -749,7 +749,7 @@
     </message>
     <message>
         <source>Rename...</source>
-        <translation>Umbenennen...</translation>
+        <translation>Umbenennen&#xa0;…</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -820,7 +820,7 @@
     <name>QtGlContextText</name>
     <message>
         <source>This display offers no OpenGL; version 3.3 is needed, and Mesa&apos;s software renderer is enough (on Debian: libgl1-mesa-dri)</source>
-        <translation>Diese Anzeige bietet kein OpenGL; nötig ist Version 3.3, und Mesas Software-Renderer genügt (auf Debian: libgl1-mesa-dri)</translation>
+        <translation>Diese Anzeige bietet kein OpenGL; nötig ist Version 3.3, und Mesas Software-Renderer genügt (unter Debian: libgl1-mesa-dri)</translation>
     </message>
     <message>
         <source>OpenGL is there but cannot be drawn with</source>
@@ -913,7 +913,7 @@
     <message>
         <source>Reading…</source>
         <extracomment>a photo is being read</extracomment>
-        <translation>Wird gelesen…</translation>
+        <translation>Wird gelesen&#xa0;…</translation>
     </message>
     <message>
         <source>Change photo</source>
@@ -1049,7 +1049,7 @@
     </message>
     <message>
         <source>Check for Updates...</source>
-        <translation>Nach Aktualisierungen suchen...</translation>
+        <translation>Nach Aktualisierungen suchen&#xa0;…</translation>
     </message>
     <message>
         <source>Made by the Tessel Broth developers</source>
@@ -1057,11 +1057,11 @@
     </message>
     <message>
         <source>Save as Preset...</source>
-        <translation>Als Vorlage speichern...</translation>
+        <translation>Als Vorlage speichern&#xa0;…</translation>
     </message>
     <message>
         <source>Keyboard Shortcuts...</source>
-        <translation>Tastenkürzel...</translation>
+        <translation>Tastenkürzel&#xa0;…</translation>
     </message>
     <message>
         <source>Wallpapers stay still here</source>
@@ -1117,11 +1117,11 @@
     <name>WaylandGlContextText</name>
     <message>
         <source>no OpenGL here: the EGL library is missing (on Debian: libegl1)</source>
-        <translation>Kein OpenGL: Die EGL-Bibliothek fehlt (auf Debian: libegl1)</translation>
+        <translation>Kein OpenGL: Die EGL-Bibliothek fehlt (unter Debian: libegl1)</translation>
     </message>
     <message>
         <source>This compositor offers no OpenGL; version 3.3 is needed, and Mesa&apos;s software renderer is enough (on Debian: libgl1-mesa-dri)</source>
-        <translation>Dieser Compositor bietet kein OpenGL; nötig ist Version 3.3, und Mesas Software-Renderer genügt (auf Debian: libgl1-mesa-dri)</translation>
+        <translation>Dieser Compositor bietet kein OpenGL; nötig ist Version 3.3, und Mesas Software-Renderer genügt (unter Debian: libgl1-mesa-dri)</translation>
     </message>
     <message>
         <source>OpenGL is there, but no version 3.3 core profile for windows</source>
@@ -1193,7 +1193,7 @@
     <message>
         <source>hex %1</source>
         <extracomment>six hexadecimal digits, for screen readers</extracomment>
-        <translation>hex %1</translation>
+        <translation>Hex %1</translation>
     </message>
 </context>
 <context>
@@ -1266,7 +1266,7 @@
     </message>
     <message>
         <source>there is not enough memory for a picture of %1x%2.</source>
-        <translation>Der Speicher reicht nicht für ein Bild von %1x%2.</translation>
+        <translation>Der Speicher reicht nicht für ein Bild von %1&#xa0;×&#xa0;%2&#xa0;Pixeln.</translation>
     </message>
     <message>
         <source>there is not enough memory to write the file %1.</source>
@@ -1389,6 +1389,14 @@
     </message>
 </context>
 <context>
+    <name>tessel::Knob</name>
+    <message>
+        <source>.</source>
+        <extracomment>between the whole of a number and the rest, as in 1.25</extracomment>
+        <translation>,</translation>
+    </message>
+</context>
+<context>
     <name>tessel::LinuxSession</name>
     <message>
         <source>Keeps what is shown before the machine sleeps</source>
@@ -1442,7 +1450,7 @@
     </message>
     <message>
         <source>On this desktop, too, it becomes a picture that stays still.</source>
-        <translation>Auch so wird es auf diesem Desktop ein Bild, das stillsteht.</translation>
+        <translation>Auf diesem Desktop bleibt auch das ein Standbild.</translation>
     </message>
 </context>
 <context>
@@ -1681,11 +1689,11 @@ halten</translation>
     <name>tessel::RunningInstance</name>
     <message>
         <source>It already runs, but does not answer. End it, or log out and in again, and then start it once more.</source>
-        <translation>Es läuft bereits, antwortet aber nicht. Erst beenden, oder ab- und wieder anmelden, dann noch einmal starten.</translation>
+        <translation>Es läuft bereits, antwortet aber nicht. Erst beenden oder ab- und wieder anmelden, dann noch einmal starten.</translation>
     </message>
     <message>
         <source>Its name on the session bus is not to be had: another program has it, or the bus refuses it. End that program, or log out and in again, and then start Tessel Broth once more. The answer was: %1</source>
-        <translation>Der Name auf dem Sitzungsbus ist nicht zu haben: Ein anderes Programm hat ihn, oder der Bus verweigert ihn. Erst jenes Programm beenden, oder ab- und wieder anmelden, dann Tessel Broth noch einmal starten. Die Antwort war: %1</translation>
+        <translation>Der Name auf dem Sitzungsbus ist nicht zu haben: Ein anderes Programm hat ihn, oder der Bus verweigert ihn. Erst dieses Programm beenden oder ab- und wieder anmelden, dann Tessel Broth noch einmal starten. Die Antwort war: %1</translation>
     </message>
 </context>
 <context>
@@ -1708,7 +1716,7 @@ halten</translation>
     </message>
     <message>
         <source>The %1x%2 image could not be rendered. Try a smaller size.</source>
-        <translation>Das Bild von %1x%2 konnte nicht berechnet werden. Eine kleinere Größe hilft vielleicht.</translation>
+        <translation>Das Bild von %1&#xa0;×&#xa0;%2&#xa0;Pixeln konnte nicht berechnet werden. Eine kleinere Größe hilft vielleicht.</translation>
     </message>
 </context>
 </TS>

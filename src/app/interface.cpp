@@ -9,12 +9,26 @@
 #include "controls/surroundings.h"
 #include "edge/edge_panel.h"
 
+#include <QApplication>
 #include <QQuickWindow>
 
 void qml_register_types_TesselBroth_Edge();
 void qml_register_types_TesselBroth_Editor();
 
 namespace tessel {
+
+namespace {
+
+/// For menus and dialogs, of which all points are larger already where the desktop's font is.
+void useUsualFontSize()
+{
+    constexpr double usual = 10;
+    QFont font = QApplication::font();
+    font.setPointSizeF(usual);
+    QApplication::setFont(font);
+}
+
+} // namespace
 
 Interface::Interface(const InterfaceParts& parts)
     : m_parts(parts)
@@ -52,7 +66,9 @@ Interface::Interface(const InterfaceParts& parts)
     const auto followSession = [this, &session] {
         Surroundings::instance().setReducedMotion(session.state().reducedMotion);
         Surroundings::instance().setHighContrast(session.state().highContrast);
-        m_parts.windows.setTextScale(session.state().textScale);
+        m_parts.windows.setTextScale(session.state().textScale, session.state().fontScale);
+        if (session.state().fontScale != 1)
+            useUsualFontSize();
     };
     connect(&session, &Session::changed, this, followSession);
     followSession();

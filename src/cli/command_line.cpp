@@ -15,8 +15,6 @@ int run(int argc, char** argv)
     CLI::App app("Draws generative wallpapers without a display: a look as JSON in, a PNG out.", "tessel");
     app.set_version_flag("--version", TESSEL_VERSION);
     app.require_subcommand(1);
-    app.footer("LOOK is JSON text, a JSON file, - for standard input, or a PNG made by tessel; "
-               "without it the default look is taken.");
     addRenderCommand(app);
     addShuffleCommand(app);
     addSheetCommand(app);
@@ -27,6 +25,9 @@ int run(int argc, char** argv)
     addSetCommand(app);
     addGetCommand(app);
     addCheckCommand(app);
+    // Only now: commands that are added would have it, too.
+    app.footer("LOOK is JSON text, a JSON file, - for standard input, or a PNG made by tessel; "
+               "without it the default look is taken.");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -36,6 +36,13 @@ nlohmann::ordered_json paletteList()
     return list;
 }
 
+nlohmann::ordered_json makeList(const std::string& kind)
+{
+    if (kind == "patterns")
+        return titleList(allPatterns());
+    return kind == "dithers" ? titleList(allDithers()) : paletteList();
+}
+
 void printText(const nlohmann::ordered_json& list)
 {
     std::string group;
@@ -56,22 +63,20 @@ void printText(const nlohmann::ordered_json& list)
 
 void addListCommand(CLI::App& app)
 {
+    auto kind = std::make_shared<std::string>();
+    auto json = std::make_shared<bool>(false);
     CLI::App& command = *app.add_subcommand("list", "Print the patterns, dithers or palettes");
-    command.require_subcommand(1);
-    const auto add = [&command](const char* name, auto makeList) {
-        auto json = std::make_shared<bool>(false);
-        CLI::App& list = *command.add_subcommand(name, "Print the " + std::string(name));
-        list.add_flag("--json", *json, "As a JSON array of objects");
-        list.callback([json, makeList] {
-            if (*json)
-                std::cout << makeList().dump() << '\n';
-            else
-                printText(makeList());
-        });
-    };
-    add("patterns", [] { return titleList(allPatterns()); });
-    add("dithers", [] { return titleList(allDithers()); });
-    add("palettes", paletteList);
+    command.add_option("KIND", *kind, "patterns, dithers or palettes")
+        ->required()
+        ->check(CLI::IsMember({"patterns", "dithers", "palettes"}).description(""));
+    command.add_flag("--json", *json, "As a JSON array of objects");
+    command.callback([kind, json] {
+        const nlohmann::ordered_json list = makeList(*kind);
+        if (*json)
+            std::cout << list.dump() << '\n';
+        else
+            printText(list);
+    });
 }
 
 } // namespace tessel::cli

@@ -16,7 +16,7 @@ Item {
     /** Where the value lies between its limits, from 0 to 1. */
     property real position: 0
     /** For screen readers, and typed numbers are between them. */
-    property real value: Number.parseFloat(valueText)
+    property real value: shownValue()
     property real minimumValue: 0
     property real maximumValue: 1
     property real stepSize: 0
@@ -89,6 +89,10 @@ Item {
         }
     }
 
+    function shownValue() {
+        return Number.parseFloat(valueText.replace(",", "."))
+    }
+
     function enterTyped() {
         if (typed !== "")
             entered(typed)
@@ -97,7 +101,7 @@ Item {
 
     onActiveFocusChanged: enterTyped()
     // Assistive technology writes the property itself.
-    onValueChanged: if (Number.isFinite(value) && value !== Number.parseFloat(valueText)) entered(value.toString())
+    onValueChanged: if (Number.isFinite(value) && value !== shownValue()) entered(value.toString())
 
     MouseArea {
         id: area

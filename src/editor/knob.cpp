@@ -71,8 +71,10 @@ QString Knob::text() const
 {
     const double value = m_value;
     // The 0 takes the sign from what is cut down to nothing.
-    return m_slider.step ? QString::asprintf("%.0f", std::trunc(value) + 0.0)
-                         : QString::asprintf("%.2f", value);
+    if (m_slider.step)
+        return QString::asprintf("%.0f", std::trunc(value) + 0.0);
+    //: between the whole of a number and the rest, as in 1.25
+    return QString::asprintf("%.2f", value).replace(QLatin1Char('.'), tr("."));
 }
 
 qreal Knob::stepSize() const

@@ -18,6 +18,7 @@ struct SessionState
     bool reducedMotion = false; ///< the user asks for little motion
     bool highContrast = false;  ///< the user asks for more contrast
     double textScale = 1;       ///< how much larger than usual the user wants text, 0.5 to 3
+    double fontScale = 1;       ///< how much larger than usual the desktop's font is beside that, 0.5 to 3
 
     bool operator==(const SessionState&) const = default;
 

@@ -58,9 +58,10 @@ public:
     /// nullptr where the window system decides about the focus alone.
     [[nodiscard]] virtual Focus* focus() = 0;
 
-    /// Has the interface drawn so much larger than usual, where the display server does not see to that
-    /// itself.
-    virtual void setTextScale(double /*scale*/) {}
+    /// Has the interface drawn so much larger than usual.
+    /// \param text how much larger text is to be; left to the display server where that sees to it itself
+    /// \param font how much larger the desktop's font is beside that
+    virtual void setTextScale(double text, double font) = 0;
 };
 
 /// The plugins that Qt is to try, in the words of its option -platform; empty where it chooses well by

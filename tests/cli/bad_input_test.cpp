@@ -95,6 +95,7 @@ TEST_F(BadInput, ArgumentsAreRefusedAsUsage)
                                                       {"render", "--edge", "top"},
                                                       {"sheet", "soups"},
                                                       {"list"},
+                                                      {"list", "soups"},
                                                       {"shuffle", "--count", "-1"},
                                                       {"inspect"}})
         EXPECT_NE(complaint(2, arguments), "") << testing::PrintToString(arguments);

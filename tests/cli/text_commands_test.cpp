@@ -35,6 +35,7 @@ TEST_F(TextCommands, ListsWhatThereIs)
     EXPECT_EQ(palettes[112]["name"], "Tromsø");
     EXPECT_EQ(palettes[112]["group"], "Curtain");
     EXPECT_EQ(palettes[8]["hex"], nlohmann::json({0x1B1B1F, 0xE9E4D8}));
+    EXPECT_EQ(run({"list", "--json", "palettes"}).json(), palettes);
     EXPECT_THAT(run({"list", "palettes"}).out, HasSubstr("  0  Ember 0B0503 5A0E02 E0440E FFB347 FFF1C9\n"));
 }
 

@@ -215,5 +215,39 @@ class ScaledTest(EdgeTest):
         self.wait_for_handle()
 
 
+class FontSizeTest(EdgeTest):
+    """A desktop with a larger font, which the user then changes."""
+
+    @classmethod
+    def make_desktop(cls) -> Desktop:
+        return Desktop(1200, 1000)
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        super().setUpClass()
+        cls.desktop.environment["XDG_CURRENT_DESKTOP"] = "KDE"
+
+    def write_settings(self, **settings: object) -> None:
+        super().write_settings(**settings)
+        self.set_font_size(15)
+
+    def set_font_size(self, points: int) -> None:
+        file = self.application.settings_file.parents[1] / "kdeglobals"
+        file.with_suffix(".new").write_text(f"[General]\nfont=Sans,{points},-1,5,50,0,0,0,0,0\n")
+        file.with_suffix(".new").rename(file)
+
+    def width(self) -> int:
+        """How wide the panel is in the middle of the screen."""
+        row = list(self.desktop.screenshot().crop((0, 500, 1200, 501)).getdata())
+        return len(row) - row[::-1].index(SHELL) - row.index(SHELL) if SHELL in row else 0
+
+    def test_everything_is_as_large_as_the_font(self) -> None:
+        self.application.open_editor()
+        for points in (15, 10, 12):
+            if points != 15:
+                self.set_font_size(points)
+            wait_until(lambda: abs(self.width() - 31.1 * points) < points, f"an editor of {points} points")
+
+
 if __name__ == "__main__":
     unittest.main()

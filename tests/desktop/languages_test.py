@@ -42,6 +42,8 @@ class GermanTest(LanguageTest):
         self.open_editor()
         self.reader.find("Farbe", "page tab").press()
         self.reader.find("Verschiebung", "slider")
+        # Shown as 1,15, which a screen reader is told as a number.
+        wait_until(lambda: self.reader.find("Kontrast", "slider").value() == 1.15, "the contrast")
         self.reader.find("Vorlagen", "page tab").press()
         self.reader.find("Als Vorlage speichern", "push button").press()
         self.reader.find("Abbrechen", "push button").press()

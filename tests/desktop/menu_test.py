@@ -112,6 +112,26 @@ class MenuTest(HeardTest):
         self.panel.choose("Presets", "Cold & Clear")
         wait_until(lambda: self.application.look() == look, "the preset's look")
 
+    def test_updates_are_left_to_the_software_centre(self) -> None:
+        self.panel.choose("Check for Updates...")
+        self.reader.find("Updates come with your system")
+        self.desktop.press_keys("Escape")
+        self.reader.wait_until_gone("Updates come with your system")
+        home = self.desktop.folder / "home"
+        taken = home / "taken"
+        (home / "data/applications").mkdir(parents=True)
+        centre = home / "centre"
+        centre.write_text(f'#!/bin/sh\necho "$1" > {taken}\n')
+        centre.chmod(0o755)
+        (home / "data/applications/centre.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Software\nExec={centre} %u\n"
+            "MimeType=x-scheme-handler/appstream;\n")
+        (home / "config/mimeapps.list").write_text(
+            "[Default Applications]\nx-scheme-handler/appstream=centre.desktop\n")
+        self.panel.choose("Check for Updates...")
+        wait_until(lambda: taken.exists() and taken.read_text() == f"appstream:{NAME}\n", "its page")
+        self.assertFalse(self.reader.has("Updates come with your system"))
+
     def test_quit(self) -> None:
         self.application.play()
         self.assertEqual(self.application.quit(), 0)

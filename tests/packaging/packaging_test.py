@@ -13,10 +13,12 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
+import yaml
 from PIL import Image
 
 ID = "org.tesselbroth.TesselBroth"
-BUILD = Path(os.environ.get("TESSEL_BUILD") or Path(__file__).parents[2] / "build")
+ROOT = Path(__file__).parents[2]
+BUILD = Path(os.environ.get("TESSEL_BUILD") or ROOT / "build")
 VERSION = re.search(r"CMAKE_PROJECT_VERSION:STATIC=(.+)", (BUILD / "CMakeCache.txt").read_text())[1]
 
 
@@ -122,6 +124,13 @@ class InstalledTest(unittest.TestCase):
         plugin = re.search(r"(?m)^plugin (.+)$", (module / "qmldir").read_text())[1]
         self.assertTrue((module / f"lib{plugin}.so").exists())
 
+    def test_sandboxes_can_show_it_to_the_desktop(self) -> None:
+        for folder in "applications", "dbus-1", "icons", "metainfo":
+            files = [path for path in (self.share / folder).rglob("*") if path.is_file()]
+            self.assertNotEqual(files, [])
+            for path in files:
+                self.assertTrue(path.name.startswith(ID), f"{path} does not leave a sandbox, by its name")
+
     def test_manual_pages(self) -> None:
         for name in "tessel", "tessel-broth":
             text = self.read_page(name)
@@ -166,17 +175,66 @@ class DebianPackageTest(unittest.TestCase):
             output("cpack", "--config", str(BUILD / "CPackConfig.cmake"), "-B", folder,
                    "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip")
             package, = map(str, Path(folder).glob("*.deb"))
-            suppressed = Path(__file__).parents[2] / "packaging/debian/lintian-suppressed"
+            suppressed = ROOT / "packaging/debian/lintian-suppressed"
             output("lintian", "--fail-on", "error,warning", "--suppress-tags-from-file", str(suppressed), package)
             output("dpkg-deb", "--extract", package, f"{folder}/tree")
             output("appstreamcli", "validate-tree", "--no-net", f"{folder}/tree")
+
+
+class FlatpakTest(unittest.TestCase):
+    """The manifest, as far as it can be wrong without its builder."""
+
+    MANIFEST = ROOT / f"packaging/flatpak/{ID}.yaml"
+    # As the builder's documentation names them; it passes over others, and what is meant by them.
+    KEYS = {"id", "runtime", "runtime-version", "sdk", "command", "finish-args", "cleanup", "modules"}
+    MODULE_KEYS = {"name", "buildsystem", "builddir", "config-opts", "sources"}
+    SOURCE_KEYS = {"git": {"type", "url", "tag"}, "dir": {"type", "path", "skip"}}
+    PERMISSION = re.compile(r"--(socket=(wayland|fallback-x11)|share=ipc|device=dri|(system-)?talk-name=[A-Za-z0-9_.]+|"
+                            r"filesystem=(xdg-(run|config)|~)/[a-z./]+(:ro)?|env=[A-Z_]+=.+)")
+
+    def setUp(self) -> None:
+        self.manifest = yaml.safe_load(self.MANIFEST.read_text())
+        self.module = self.manifest["modules"][-1]
+
+    def test_says_what_its_builder_knows(self) -> None:
+        self.assertEqual(set(self.manifest), self.KEYS)
+        self.assertEqual((self.manifest["id"], self.manifest["command"]), (ID, "tessel-broth"))
+        self.assertIsInstance(self.manifest["runtime-version"], str)
+        for module in self.manifest["modules"]:
+            self.assertLessEqual(set(module), self.MODULE_KEYS)
+            for source in module["sources"]:
+                self.assertEqual(set(source), self.SOURCE_KEYS[source["type"]], module["name"])
+                self.assertRegex(source.get("url", "https://"), "^https://")
+
+    def test_builds_this_tree_without_what_was_built_of_it(self) -> None:
+        source, = self.module["sources"]
+        self.assertEqual((self.MANIFEST.parent / source["path"]).resolve(), ROOT)
+        presets = json.loads((ROOT / "CMakePresets.json").read_text())["configurePresets"]
+        folders = {preset["binaryDir"].removeprefix("${sourceDir}/") for preset in presets if "binaryDir" in preset}
+        self.assertEqual(folders - set(source["skip"]), set())
+        known = re.findall(r"^(\w+):", (BUILD / "CMakeCache.txt").read_text(), re.MULTILINE)
+        for option in self.module["config-opts"]:
+            self.assertIn(option[2:].partition("=")[0], known)
+
+    def test_lets_out_what_the_program_asks_for_and_no_more(self) -> None:
+        code = "".join(path.read_text() for path in (ROOT / "src").rglob("*.[ch]*") if path.is_file())
+        names = []
+        for permission in self.manifest["finish-args"]:
+            self.assertRegex(permission, f"^{self.PERMISSION.pattern}$")
+            if "talk-name=" in permission:
+                names.append(permission.partition("=")[2])
+        savers = re.search(r"for \(const auto& desktop : {(.*?)}\)\s+watchScreenSaver", code, re.DOTALL)[1]
+        asked = {f"org.{desktop}.ScreenSaver" for desktop in re.findall(r'"(\w+)"', savers)}
+        self.assertEqual({name for name in names if name.endswith(".ScreenSaver")}, asked)
+        for name in set(names) - asked - {"ca.desrt.dconf"}:  # which GSettings asks
+            self.assertIn(f'"{name}"', code)
 
 
 class BashTest(unittest.TestCase):
     """What bash offers as a word is completed."""
 
     def complete(self, *words: str) -> list[str]:
-        script = Path(__file__).parents[2] / "packaging/completions/tessel.bash"
+        script = ROOT / "packaging/completions/tessel.bash"
         program = f'. "{script}"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tessel; printf "%s\\n" "${{COMPREPLY[@]}}"'
         return output("bash", "-c", program, "bash", *words).split()
 

@@ -93,5 +93,21 @@ TEST_F(FractionalScreensTest, HaveAllTheirPixels)
     EXPECT_EQ(screens.front().pixels(), QRect(0, 0, 1280, 800));
 }
 
+TEST_F(ScreensTest, LargerPointsAreQtsAloneWhereTheServerHasPoints)
+{
+    QtScreens screens(Layout::points);
+    int changes = 0;
+    QObject::connect(&screens, &Screens::changed, [&changes] { ++changes; });
+    for (const double scale : {1.6, 1.25, 1.0}) {
+        screens.setPointScale(scale);
+        const int before = changes;
+        ASSERT_TRUE(waitUntil([&] { return changes > before; }));
+        const Screen screen = screens.list().front();
+        EXPECT_EQ(screen.frame, QRect(0, 0, 1280, 800)) << scale;
+        EXPECT_DOUBLE_EQ(screen.scale, 1) << scale;
+        EXPECT_EQ(screen.workArea.size(), (QSizeF(1280, 800) / scale).toSize()) << scale;
+    }
+}
+
 } // namespace
 } // namespace tessel

@@ -301,6 +301,52 @@ TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
     expectBecomes(&SessionState::reducedMotion, false);
 }
 
+TEST_F(SessionTest, KdesFontTellsTheSizeOfText)
+{
+    const QTemporaryDir home;
+    const Variable configuration("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const Variable desktop("XDG_CURRENT_DESKTOP", "KDE");
+    const QString file = home.filePath(QStringLiteral("kdeglobals"));
+    replaceFile(file, "[General]\nfont=Noto Sans,15,-1,5,50,0,0,0,0,0\n");
+    makeSession();
+    EXPECT_EQ(m_session->state().fontScale, 1.5);
+    for (const auto& [content, scale] :
+         {std::pair("[General]\nfont=Noto Sans,12.5,-1,5,400,0,0,0,0,0,0,0,0,0,0,1\n", 1.25),
+          std::pair("[General]\nfont=Noto Sans,-1,20,5,50,0,0,0,0,0\n", 1.0),
+          std::pair("[General]\nfont=Noto Sans,9,-1,5,50,0,0,0,0,0\n", 0.9), std::pair("[General]\n", 1.0)}) {
+        replaceFile(file, content);
+        expectBecomes(&SessionState::fontScale, scale);
+    }
+    EXPECT_EQ(m_session->state().textScale, 1) << "which the portal tells, and an X server's resolution has";
+}
+
+TEST_F(SessionTest, XfcesFontTellsTheSizeOfText)
+{
+    const Variable desktop("XDG_CURRENT_DESKTOP", "XFCE");
+    const auto name = QStringLiteral("org.xfce.Xfconf");
+    FakeService xfce(m_bus.connect(), name);
+    xfce.answer(name + QStringLiteral(".GetProperty"), [](const QVariantList& arguments) -> QVariantList {
+        EXPECT_EQ(arguments, (QVariantList{QStringLiteral("xsettings"), QStringLiteral("/Gtk/FontName")}));
+        return {QVariant::fromValue(QDBusVariant(QStringLiteral("Noto Sans Bold 15")))};
+    });
+    makeSession();
+    expectBecomes(&SessionState::fontScale, 1.5);
+    const auto change = [&](const QString& signal, const QString& key, const QVariantList& value) {
+        xfce.signal(QStringLiteral("/org/xfce/Xfconf"), name, signal,
+                    QVariantList{QStringLiteral("xsettings"), key} + value);
+    };
+    const auto font = [](const QString& text) { return QVariant::fromValue(QDBusVariant(text)); };
+    const auto key = QStringLiteral("/Gtk/FontName");
+    change(QStringLiteral("PropertyChanged"), key, {font(QStringLiteral("Sans 12"))});
+    expectBecomes(&SessionState::fontScale, 1.2);
+    change(QStringLiteral("PropertyChanged"), QStringLiteral("/Gtk/MonospaceFontName"),
+           {font(QStringLiteral("Mono 20"))});
+    change(QStringLiteral("PropertyChanged"), key, {font(QStringLiteral("Sans 8"))});
+    expectBecomes(&SessionState::fontScale, 0.8);
+    change(QStringLiteral("PropertyRemoved"), key, {});
+    expectBecomes(&SessionState::fontScale, 1.0);
+}
+
 TEST_F(SessionTest, StartsNothingByAsking)
 {
     const QTemporaryDir home;

@@ -214,6 +214,7 @@ public:
         return feed;
     }
     [[nodiscard]] Focus* focus() override { return nullptr; }
+    void setTextScale(double /*text*/, double /*font*/) override {}
 
     std::vector<std::shared_ptr<WindowRecord>> windows;
     std::vector<DesktopPicture> picturesBehind;

@@ -35,6 +35,10 @@ const auto powerPath = QStringLiteral("/org/freedesktop/UPower");
 const auto powerInterface = QStringLiteral("org.freedesktop.UPower");
 const auto onBattery = QStringLiteral("OnBattery");
 const auto portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
+const auto xfceSettings = QStringLiteral("org.xfce.Xfconf");
+const auto xfceSettingsPath = QStringLiteral("/org/xfce/Xfconf");
+const auto xfceChannel = QStringLiteral("xsettings");
+const auto xfceFont = QStringLiteral("/Gtk/FontName");
 
 /// One of the desktop's settings in which the user asks for something.
 struct DesktopSetting
@@ -61,10 +65,20 @@ constexpr std::array desktopSettings{
 };
 
 /// What GNOME takes, too. Anything else counts as nothing said.
-double textScale(const QVariant& value)
+double textScale(double scale)
 {
-    const double scale = value.toDouble();
     return scale >= 0.5 && scale <= 3 ? scale : 1;
+}
+
+/// \param size of the font, as text; KDE and XFCE begin with 10 points
+double fontScale(const QString& size)
+{
+    return textScale(size.toDouble() / 10);
+}
+
+bool isSessionOf(const QString& desktop)
+{
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':')).contains(desktop);
 }
 
 /// The value within a variant, which the settings portal wraps twice.
@@ -99,6 +113,7 @@ LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnect
                                 QStringLiteral("xfce"), QStringLiteral("mate"), QStringLiteral("cinnamon")})
         watchScreenSaver(sessionBus, QStringLiteral("org.%1.ScreenSaver").arg(desktop));
     watchDesktopSettings(sessionBus);
+    watchXfceFont(sessionBus);
     watchKdeSettings();
     watchClock();
 }
@@ -229,7 +244,7 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
     // Nothing is asked for by a value that is not there.
     const auto take = [this](const DesktopSetting& setting, const QVariant& value) {
         if (setting.wish == nullptr)
-            set(&SessionState::textScale, textScale(value));
+            set(&SessionState::textScale, textScale(value.toDouble()));
         else
             set(claimOf(setting.wish), setting.key, setting.isAsked(value));
     };
@@ -256,11 +271,33 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
     });
 }
 
+void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
+{
+    if (!isSessionOf(QStringLiteral("XFCE")))
+        return;
+    auto* xfce = new BusService(sessionBus, xfceSettings, this);
+    // A name such as "Sans Bold 10".
+    const auto take = [this](const QVariant& font) {
+        set(&SessionState::fontScale, fontScale(unwrapped(font).toString().section(QLatin1Char(' '), -1)));
+    };
+    connect(xfce, &BusService::appeared, this, [xfce, take] {
+        xfce->listen(xfceSettingsPath, xfceSettings, QStringLiteral("PropertyChanged"));
+        xfce->listen(xfceSettingsPath, xfceSettings, QStringLiteral("PropertyRemoved"));
+        xfce->call(xfceSettingsPath, xfceSettings, QStringLiteral("GetProperty"), {xfceChannel, xfceFont},
+                   [take](const QDBusMessage& reply) { take(reply.arguments().value(0)); });
+    });
+    connect(xfce, &BusService::received, this, [take](const QDBusMessage& message) {
+        const QVariantList arguments = message.arguments();
+        if (arguments.value(0) == xfceChannel && arguments.value(1) == xfceFont)
+            take(arguments.value(2));
+    });
+}
+
 void LinuxSession::watchKdeSettings()
 {
     const QString file =
         QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
-    if (file.isEmpty() || !qEnvironmentVariable("XDG_CURRENT_DESKTOP").contains(QStringLiteral("KDE")))
+    if (file.isEmpty() || !isSessionOf(QStringLiteral("KDE")))
         return;
     m_kdeSettings = new QFileSystemWatcher({file}, this);
     connect(m_kdeSettings, &QFileSystemWatcher::fileChanged, this, [this](const QString& path) {
@@ -280,6 +317,8 @@ void LinuxSession::readKdeSettings()
     const double factor =
         settings.value(QStringLiteral("KDE/AnimationDurationFactor")).toString().toDouble(&isNumber);
     set(m_reducedMotion, QStringLiteral("kdeglobals"), isNumber && factor <= 0);
+    // In the section "General", which these settings leave out; a list, whose second part is the size.
+    set(&SessionState::fontScale, fontScale(settings.value(QStringLiteral("font")).toStringList().value(1)));
 }
 
 /// A timer that never runs out, but is cancelled whenever the clock makes a jump.

@@ -38,6 +38,7 @@ private:
     void watchScreenSaver(const QDBusConnection& sessionBus, const QString& name);
     void watchBattery(const QDBusConnection& systemBus);
     void watchDesktopSettings(const QDBusConnection& sessionBus);
+    void watchXfceFont(const QDBusConnection& sessionBus);
     void watchKdeSettings();
     void readKdeSettings();
     void watchClock();

@@ -33,6 +33,7 @@ public:
         return nullptr;
     }
     [[nodiscard]] Focus* focus() override { return nullptr; }
+    void setTextScale(double text, double font) override { m_screens.setPointScale(text * font); }
 
 private:
     QtScreens m_screens{Layout::points};

@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <qpa/qplatformscreen.h>
 
 namespace tessel {
 
@@ -21,12 +22,14 @@ QtScreens::QtScreens(Layout layout) : m_layout(layout)
 std::vector<Screen> QtScreens::list() const
 {
     std::vector<Screen> screens;
+    // Qt's points may be larger than the display server's, which do not lie side by side then.
+    const bool isServers = m_layout == Layout::points;
     for (const QScreen* screen : QGuiApplication::screens()) {
         // Qt fills in for a missing monitor.
         if (!screen->geometry().isEmpty())
             screens.push_back({.name = screen->name(),
-                               .frame = screen->geometry(),
-                               .scale = screen->devicePixelRatio(),
+                               .frame = isServers ? screen->handle()->geometry() : screen->geometry(),
+                               .scale = screen->devicePixelRatio() / (isServers ? pointScale() : 1),
                                .workArea = screen->availableGeometry(),
                                .isPrimary = screen == QGuiApplication::primaryScreen(),
                                .layout = m_layout});

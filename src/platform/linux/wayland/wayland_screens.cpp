@@ -5,9 +5,6 @@
 
 #include "platform/linux/wayland/wayland_connection.h"
 
-#include <private/qhighdpiscaling_p.h>
-#include <utility>
-
 namespace tessel {
 
 WaylandScreens::WaylandScreens(WaylandConnection& connection) : m_connection(connection)
@@ -22,20 +19,11 @@ std::vector<Screen> WaylandScreens::list() const
     for (const auto& output : m_connection.outputs()) {
         screens.push_back(output->screen());
         const QRect frame = screens.back().frame;
-        screens.back().workArea = {frame.topLeft() / m_textScale, frame.size() / m_textScale};
+        screens.back().workArea = {frame.topLeft() / pointScale(), frame.size() / pointScale()};
     }
     if (!screens.empty())
         screens.front().isPrimary = true;
     return screens;
-}
-
-/// By what it offers for this at the start only, with a warning later. What is shown again has the new scale.
-void WaylandScreens::setTextScale(double scale)
-{
-    if (scale == std::exchange(m_textScale, scale))
-        return;
-    QHighDpiScaling::setGlobalFactor(scale);
-    noteChange();
 }
 
 } // namespace tessel

@@ -22,12 +22,8 @@ public:
     /// The first one counts as the primary one, as no compositor says which it is.
     [[nodiscard]] std::vector<Screen> list() const override;
 
-    /// Makes Qt's points so much larger than the compositor's.
-    void setTextScale(double scale);
-
 private:
     WaylandConnection& m_connection;
-    double m_textScale = 1;
 };
 
 } // namespace tessel

@@ -73,10 +73,9 @@ std::unique_ptr<PointerFeed> WaylandWindowSystem::makePointerFeed(QWindow& windo
     return std::make_unique<WindowPointerFeed>(window);
 }
 
-void WaylandWindowSystem::setTextScale(double scale)
+void WaylandWindowSystem::setTextScale(double text, double font)
 {
-    if (m_x11 == nullptr)
-        m_screens.setTextScale(scale);
+    m_screens.setPointScale(m_x11 == nullptr ? text * font : font);
 }
 
 Focus* WaylandWindowSystem::focus()

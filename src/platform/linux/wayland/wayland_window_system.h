@@ -35,7 +35,7 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) override;
     [[nodiscard]] Focus* focus() override;
-    void setTextScale(double scale) override;
+    void setTextScale(double text, double font) override;
 
 private:
     const std::unique_ptr<WaylandConnection> m_connection;

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<PointerFeed> makePointerFeed(QWindow& window) override;
     [[nodiscard]] Focus* focus() override;
+    /// Of larger text the server tells by a higher resolution, which Qt follows.
+    void setTextScale(double /*text*/, double font) override { m_screens.setPointScale(font); }
 
 private:
     X11Connection m_connection;
