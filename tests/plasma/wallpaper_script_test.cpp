@@ -85,9 +85,8 @@ protected:
         const std::unique_ptr<QThread> thread(QThread::create([&] {
             PlasmaPictures pictures(m_ours);
             const std::vector<DesktopPicture> list{{m_screen, file}};
-            if (giving) {
+            if (giving)
                 EXPECT_TRUE(pictures.apply(list, PictureBackend::Which::different).isEmpty());
-            }
             shows = pictures.shows(list);
             isDone = true;
         }));

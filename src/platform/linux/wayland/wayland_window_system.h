@@ -25,7 +25,10 @@ public:
 
     [[nodiscard]] std::unique_ptr<GlContext> makeContext() override;
     [[nodiscard]] Screens& screens() override { return m_screens; }
-    [[nodiscard]] bool hasWallpaperWindows() const override { return !m_isDesktopDrawn || m_plasma != nullptr; }
+    [[nodiscard]] bool hasWallpaperWindows() const override
+    {
+        return !m_isDesktopDrawn || m_plasma != nullptr;
+    }
     [[nodiscard]] std::unique_ptr<WallpaperWindow> makeWallpaperWindow(const Screen& screen,
                                                                        Rasterizer rasterizer) override;
     /// There are none where our windows are.
