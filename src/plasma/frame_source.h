@@ -49,7 +49,7 @@ private Q_SLOTS:
     void ask();
     void askFor(const QString& screen);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): those above are slots
     void take(const QDBusMessage& answer);
     void read();
     void close();

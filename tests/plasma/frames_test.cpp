@@ -260,11 +260,14 @@ protected:
     std::unique_ptr<FakeService> m_program;
 };
 
+constexpr off_t pictureBytes = 10L * 20 * 4;
+
 TEST_F(OddProgramTest, IsNotBelieved)
 {
-    const FileDescriptor enough = makeMemory(10 * 20 * 4, F_SEAL_SHRINK);
-    EXPECT_TRUE(isRefused(makeMemory(10 * 20 * 4, 0), 10, 20)) << "it could be made smaller while it is read";
-    EXPECT_TRUE(isRefused(makeMemory(10 * 20 * 4 - 1, F_SEAL_SHRINK), 10, 20));
+    const FileDescriptor enough = makeMemory(pictureBytes, F_SEAL_SHRINK);
+    EXPECT_TRUE(isRefused(makeMemory(pictureBytes, 0), 10, 20))
+        << "it could be made smaller while it is read";
+    EXPECT_TRUE(isRefused(makeMemory(pictureBytes - 1, F_SEAL_SHRINK), 10, 20));
     EXPECT_TRUE(isRefused(enough, -10, -20));
     EXPECT_TRUE(isRefused(enough, 0, 20));
     EXPECT_TRUE(isRefused(enough, 1 << 30, 1 << 30));
@@ -273,7 +276,7 @@ TEST_F(OddProgramTest, IsNotBelieved)
 
 TEST_F(OddProgramTest, ChangesNothingOutsideThePicture)
 {
-    const FileDescriptor memory = makeMemory(10 * 20 * 4, F_SEAL_SHRINK);
+    const FileDescriptor memory = makeMemory(pictureBytes, F_SEAL_SHRINK);
     const std::array areas{PixelRect{-5, -5, 7, 7}, PixelRect{30000, 30000, 65535, 65535},
                            PixelRect{9, 19, 65535, 65535}};
     const auto packet = std::as_bytes(std::span(areas));

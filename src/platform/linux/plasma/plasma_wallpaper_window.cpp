@@ -63,7 +63,7 @@ FileDescriptor PlasmaWallpaperWindow::open()
     m_answers = std::make_unique<QSocketNotifier>(m_socket.get(), QSocketNotifier::Read);
     connect(m_answers.get(), &QSocketNotifier::activated, this, &PlasmaWallpaperWindow::readAnswer);
     // After the answer to whoever opens it, which drawing would hold up.
-    QMetaObject::invokeMethod(this, &LiveSurface::contentLost, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &LiveSurface::contentLost);
     return theirs;
 }
 
