@@ -23,6 +23,8 @@ PlasmaWallpaperWindow::PlasmaWallpaperWindow(PlasmaFrames& frames, Screen screen
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &PlasmaWallpaperWindow::drawNext);
+    m_opening.setSingleShot(true);
+    connect(&m_opening, &QTimer::timeout, this, &LiveSurface::contentLost);
 }
 
 PlasmaWallpaperWindow::~PlasmaWallpaperWindow()
@@ -62,14 +64,14 @@ FileDescriptor PlasmaWallpaperWindow::open()
     }
     m_answers = std::make_unique<QSocketNotifier>(m_socket.get(), QSocketNotifier::Read);
     connect(m_answers.get(), &QSocketNotifier::activated, this, &PlasmaWallpaperWindow::readAnswer);
-    // After the answer to whoever opens it, which drawing would hold up.
-    QTimer::singleShot(0, this, &LiveSurface::contentLost);
+    m_opening.start();
     return theirs;
 }
 
 /// Gives all memory back; what is drawn next has to be drawn whole.
 void PlasmaWallpaperWindow::close()
 {
+    m_opening.stop();
     m_pause.stop();
     m_isOnItsWay = false;
     m_answers.reset();

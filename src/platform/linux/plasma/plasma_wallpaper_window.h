@@ -62,6 +62,7 @@ private:
     FileDescriptor m_socket;
     std::unique_ptr<QSocketNotifier> m_answers;
     std::vector<PixelRect> m_areas; ///< of rectangles
+    QTimer m_opening;               ///< until whoever opens it has the answer, which drawing would hold up
     QTimer m_pause;
     int m_framesPerSecond = 0;
     bool m_isShown = false;
