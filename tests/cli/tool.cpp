@@ -9,24 +9,7 @@
 
 namespace tessel {
 
-namespace {
-
-/// What looks for leaks stops all threads first and, once in thousands of runs, crashes over one that is just
-/// ending. That says nothing of the tool.
-bool hasLeakCheckFailed(const Outcome& outcome)
-{
-    return outcome.error.find("LeakSanitizer has encountered a fatal error") != std::string::npos;
-}
-
-} // namespace
-
 Outcome Tool::run(const std::vector<std::string>& arguments, const std::string& input)
-{
-    const Outcome outcome = runOnce(arguments, input);
-    return hasLeakCheckFailed(outcome) ? runOnce(arguments, input) : outcome;
-}
-
-Outcome Tool::runOnce(const std::vector<std::string>& arguments, const std::string& input) const
 {
     QStringList list;
     for (const std::string& argument : arguments)

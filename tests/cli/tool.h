@@ -39,9 +39,6 @@ protected:
 
     QTemporaryDir folder;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-
-private:
-    [[nodiscard]] Outcome runOnce(const std::vector<std::string>& arguments, const std::string& input) const;
 };
 
 } // namespace tessel
