@@ -6,8 +6,9 @@
 #include <QQuickWindow>
 #include <QSGImageNode>
 
-#include <array>
+#include <algorithm>
 #include <memory>
+#include <ranges>
 #include <vector>
 
 namespace tessel {
@@ -124,27 +125,27 @@ void WallpaperFrames::setWindows(QAbstractItemModel* windows)
         m_windows->disconnect(this);
     m_windows = windows;
     if (m_windows != nullptr) {
-        connect(m_windows, &QAbstractItemModel::dataChanged, this, &WallpaperFrames::acknowledge);
-        connect(m_windows, &QAbstractItemModel::rowsInserted, this, &WallpaperFrames::acknowledge);
-        connect(m_windows, &QAbstractItemModel::rowsRemoved, this, &WallpaperFrames::acknowledge);
-        connect(m_windows, &QAbstractItemModel::modelReset, this, &WallpaperFrames::acknowledge);
+        const QHash<int, QByteArray> names = m_windows->roleNames();
+        m_coveringRoles = {names.key("IsFullScreen", -1), names.key("IsMaximized", -1)};
+        connect(m_windows, &QAbstractItemModel::dataChanged, this, &WallpaperFrames::findCovering);
+        connect(m_windows, &QAbstractItemModel::rowsInserted, this, &WallpaperFrames::findCovering);
+        connect(m_windows, &QAbstractItemModel::rowsRemoved, this, &WallpaperFrames::findCovering);
+        connect(m_windows, &QAbstractItemModel::modelReset, this, &WallpaperFrames::findCovering);
     }
-    acknowledge();
+    findCovering();
     Q_EMIT windowsChanged();
 }
 
 /// The compositor does not tell it: Plasma's desktop goes on being drawn below windows.
-bool WallpaperFrames::isCovered() const
+void WallpaperFrames::findCovering()
 {
-    if (m_windows == nullptr)
-        return false;
-    const QHash<int, QByteArray> names = m_windows->roleNames();
-    const std::array roles{names.key("IsFullScreen", -1), names.key("IsMaximized", -1)};
-    for (int row = 0; row < m_windows->rowCount(); ++row)
-        for (const int role : roles)
-            if (m_windows->index(row, 0).data(role).toBool())
-                return true;
-    return false;
+    const auto covers = [this](int row) {
+        const QModelIndex window = m_windows->index(row, 0);
+        return std::ranges::any_of(m_coveringRoles, [&](int role) { return window.data(role).toBool(); });
+    };
+    const int count = m_windows != nullptr ? m_windows->rowCount() : 0;
+    m_isCovered = std::ranges::any_of(std::views::iota(0, count), covers);
+    acknowledge();
 }
 
 /// The first swap after what was drawn, which may happen on another thread, is the one that shows it.
@@ -159,7 +160,7 @@ void WallpaperFrames::followSwap()
 /// While nobody would see another frame, none is asked for.
 void WallpaperFrames::acknowledge()
 {
-    if (!m_isShown || isCovered())
+    if (!m_isShown || m_isCovered)
         return;
     m_isShown = false;
     m_source.acknowledge();

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include <array>
 #include <atomic>
 
 namespace tessel {
@@ -48,11 +49,13 @@ private:
     void followWindow();
     void followSwap();
     void acknowledge();
-    [[nodiscard]] bool isCovered() const;
+    void findCovering();
 
     QString m_screen;
     FrameSource m_source;
     QPointer<QAbstractItemModel> m_windows;
+    std::array<int, 2> m_coveringRoles{}; ///< that say of a window that it fills the screen
+    bool m_isCovered = false;
     QMetaObject::Connection m_swaps;
     std::atomic<bool> m_isDrawn = false; ///< a frame, which the window has not shown yet
     bool m_isShown = false;              ///< a frame, which has not been acknowledged yet

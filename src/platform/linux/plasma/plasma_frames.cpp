@@ -57,14 +57,14 @@ QDBusUnixFileDescriptor PlasmaFrames::Open(const QString& screen, QDBusUnixFileD
         return {};
     }
     const FileDescriptor socket = window->second->open();
-    const SharedPixels* const pixels = window->second->sharedPixels();
-    if (!socket.isOpen() || pixels == nullptr) {
+    if (!socket.isOpen()) {
         sendErrorReply(QDBusError::NoMemory, QStringLiteral("There is no memory for frames."));
         return {};
     }
-    memory.setFileDescriptor(pixels->file().get());
-    width = pixels->size().width();
-    height = pixels->size().height();
+    const SharedPixels& pixels = *window->second->sharedPixels();
+    memory.setFileDescriptor(pixels.file().get());
+    width = pixels.size().width();
+    height = pixels.size().height();
     return QDBusUnixFileDescriptor(socket.get());
 }
 
