@@ -284,12 +284,17 @@ void replaceFile(const QString& path, const QByteArray& content)
     ASSERT_TRUE(file.commit());
 }
 
-TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
+class KdeSessionTest : public SessionTest
 {
+protected:
     const QTemporaryDir home;
-    const Variable configuration("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    const Variable desktop("XDG_CURRENT_DESKTOP", "KDE");
+    const Variable configuration{"XDG_CONFIG_HOME", home.path().toLocal8Bit()};
+    const Variable desktop{"XDG_CURRENT_DESKTOP", "KDE"};
     const QString file = home.filePath(QStringLiteral("kdeglobals"));
+};
+
+TEST_F(KdeSessionTest, MotionIsReducedByTheAnimationSpeed)
+{
     replaceFile(file, "[KDE]\nAnimationDurationFactor=0\n");
     makeSession();
     EXPECT_TRUE(m_session->state().reducedMotion);
@@ -301,12 +306,8 @@ TEST_F(SessionTest, MotionIsReducedByKdesAnimationSpeed)
     expectBecomes(&SessionState::reducedMotion, false);
 }
 
-TEST_F(SessionTest, KdesFontTellsTheSizeOfText)
+TEST_F(KdeSessionTest, TheFontTellsTheSizeOfText)
 {
-    const QTemporaryDir home;
-    const Variable configuration("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    const Variable desktop("XDG_CURRENT_DESKTOP", "KDE");
-    const QString file = home.filePath(QStringLiteral("kdeglobals"));
     replaceFile(file, "[General]\nfont=Noto Sans,15,-1,5,50,0,0,0,0,0\n");
     makeSession();
     EXPECT_EQ(m_session->state().fontScale, 1.5);

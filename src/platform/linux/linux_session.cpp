@@ -5,6 +5,7 @@
 
 #include "platform/linux/bus_service.h"
 #include "platform/linux/portal.h"
+#include "platform/linux/session_desktops.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -74,11 +75,6 @@ double textScale(double scale)
 double fontScale(const QString& size)
 {
     return textScale(size.toDouble() / 10);
-}
-
-bool isSessionOf(const QString& desktop)
-{
-    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':')).contains(desktop);
 }
 
 /// The value within a variant, which the settings portal wraps twice.
@@ -273,7 +269,7 @@ void LinuxSession::watchDesktopSettings(const QDBusConnection& sessionBus)
 
 void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
 {
-    if (!isSessionOf(QStringLiteral("XFCE")))
+    if (!sessionDesktops().contains(QStringLiteral("XFCE")))
         return;
     auto* xfce = new BusService(sessionBus, xfceSettings, this);
     // A name such as "Sans Bold 10".
@@ -297,7 +293,7 @@ void LinuxSession::watchKdeSettings()
 {
     const QString file =
         QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
-    if (file.isEmpty() || !isSessionOf(QStringLiteral("KDE")))
+    if (file.isEmpty() || !sessionDesktops().contains(QStringLiteral("KDE")))
         return;
     m_kdeSettings = new QFileSystemWatcher({file}, this);
     connect(m_kdeSettings, &QFileSystemWatcher::fileChanged, this, [this](const QString& path) {

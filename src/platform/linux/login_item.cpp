@@ -5,6 +5,7 @@
 
 #include "base/identity.h"
 #include "platform/linux/portal.h"
+#include "platform/linux/session_desktops.h"
 #include "platform/open_address.h"
 #include "platform/sandbox.h"
 
@@ -154,7 +155,7 @@ constexpr std::array settingsPrograms{
 
 bool startSettingsProgram()
 {
-    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'));
+    const QStringList desktops = sessionDesktops();
     for (const auto& [desktop, program, argument] : settingsPrograms) {
         const QStringList arguments = argument.isEmpty() ? QStringList() : QStringList(argument);
         if (desktops.contains(desktop) && QProcess::startDetached(program, arguments))

@@ -10,6 +10,7 @@
 #include "platform/linux/desktops/queued_pictures.h"
 #include "platform/linux/desktops/root_pictures.h"
 #include "platform/linux/desktops/xfce_pictures.h"
+#include "platform/linux/session_desktops.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_desktop_owner.h"
 
@@ -74,14 +75,9 @@ QStringList serviceNames(const QDBusConnection& bus)
     return bus.call(question, QDBus::Block, 1000).arguments().value(0).toStringList();
 }
 
-QStringList sessionNames()
-{
-    return QString::fromLocal8Bit(qgetenv("XDG_CURRENT_DESKTOP")).split(QLatin1Char(':'), Qt::SkipEmptyParts);
-}
-
 Signs readSigns(const QDBusConnection& bus)
 {
-    Signs signs{bus, serviceNames(bus), sessionNames(), {}};
+    Signs signs{bus, serviceNames(bus), sessionDesktops(), {}};
     X11Connection connection;
     if (!connection.isValid())
         return signs;
@@ -148,7 +144,7 @@ std::unique_ptr<PictureBackend> findPictureBackend(const QDBusConnection& bus)
 
 bool isSessionOfDesktop()
 {
-    const QStringList session = sessionNames();
+    const QStringList session = sessionDesktops();
     return std::ranges::any_of(gnomeFamily, [&](const auto& each) { return isNamed(session, each); }) ||
            std::ranges::any_of(std::array{plasma, xfce, lxqt, unity},
                                [&](const auto& each) { return isNamed(session, each); });
