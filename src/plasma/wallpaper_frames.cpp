@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 #include <vector>
 
 namespace tessel {
@@ -139,12 +138,13 @@ void WallpaperFrames::setWindows(QAbstractItemModel* windows)
 /// The compositor does not tell it: Plasma's desktop goes on being drawn below windows.
 void WallpaperFrames::findCovering()
 {
-    const auto covers = [this](int row) {
-        const QModelIndex window = m_windows->index(row, 0);
-        return std::ranges::any_of(m_coveringRoles, [&](int role) { return window.data(role).toBool(); });
-    };
     const int count = m_windows != nullptr ? m_windows->rowCount() : 0;
-    m_isCovered = std::ranges::any_of(std::views::iota(0, count), covers);
+    m_isCovered = false;
+    for (int row = 0; row < count && !m_isCovered; ++row) {
+        const QModelIndex window = m_windows->index(row, 0);
+        m_isCovered =
+            std::ranges::any_of(m_coveringRoles, [&](int role) { return window.data(role).toBool(); });
+    }
     acknowledge();
 }
 
