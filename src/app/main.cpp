@@ -11,6 +11,7 @@
 #include "base/identity.h"
 #include "platform/accessibility_bus.h"
 #include "platform/process.h"
+#include "platform/stand_by.h"
 #include "platform/window_system.h"
 #include "render/crash_notes.h"
 #include "wallpaper/wallpaper.h"
@@ -137,11 +138,14 @@ int tellOfNoStart(const QString& reason)
     return EXIT_FAILURE;
 }
 
-int runApplication()
+/// \param returns to a desktop that was gone, where nobody has started it
+int runApplication(bool returns)
 {
     const std::unique_ptr<RunningInstance> instance = claimInstance();
-    if (!instance->isFirst())
-        return instance->problem().isEmpty() ? EXIT_SUCCESS : tellOfNoStart(instance->problem());
+    if (!instance->isFirst()) {
+        const QString problem = returns ? QString() : instance->askToComeForward();
+        return problem.isEmpty() ? EXIT_SUCCESS : tellOfNoStart(problem);
+    }
     crash_notes::keep(QFile::encodeName(dataFolder() + QStringLiteral("/crashes")).toStdString(),
                       TESSEL_VERSION);
     const std::unique_ptr<WindowSystem> windows = makeWindowSystem();
@@ -201,6 +205,7 @@ int run(int argc, char** argv)
     setNames();
     if (argc > 1)
         return answerArguments(argc, argv);
+    const bool returns = standBy();
     avoidStuckAccessibility();
     showMenusToScreenReaders();
     // In the environment it would be told to every program that this one starts.
@@ -220,7 +225,7 @@ int run(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     // Docks and lists of windows show it on grounds of any colour; the theme's is in a tile of its own.
     QApplication::setWindowIcon(QIcon::fromTheme(identity::id, statusIcon(PanelTone::light)));
-    return runApplication();
+    return runApplication(returns);
 }
 
 } // namespace

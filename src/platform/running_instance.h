@@ -37,11 +37,12 @@ class RunningInstance : public QObject
     Q_OBJECT
 
 public:
-    /// Whether this process is the one; if it is not, the one that is has been asked to come forward.
+    /// Whether this process is the one.
     [[nodiscard]] virtual bool isFirst() const = 0;
 
-    /// Why it did not come forward, and what to do, in sentences for the user; empty where it did.
-    [[nodiscard]] const QString& problem() const { return m_problem; }
+    /// Has the one that is come forward.
+    /// \return why it did not, and what to do, in sentences for the user; empty where it did
+    [[nodiscard]] virtual QString askToComeForward() = 0;
 
     /// Answers others from now on; before, and after this was called with none, they are told to wait.
     void setAnswers(InstanceAnswers answers) { m_answers = std::move(answers); }
@@ -51,12 +52,8 @@ Q_SIGNALS:
     /// The user has started the program once more.
     void activated();
 
-protected:
-    void setProblem(const QString& problem) { m_problem = problem; }
-
 private:
     InstanceAnswers m_answers;
-    QString m_problem;
 };
 
 /// Takes the place of the running instance if it is free.

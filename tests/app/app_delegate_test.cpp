@@ -29,6 +29,7 @@ class FakeInstance : public RunningInstance
 {
 public:
     [[nodiscard]] bool isFirst() const override { return true; }
+    QString askToComeForward() override { return {}; }
 };
 
 /// Notes what it is asked to do, and what the settings file held at that moment.

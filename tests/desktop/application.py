@@ -35,6 +35,13 @@ def action(name: str, *parameter: GLib.Variant) -> GLib.Variant:
     return GLib.Variant("(sava{sv})", (name, parameter, {}))
 
 
+def has_ended(process: int) -> bool:
+    """Whether it does nothing any more, even if nobody has asked yet how it ended."""
+    with suppress(OSError):
+        return Path(f"/proc/{process}/stat").read_text().rsplit(")", 1)[1].split()[0] == "Z"
+    return True
+
+
 class Application:
     """One installation: its process, its settings and its pictures."""
 
@@ -67,6 +74,18 @@ class Application:
         self.process.send_signal(number)
         self.process.wait()
         wait_until(lambda: not self.desktop.has_name(NAME), "the end of the application")
+
+    def children(self) -> list[int]:
+        """Processes that it has begun."""
+        threads = Path(f"/proc/{self.process.pid}/task")
+        return [int(child) for thread in threads.iterdir() for child in (thread / "children").read_text().split()]
+
+    def kill_successor(self) -> None:
+        """Ends whoever has taken the place of the process that was started here."""
+        if self.desktop.has_name(NAME):
+            os.kill(call(self.desktop.bus, "org.freedesktop.DBus", "/",
+                         "org.freedesktop.DBus.GetConnectionUnixProcessID", GLib.Variant("(s)", (NAME,)))[0],
+                    signal.SIGKILL)
 
     def quit(self) -> int:
         """Quits through the menu and returns the exit code."""

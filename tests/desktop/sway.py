@@ -21,22 +21,27 @@ class SwayDesktop(Desktop):
     """Sway draws it with the processor; nobody draws icons, and there is no panel but what the buses say."""
 
     def _start_display(self) -> None:
-        runtime = self.folder / "sway"
-        runtime.mkdir(mode=0o700)
-        configuration = self.folder / "sway.conf"
-        configuration.write_text(CONFIGURATION.format(*self.size))
+        self.runtime = self.folder / "sway"
+        self.runtime.mkdir(mode=0o700)
+        (self.folder / "sway.conf").write_text(CONFIGURATION.format(*self.size))
+        self.start_compositor()
+
+    def start_compositor(self) -> None:
+        """For the first time, or in the place of one that has gone."""
         user: tuple[str, ...] = ()
         if os.geteuid() == 0:
             # It refuses to run as root.
             user = ("setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups")
             self.folder.chmod(0o711)
-            shutil.chown(runtime, "nobody")
-        settings = {"XDG_RUNTIME_DIR": str(runtime), "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman",
+            shutil.chown(self.runtime, "nobody")
+        for left in self.runtime.glob("sway-ipc.*"):
+            left.unlink()
+        settings = {"XDG_RUNTIME_DIR": str(self.runtime), "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman",
                     "WLR_LIBINPUT_NO_DEVICES": "1", "XDG_CURRENT_DESKTOP": "sway"}
         self.compositor = self.start("env", *(f"{key}={settings[key]}" for key in settings), *user,
-                                     "sway", "-c", str(configuration))
-        control = wait_until(lambda: list(runtime.glob("sway-ipc.*.sock")), "sway")[0]
-        socket = wait_until(lambda: [file for file in runtime.glob("wayland-?") if file.is_socket()],
+                                     "sway", "-c", str(self.folder / "sway.conf"))
+        control = wait_until(lambda: list(self.runtime.glob("sway-ipc.*.sock")), "sway")[0]
+        socket = wait_until(lambda: [file for file in self.runtime.glob("wayland-?") if file.is_socket()],
                             "a Wayland display")[0]
         self.environment |= {"WAYLAND_DISPLAY": str(socket), "SWAYSOCK": str(control),
                              "XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": "sway"}

@@ -13,7 +13,7 @@ from collections.abc import Iterator
 from gi.repository import GLib
 from PIL import Image
 
-from application import ApplicationTest
+from application import NAME, ApplicationTest, has_ended
 from desktop import Desktop, Place, call, wait_until
 from sway import SwayDesktop
 
@@ -192,13 +192,28 @@ class EndOfCompositorTest(ApplicationTest):
     def make_desktop(cls) -> SwayDesktop:
         return SwayDesktop()
 
-    def test_nothing_is_lost(self) -> None:
+    def test_nothing_is_lost_and_one_that_is_back_is_joined(self) -> None:
         self.application.start()
         look = self.application.new_wallpaper()
-        wait_until(self.application.pictures, "a picture")
-        self.desktop.compositor.kill()
-        self.application.process.wait(20)
-        self.assertEqual(self.application.look(), look)
+        self.application.show_still()
+        self.addCleanup(self.application.kill_successor)
+        for _ in range(2):
+            self.desktop.panel.item = None
+            self.desktop.compositor.kill()
+            self.desktop.start_compositor()
+            self.application.wait_for_still()
+            wait_until(lambda: self.desktop.panel.item, "the icon in the panel")
+            self.assertEqual(self.application.look(), look)
+        self.application.process.wait()
+        self.desktop.panel.choose("Quit Tessel Broth")
+        wait_until(lambda: not self.desktop.has_name(NAME), "the end of the application")
+
+    def test_nobody_takes_the_place_of_a_program_that_is_killed(self) -> None:
+        self.application.start()
+        stands_by, = self.application.children()
+        self.application.kill()
+        wait_until(lambda: has_ended(stands_by), "the end of what stands by")
+        self.assertFalse(self.desktop.has_name(NAME))
 
 
 class BareCompositor(threading.Thread):
@@ -216,13 +231,15 @@ class BareCompositor(threading.Thread):
 
     def run(self) -> None:
         while True:
-            with self.listener.accept()[0] as client, client.makefile("rwb") as stream:
-                while header := stream.read(self.HEADER.size):
-                    receiver, request, length = self.HEADER.unpack(header)
-                    arguments = stream.read(length - self.HEADER.size)
-                    if (receiver, request) == self.SYNC:
-                        stream.write(self.HEADER.pack(struct.unpack("=I", arguments)[0], 0, 12) + bytes(4))
-                        stream.flush()
+            threading.Thread(target=self.serve, args=self.listener.accept()[:1], daemon=True).start()
+
+    def serve(self, client: socket.socket) -> None:
+        with client, client.makefile("rb") as stream:
+            while header := stream.read(self.HEADER.size):
+                receiver, request, length = self.HEADER.unpack(header)
+                arguments = stream.read(length - self.HEADER.size)
+                if (receiver, request) == self.SYNC:
+                    client.send(self.HEADER.pack(struct.unpack("=I", arguments)[0], 0, 12) + bytes(4))
 
 
 class OldProgramsTest(ApplicationTest):

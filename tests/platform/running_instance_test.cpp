@@ -78,9 +78,9 @@ TEST_F(RunningInstanceTest, TheSecondAsksTheFirstToComeForward)
     bool isFirst = true;
     QString problem;
     std::thread second([&] {
-        const BusInstance instance(connection);
+        BusInstance instance(connection);
         isFirst = instance.isFirst();
-        problem = instance.problem();
+        problem = instance.askToComeForward();
     });
     EXPECT_TRUE(waitUntil([&] { return !m_heard.empty(); }));
     second.join();
@@ -103,9 +103,9 @@ TEST_F(RunningInstanceTest, OneThatHangsIsStillTheFirst)
 {
     const BusInstance first(m_bus.connect());
     // Whoever waits in this thread is not answered by it.
-    const BusInstance second(m_bus.connect(), 50ms);
+    BusInstance second(m_bus.connect(), 50ms);
     EXPECT_FALSE(second.isFirst());
-    EXPECT_THAT(second.problem().toStdString(), HasSubstr("does not answer"));
+    EXPECT_THAT(second.askToComeForward().toStdString(), HasSubstr("does not answer"));
 }
 
 TEST_F(RunningInstanceTest, AnotherProgramOfItsNameIsNotTakenForIt)
@@ -117,9 +117,9 @@ TEST_F(RunningInstanceTest, AnotherProgramOfItsNameIsNotTakenForIt)
     QString problem;
     std::atomic<bool> isAnswered = false;
     std::thread start([&] {
-        const BusInstance instance(connection);
+        BusInstance instance(connection);
         isFirst = instance.isFirst();
-        problem = instance.problem();
+        problem = instance.askToComeForward();
         isAnswered = true;
     });
     EXPECT_TRUE(waitUntil([&] { return isAnswered.load(); }));
@@ -179,7 +179,9 @@ TEST(LockFileInstanceTest, OnlyALivingProcessHoldsTheLock)
     EXPECT_TRUE(first->isFirst());
     int activations = 0;
     QObject::connect(&*first, &RunningInstance::activated, [&] { ++activations; });
-    EXPECT_FALSE(LockFileInstance(folder).isFirst());
+    LockFileInstance second(folder);
+    EXPECT_FALSE(second.isFirst());
+    EXPECT_EQ(second.askToComeForward(), QString());
     EXPECT_TRUE(waitUntil([&] { return activations == 1; }));
     first.reset();
     EXPECT_TRUE(LockFileInstance(folder).isFirst());

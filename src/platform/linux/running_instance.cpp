@@ -35,25 +35,6 @@ QString noAnswer()
         "start it once more.");
 }
 
-/// \return why it did not, for the user; empty if it did
-QString askToComeForward(const QDBusConnection& bus, std::chrono::milliseconds patience)
-{
-    auto question = QDBusMessage::createMethodCall(identity::id, identity::objectPath, interfaceName,
-                                                   QStringLiteral("Activate"));
-    question << QVariantMap();
-    question.setAutoStartService(false);
-    const auto answer = bus.call(question, QDBus::Block, static_cast<int>(patience.count()));
-    if (answer.type() != QDBusMessage::ErrorMessage)
-        return {};
-    if (QDBusError(answer).type() == QDBusError::NoReply)
-        return noAnswer();
-    return RunningInstance::tr(
-               "Its name on the session bus is not to be had: another program has it, or the bus "
-               "refuses it. End that program, or log out and in again, and then start Tessel "
-               "Broth once more. The answer was: %1")
-        .arg(answer.errorMessage());
-}
-
 const auto stillStarting = QStringLiteral("Tessel Broth is starting or ending. Ask again in a moment.");
 
 void refuse(const QDBusConnection& bus, const QDBusMessage& message, const QString& reason)
@@ -134,7 +115,9 @@ void WallpaperInterface::Wallpaper(const QDBusMessage& message, QString& look, b
     animated = shown.isAnimated;
 }
 
-BusInstance::BusInstance(QDBusConnection bus, std::chrono::milliseconds patience) : m_bus(std::move(bus))
+BusInstance::BusInstance(QDBusConnection bus, std::chrono::milliseconds patience)
+    : m_bus(std::move(bus))
+    , m_patience(patience)
 {
     new ApplicationInterface(m_bus, this);
     new WallpaperInterface(m_bus, this);
@@ -142,10 +125,8 @@ BusInstance::BusInstance(QDBusConnection bus, std::chrono::milliseconds patience
     m_bus.registerObject(identity::objectPath, this, QDBusConnection::ExportAdaptors);
     // Neither waits in a queue for the name, nor lets another take it.
     m_isFirst = m_bus.registerService(identity::id);
-    if (m_isFirst)
-        return;
-    m_bus.unregisterObject(identity::objectPath);
-    setProblem(tessel::askToComeForward(m_bus, patience));
+    if (!m_isFirst)
+        m_bus.unregisterObject(identity::objectPath);
 }
 
 BusInstance::~BusInstance()
@@ -154,6 +135,24 @@ BusInstance::~BusInstance()
         return;
     m_bus.unregisterService(identity::id);
     m_bus.unregisterObject(identity::objectPath);
+}
+
+QString BusInstance::askToComeForward()
+{
+    auto question = QDBusMessage::createMethodCall(identity::id, identity::objectPath, interfaceName,
+                                                   QStringLiteral("Activate"));
+    question << QVariantMap();
+    question.setAutoStartService(false);
+    const auto answer = m_bus.call(question, QDBus::Block, static_cast<int>(m_patience.count()));
+    if (answer.type() != QDBusMessage::ErrorMessage)
+        return {};
+    if (QDBusError(answer).type() == QDBusError::NoReply)
+        return noAnswer();
+    return RunningInstance::tr(
+               "Its name on the session bus is not to be had: another program has it, or the bus "
+               "refuses it. End that program, or log out and in again, and then start Tessel "
+               "Broth once more. The answer was: %1")
+        .arg(answer.errorMessage());
 }
 
 LockFileInstance::LockFileInstance(const QString& folder)
@@ -167,8 +166,6 @@ LockFileInstance::LockFileInstance(const QString& folder)
     m_isFirst = m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError;
     if (m_isFirst)
         listen();
-    else
-        askToComeForward();
 }
 
 LockFileInstance::~LockFileInstance()
@@ -199,13 +196,12 @@ void LockFileInstance::hear()
     Q_EMIT activated();
 }
 
-void LockFileInstance::askToComeForward()
+QString LockFileInstance::askToComeForward()
 {
     const sockaddr_un address = socketAddress(m_socketFile);
     const char byte = 0;
-    if (sendto(m_socket, &byte, sizeof byte, 0, reinterpret_cast<const sockaddr*>(&address), sizeof address) <
-        0)
-        setProblem(noAnswer());
+    const auto* const receiver = reinterpret_cast<const sockaddr*>(&address);
+    return sendto(m_socket, &byte, sizeof byte, 0, receiver, sizeof address) < 0 ? noAnswer() : QString();
 }
 
 std::unique_ptr<RunningInstance> claimInstance()

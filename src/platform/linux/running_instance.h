@@ -23,15 +23,16 @@ class BusInstance : public RunningInstance
     Q_OBJECT
 
 public:
-    /// Waits for the bus, and for the instance that already runs.
-    /// \param patience with one that is still starting, or hangs
+    /// \param patience with one that runs already, but is still starting, or hangs
     explicit BusInstance(QDBusConnection bus, std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~BusInstance() override;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
+    [[nodiscard]] QString askToComeForward() override;
 
 private:
     QDBusConnection m_bus;
+    const std::chrono::milliseconds m_patience;
     bool m_isFirst = false;
 };
 
@@ -48,11 +49,11 @@ public:
     LockFileInstance& operator=(const LockFileInstance&) = delete;
 
     [[nodiscard]] bool isFirst() const override { return m_isFirst; }
+    [[nodiscard]] QString askToComeForward() override;
 
 private:
     void listen();
     void hear();
-    void askToComeForward();
 
     QLockFile m_lock;
     const QString m_socketFile;
