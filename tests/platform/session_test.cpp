@@ -10,6 +10,7 @@
 #include <QDBusVariant>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -319,6 +320,20 @@ TEST_F(KdeSessionTest, TheFontTellsTheSizeOfText)
         expectBecomes(&SessionState::fontScale, scale);
     }
     EXPECT_EQ(m_session->state().textScale, 1) << "which the portal tells, and an X server's resolution has";
+}
+
+TEST_F(SessionTest, LxqtsFontTellsTheSizeOfText)
+{
+    const QTemporaryDir home;
+    const Variable configuration("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const Variable desktop("XDG_CURRENT_DESKTOP", "LXQt");
+    const QString file = home.filePath(QStringLiteral("lxqt/lxqt.conf"));
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    replaceFile(file, "[Qt]\nfont=\"Sans,11,-1,5,50,0,0,0,0,0\"\n");
+    makeSession();
+    EXPECT_EQ(m_session->state().fontScale, 1);
+    replaceFile(file, "[Qt]\nfont=\"Noto Sans,22,-1,5,400,0,0,0,0,0,0,0,0,0,0,1\"\n");
+    expectBecomes(&SessionState::fontScale, 2.0);
 }
 
 TEST_F(SessionTest, XfcesFontTellsTheSizeOfText)

@@ -16,6 +16,7 @@
 #include <QSocketNotifier>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <string_view>
@@ -71,10 +72,34 @@ double textScale(double scale)
     return scale >= 0.5 && scale <= 3 ? scale : 1;
 }
 
-/// \param size of the font, as text; KDE and XFCE begin with 10 points
-double fontScale(const QString& size)
+/// The file in which a desktop keeps the font of its programs: a list, whose second part is the size in
+/// points.
+struct FontFile
 {
-    return textScale(size.toDouble() / 10);
+    QLatin1String desktop;
+    QLatin1String name;
+    QLatin1String key;
+    double usualSize;
+};
+
+constexpr std::array fontFiles{
+    // In the section "General", which QSettings leaves out.
+    FontFile{QLatin1String("KDE"), QLatin1String("kdeglobals"), QLatin1String("font"), 10},
+    FontFile{QLatin1String("LXQt"), QLatin1String("lxqt/lxqt.conf"), QLatin1String("Qt/font"), 11},
+};
+
+constexpr double usualXfceSize = 10;
+
+/// \param size in points, as text
+/// \param usual what the desktop begins with
+double fontScale(const QString& size, double usual)
+{
+    return textScale(size.toDouble() / usual);
+}
+
+QString locateConfiguration(const QString& name)
+{
+    return QStandardPaths::locate(QStandardPaths::GenericConfigLocation, name);
 }
 
 /// The value within a variant, which the settings portal wraps twice.
@@ -110,7 +135,7 @@ LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnect
         watchScreenSaver(sessionBus, QStringLiteral("org.%1.ScreenSaver").arg(desktop));
     watchDesktopSettings(sessionBus);
     watchXfceFont(sessionBus);
-    watchKdeSettings();
+    watchFontFile();
     watchClock();
 }
 
@@ -274,7 +299,8 @@ void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
     auto* xfce = new BusService(sessionBus, xfceSettings, this);
     // A name such as "Sans Bold 10".
     const auto take = [this](const QVariant& font) {
-        set(&SessionState::fontScale, fontScale(unwrapped(font).toString().section(QLatin1Char(' '), -1)));
+        const QString size = unwrapped(font).toString().section(QLatin1Char(' '), -1);
+        set(&SessionState::fontScale, fontScale(size, usualXfceSize));
     };
     connect(xfce, &BusService::appeared, this, [xfce, take] {
         xfce->listen(xfceSettingsPath, xfceSettings, QStringLiteral("PropertyChanged"));
@@ -289,32 +315,39 @@ void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
     });
 }
 
-void LinuxSession::watchKdeSettings()
+void LinuxSession::watchFontFile()
 {
-    const QString file =
-        QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
-    if (file.isEmpty() || !sessionDesktops().contains(QStringLiteral("KDE")))
+    const QStringList desktops = sessionDesktops();
+    const auto* const found = std::ranges::find_if(
+        fontFiles, [&](const FontFile& file) { return desktops.contains(file.desktop); });
+    if (found == fontFiles.end())
         return;
-    m_kdeSettings = new QFileSystemWatcher({file}, this);
-    connect(m_kdeSettings, &QFileSystemWatcher::fileChanged, this, [this](const QString& path) {
+    const QString path = locateConfiguration(found->name);
+    if (path.isEmpty())
+        return;
+    m_fontFile = new QFileSystemWatcher({path}, this);
+    const auto read = [this, &file = *found] {
+        const QSettings settings(locateConfiguration(file.name), QSettings::IniFormat);
+        // In quotes or not, and so a text or a list of texts.
+        const QString font = settings.value(file.key).toStringList().join(QLatin1Char(','));
+        set(&SessionState::fontScale, fontScale(font.section(QLatin1Char(','), 1, 1), file.usualSize));
+        readAnimationSpeed(settings);
+    };
+    connect(m_fontFile, &QFileSystemWatcher::fileChanged, this, [this, read](const QString& changed) {
         // Replaced by a new file as a rule, which is then another one to watch.
-        m_kdeSettings->addPath(path);
-        readKdeSettings();
+        m_fontFile->addPath(changed);
+        read();
     });
-    readKdeSettings();
+    read();
 }
 
-void LinuxSession::readKdeSettings()
+/// Which KDE keeps beside its font.
+void LinuxSession::readAnimationSpeed(const QSettings& settings)
 {
-    const QString file =
-        QStandardPaths::locate(QStandardPaths::GenericConfigLocation, QStringLiteral("kdeglobals"));
-    const QSettings settings(file, QSettings::IniFormat);
+    const auto key = QStringLiteral("KDE/AnimationDurationFactor");
     bool isNumber = false;
-    const double factor =
-        settings.value(QStringLiteral("KDE/AnimationDurationFactor")).toString().toDouble(&isNumber);
-    set(m_reducedMotion, QStringLiteral("kdeglobals"), isNumber && factor <= 0);
-    // In the section "General", which these settings leave out; a list, whose second part is the size.
-    set(&SessionState::fontScale, fontScale(settings.value(QStringLiteral("font")).toStringList().value(1)));
+    const double factor = settings.value(key).toString().toDouble(&isNumber);
+    set(m_reducedMotion, key, isNumber && factor <= 0);
 }
 
 /// A timer that never runs out, but is cancelled whenever the clock makes a jump.

@@ -12,6 +12,7 @@
 #include <set>
 
 class QFileSystemWatcher;
+class QSettings;
 class QSocketNotifier;
 
 namespace tessel {
@@ -39,8 +40,8 @@ private:
     void watchBattery(const QDBusConnection& systemBus);
     void watchDesktopSettings(const QDBusConnection& sessionBus);
     void watchXfceFont(const QDBusConnection& sessionBus);
-    void watchKdeSettings();
-    void readKdeSettings();
+    void watchFontFile();
+    void readAnimationSpeed(const QSettings& settings);
     void watchClock();
     void readClock();
 
@@ -61,7 +62,7 @@ private:
     Claim m_locked{&SessionState::locked};
     Claim m_reducedMotion{&SessionState::reducedMotion};
     Claim m_highContrast{&SessionState::highContrast};
-    QFileSystemWatcher* m_kdeSettings = nullptr;
+    QFileSystemWatcher* m_fontFile = nullptr;
     int m_clock = -1;
     QSocketNotifier* m_clockNotifier = nullptr;
 };
