@@ -28,7 +28,8 @@ class MotionTest(ApplicationTest):
 
     def plays(self) -> None:
         self.desktop.wait_for_change()
-        self.assertGreater(self.application.wake_ups(1), PLAYING)
+        # A machine that does other things as well may leave it no turn for a second.
+        wait_until(lambda: self.application.wake_ups(1) > PLAYING, "frames again")
 
     def test_clicks_go_through(self) -> None:
         self.addCleanup(self.desktop.output, "xdotool", "key", "Escape")

@@ -38,6 +38,7 @@ namespace tessel {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -144,21 +145,24 @@ private:
 class QueuedPicturesTest : public DesktopPicturesTest
 {
 protected:
-    QueuedPicturesTest()
+    QueuedPicturesTest() { note(queue); }
+
+    void note(const QueuedPictures& pictures)
     {
-        QObject::connect(&queue, &DesktopPictures::finished,
+        QObject::connect(&pictures, &DesktopPictures::finished,
                          [this](const QStringList& failures) { answers << failures.join(QLatin1Char(' ')); });
     }
 
     Record record;
     QStringList answers;
     std::atomic<int> looks = 0;
-    QueuedPictures queue{record.desktop, [this]() -> std::unique_ptr<PictureBackend> {
-                             ++looks;
-                             if (record.desktop.isEmpty())
-                                 return nullptr;
-                             return std::make_unique<RecordingBackend>(record);
-                         }};
+    const QueuedPictures::Find find = [this]() -> std::unique_ptr<PictureBackend> {
+        ++looks;
+        if (record.desktop.isEmpty())
+            return nullptr;
+        return std::make_unique<RecordingBackend>(record);
+    };
+    QueuedPictures queue{record.desktop, find, 0ms};
 };
 
 TEST_F(QueuedPicturesTest, DoesTheFirstAndTheNewestAndAnswersAll)
@@ -201,6 +205,32 @@ TEST_F(QueuedPicturesTest, TellsAnotherDesktopThatStartsLater)
     runEvents(20ms);
     EXPECT_EQ(record.files.last(), two[0].file + QLatin1Char('?'));
     EXPECT_THAT(answers, SizeIs(1)) << "nobody asked";
+}
+
+TEST_F(QueuedPicturesTest, WaitsForADesktopThatIsStillStarting)
+{
+    record.allowed.release(10);
+    record.refuses = false;
+    record.desktop.clear();
+    QueuedPictures patient(QString(), find, 1h);
+    note(patient);
+    patient.set(two);
+    ASSERT_TRUE(waitUntil([this] { return looks == 1; }));
+    patient.restore(newer);
+    runEvents(50ms);
+    EXPECT_THAT(answers, IsEmpty());
+    record.desktop = QStringLiteral("late");
+    patient.lookAgain();
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 2; }));
+    EXPECT_THAT(answers, Each(QString()));
+    EXPECT_THAT(record.files, ElementsAre(newer[0].file + QLatin1Char('?')));
+
+    record.desktop.clear();
+    QueuedPictures impatient(QString(), find, 50ms);
+    note(impatient);
+    impatient.set(two);
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 3; }));
+    EXPECT_THAT(answers.last(), Has("no way to set pictures"));
 }
 
 TEST_F(QueuedPicturesTest, TellsOnceOfAPictureThatSomebodyElseHasSet)
@@ -331,8 +361,8 @@ TEST_F(OnBusTest, DoesNotKeepTheProgramFromEndingWhileADesktopHangs)
     FakeService service(bus.connect(), "org.kde.plasmashell", "/PlasmaShell",
                         [](const QString&, const QVariantList&) { return QVariantList(); });
     service.hang();
-    auto queue = std::make_unique<QueuedPictures>(QString(),
-                                                  [this] { return std::make_unique<PatientBackend>(ours); });
+    auto queue = std::make_unique<QueuedPictures>(
+        QString(), [this] { return std::make_unique<PatientBackend>(ours); }, 0ms);
     queue->set(two);
     ASSERT_TRUE(waitUntil([&service] { return service.unanswered() == 1; }));
     queue.reset(); // within the hour

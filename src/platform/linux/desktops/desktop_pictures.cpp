@@ -25,6 +25,9 @@ namespace {
 
 using BackendPointer = std::unique_ptr<PictureBackend>;
 
+/// In which a session whose desktop has a name brings it up, or again.
+constexpr std::chrono::seconds longestStart{30};
+
 /// What tells which desktop runs.
 struct Signs
 {
@@ -158,8 +161,9 @@ std::unique_ptr<DesktopPictures> makeDesktopPictures(const QDBusConnection& bus,
         return backend == nullptr && makeOther ? makeOther() : std::move(backend);
     };
     const BackendPointer backend = find();
+    const auto patience = isSessionOfDesktop() ? longestStart : std::chrono::seconds(0);
     auto pictures =
-        std::make_unique<QueuedPictures>(backend == nullptr ? QString() : backend->desktop(), find);
+        std::make_unique<QueuedPictures>(backend == nullptr ? QString() : backend->desktop(), find, patience);
     pictures->watch(bus, knownServices());
     return pictures;
 }

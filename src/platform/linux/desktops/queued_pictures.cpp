@@ -51,10 +51,15 @@ bool shows(PictureBackend& backend, const std::vector<DesktopPicture>& pictures)
 
 } // namespace
 
-QueuedPictures::QueuedPictures(QString desktop, Find find)
+QueuedPictures::QueuedPictures(QString desktop, Find find, std::chrono::milliseconds patience)
     : m_find(std::move(find))
     , m_desktop(std::move(desktop))
 {
+    m_absence.setSingleShot(true);
+    m_absence.setInterval(patience);
+    connect(&m_absence, &QTimer::timeout, this, &QueuedPictures::start);
+    if (m_desktop.isEmpty())
+        m_absence.start();
     m_drawing.setSingleShot(true);
     m_drawing.setInterval(std::chrono::seconds(2));
     connect(&m_drawing, &QTimer::timeout, this, &QueuedPictures::lookAgain);
@@ -73,7 +78,9 @@ void QueuedPictures::restore(const std::vector<DesktopPicture>& pictures)
 
 void QueuedPictures::lookAgain()
 {
-    if (!m_waiting)
+    if (m_waiting)
+        start();
+    else
         ask({m_newest, PictureBackend::Which::different, 0});
 }
 
@@ -114,40 +121,56 @@ void QueuedPictures::dconfChanged(const QString& prefix, const QStringList& keys
 void QueuedPictures::ask(Request request)
 {
     m_newest = request.pictures;
-    if (!m_running)
-        return start(std::move(request));
     if (m_waiting)
         request.callers += m_waiting->callers;
     m_waiting = std::move(request);
+    start();
 }
 
-void QueuedPictures::start(Request request)
+/// What waits, unless something is under way.
+void QueuedPictures::start()
 {
-    request.before = m_desktop;
-    request.wasTaken = m_wasTaken;
-    m_running = request;
-    m_worker.run([this, request] { return carryOut(request); },
-                 [this, request](const Outcome<Answer>& outcome) {
+    if (m_running || !m_waiting)
+        return;
+    m_running = std::exchange(m_waiting, std::nullopt);
+    m_running->before = m_desktop;
+    m_running->wasTaken = m_wasTaken;
+    m_worker.run([this, request = *m_running] { return carryOut(request); },
+                 [this, request = *m_running](const Outcome<Answer>& outcome) {
                      answer(outcome.value.value_or(
                          Answer{m_desktop, refusals(request.pictures, outcome.failure + QLatin1Char('.'))}));
                  });
 }
 
+/// Nobody is told yet; a newer one is answered for both.
+void QueuedPictures::putBack(const Request& request)
+{
+    if (m_waiting)
+        m_waiting->callers += request.callers;
+    else
+        m_waiting = request;
+}
+
 void QueuedPictures::answer(const Answer& answer)
 {
     const bool isOther = std::exchange(m_desktop, answer.desktop) != answer.desktop;
-    const int callers = std::exchange(m_running, std::nullopt)->callers;
+    const Request request = *std::exchange(m_running, std::nullopt);
+    if (m_desktop.isEmpty() && isOther)
+        m_absence.start();
+    const bool isAwaited = m_desktop.isEmpty() && m_absence.isActive() && request.callers > 0;
+    if (isAwaited)
+        putBack(request);
     if (answer.wasTold || isOther)
         m_wasTaken = answer.wasTold && answer.failures.isEmpty();
     // A newer request goes before what somebody else wants.
     const bool isReplaced = answer.isReplaced && !m_waiting;
     if (isReplaced)
         m_newest.clear();
-    if (m_waiting)
-        start(*std::exchange(m_waiting, std::nullopt));
+    if (!isAwaited)
+        start();
     if (isOther)
         Q_EMIT desktopChanged();
-    for (int i = 0; i < callers; ++i)
+    for (int i = 0; i < request.callers && !isAwaited; ++i)
         Q_EMIT finished(answer.failures);
     if (isReplaced)
         Q_EMIT replaced();

@@ -10,6 +10,7 @@
 #include <QDBusServiceWatcher>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -35,14 +36,15 @@ public:
     using Find = std::function<std::unique_ptr<PictureBackend>()>;
 
     /// \param desktop the kind of desktop that runs as this is made; empty for an unknown one
-    QueuedPictures(QString desktop, Find find);
+    /// \param patience with one that does not run yet, or no longer: so long requests wait for it
+    QueuedPictures(QString desktop, Find find, std::chrono::milliseconds patience);
 
     void set(const std::vector<DesktopPicture>& pictures) override;
     void restore(const std::vector<DesktopPicture>& pictures) override;
     [[nodiscard]] bool canSet() const override { return !m_desktop.isEmpty(); }
 
-    /// At login the desktop may come after us: tells the newest pictures to one of another kind than before.
-    /// The same desktop may have got another picture by now.
+    /// At login the desktop may come after us: does what has waited for it, or tells the newest pictures to
+    /// one of another kind than before. The same desktop may have got another picture by now.
     void lookAgain();
 
     /// Calls lookAgain() some time after a desktop has come or gone, or its settings have changed.
@@ -63,7 +65,8 @@ private: // NOLINT(readability-redundant-access-specifiers): those above are slo
     };
 
     void ask(Request request);
-    void start(Request request);
+    void start();
+    void putBack(const Request& request);
     void answer(const Answer& answer);
     [[nodiscard]] Answer carryOut(const Request& request) const;
 
@@ -72,9 +75,10 @@ private: // NOLINT(readability-redundant-access-specifiers): those above are slo
     std::vector<DesktopPicture> m_newest;
     bool m_wasTaken = false; ///< what the desktop was last told
     std::optional<Request> m_running;
-    std::optional<Request> m_waiting;
+    std::optional<Request> m_waiting; ///< for the running one, or for a desktop
     QDBusServiceWatcher m_services;
     std::unique_ptr<X11DesktopOwnerWatch> m_owner;
+    QTimer m_absence; ///< runs while one without a desktop is not told so yet
     QTimer m_drawing; ///< runs while a new desktop draws for the first time
     Worker m_worker{QStringLiteral("desktop")};
 };
