@@ -24,18 +24,15 @@ class SwayDesktop(Desktop):
         self.runtime = self.folder / "sway"
         self.runtime.mkdir(mode=0o700)
         (self.folder / "sway.conf").write_text(CONFIGURATION.format(*self.size))
-        self.start_compositor()
+        self._start_compositor()
 
-    def start_compositor(self) -> None:
-        """For the first time, or in the place of one that has gone."""
+    def _start_compositor(self) -> None:
         user: tuple[str, ...] = ()
         if os.geteuid() == 0:
             # It refuses to run as root.
             user = ("setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups")
             self.folder.chmod(0o711)
             shutil.chown(self.runtime, "nobody")
-        for left in self.runtime.glob("sway-ipc.*"):
-            left.unlink()
         settings = {"XDG_RUNTIME_DIR": str(self.runtime), "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman",
                     "WLR_LIBINPUT_NO_DEVICES": "1", "XDG_CURRENT_DESKTOP": "sway"}
         self.compositor = self.start("env", *(f"{key}={settings[key]}" for key in settings), *user,
@@ -51,6 +48,14 @@ class SwayDesktop(Desktop):
         """The compositor is one."""
 
     # What the compositor is told and tells
+
+    def restart(self) -> None:
+        """Kills the compositor and starts it again, as if it had crashed."""
+        self.compositor.kill()
+        self.compositor.wait()
+        for left in self.runtime.glob("*"):
+            left.unlink()
+        self._start_compositor()
 
     def tell(self, *command: str) -> None:
         self.output("swaymsg", *command)

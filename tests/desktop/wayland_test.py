@@ -199,8 +199,7 @@ class EndOfCompositorTest(ApplicationTest):
         self.addCleanup(self.application.kill_successor)
         for _ in range(2):
             self.desktop.panel.item = None
-            self.desktop.compositor.kill()
-            self.desktop.start_compositor()
+            self.desktop.restart()
             self.application.wait_for_still()
             wait_until(lambda: self.desktop.panel.item, "the icon in the panel")
             self.assertEqual(self.application.look(), look)
