@@ -3,7 +3,6 @@
 """The whole application on a Wayland compositor that lets programs stand below and above windows."""
 
 import json
-import shutil
 import socket
 import struct
 import threading
@@ -14,21 +13,19 @@ from gi.repository import GLib
 from PIL import Image
 
 from application import NAME, ApplicationTest, has_ended
+from compositor import CompositorDesktop, SwayDesktop
 from desktop import Desktop, Place, call, wait_until
-from sway import SwayDesktop
 
 SHELL = (0x14, 0x10, 0x0D)  # the ground of strip and editor
-HAS_SWAY = all(map(shutil.which, ("sway", "swaybg", "grim", "foot", "wtype")))
 
 
-@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
 class WaylandTest(ApplicationTest):
     """Nothing but the compositor and its protocols: no X server, no desktop that draws a background."""
 
-    desktop: SwayDesktop
+    desktop: CompositorDesktop
 
     @classmethod
-    def make_desktop(cls) -> SwayDesktop:
+    def make_desktop(cls) -> CompositorDesktop:
         return SwayDesktop()
 
     def shows_panel(self) -> bool:
@@ -80,7 +77,6 @@ class WaylandTest(ApplicationTest):
                    not self.shows_panel(), "the editor's end", 60)
 
 
-@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
 class TextSizeTest(ApplicationTest):
     """A portal through which the desktop tells how large its text is."""
 
@@ -145,15 +141,15 @@ class TextSizeTest(ApplicationTest):
         wait_until(lambda: self.introduction() == (160, 170, 880, 560), "its usual size")
 
 
-@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
 class MonitorsTest(ApplicationTest):
     """Monitors that come and change."""
 
-    desktop: SwayDesktop
+    desktop: CompositorDesktop
+    SIZE = (900, 600)  # whole numbers of points at a scale of 1.5 too
 
     @classmethod
-    def make_desktop(cls) -> SwayDesktop:
-        return SwayDesktop(900, 600)  # whole numbers of points at a scale of 1.5 too
+    def make_desktop(cls) -> CompositorDesktop:
+        return SwayDesktop(*cls.SIZE)
 
     def shows_still_in_pixels(self) -> bool:
         """Whether each monitor shows, in its own pixels, the newest picture that was made for it."""
@@ -162,27 +158,23 @@ class MonitorsTest(ApplicationTest):
         if len(newest) < len(outputs):
             return False
         shown = []
-        for output, file in zip(outputs, newest):
+        for name, file in zip(outputs, newest):
             with Image.open(file) as picture:
-                shown.append(picture.convert("RGB").tobytes() ==
-                             self.desktop.screenshot(output["name"]).tobytes())
+                shown.append(picture.convert("RGB").tobytes() == self.desktop.screenshot(name).tobytes())
         return all(shown)
 
     def test_each_shows_its_own_pixels(self) -> None:
         self.application.start()
         self.application.play()
-        self.desktop.tell("create_output")
-        wait_until(lambda: len(self.desktop.outputs()) == 2, "another monitor")
-        second = self.desktop.outputs()[1]["name"]
+        self.desktop.add_monitor()
         self.application.show_still()
         for change in (("scale", "1.5"), ("transform", "90"), ("scale", "2"), ("transform", "normal")):
             with self.subTest(change=change):
-                self.desktop.tell("output", second, *change)
+                self.desktop.set_output(self.desktop.SECOND, *change)
                 wait_until(self.shows_still_in_pixels, "pictures of the monitors' own pixels", 60)
         self.application.play()
 
 
-@unittest.skipUnless(HAS_SWAY, "sway or one of its tools is not installed")
 class EndOfCompositorTest(ApplicationTest):
     """A compositor that dies takes every program with it."""
 

@@ -5,6 +5,7 @@
 
 #include "platform/linux/wayland/layer_shell.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <qpa/qplatformnativeinterface.h>
@@ -20,6 +21,8 @@ namespace {
 
 /// A surface that takes the keyboard when it is clicked, and leaves it to others else.
 constexpr std::uint32_t keyboardOnDemand = 4;
+/// Milliseconds within which nobody clicks elsewhere.
+constexpr int atOnce = 300;
 
 template<typename Object>
 Object* resource(const char* name)
@@ -115,10 +118,8 @@ WaylandPanelWindow::WaylandPanelWindow(QWindow& window, WaylandPointer<zwlr_laye
     qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
     m_window.setFlags(m_window.flags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                       Qt::BypassWindowManagerHint);
-    connect(&m_window, &QWindow::activeChanged, this, [this] {
-        if (m_window.isActive() && !std::exchange(m_hasTakenKeyboard, true))
-            updateKeyboard();
-    });
+    connect(&m_window, &QWindow::activeChanged, this, &WaylandPanelWindow::followActivity);
+    m_window.installEventFilter(this);
 }
 
 WaylandPanelWindow::~WaylandPanelWindow()
@@ -185,12 +186,11 @@ void WaylandPanelWindow::describe()
     zwlr_layer_surface_v1_set_keyboard_interactivity(m_role.get(), interactivity());
 }
 
-/// Taken is the keyboard at once; then it may go wherever it is wanted, and comes back with a click.
 std::uint32_t WaylandPanelWindow::interactivity() const
 {
     if (m_keyboard == KeyboardFocus::never)
         return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE;
-    if (m_hasTakenKeyboard && zwlr_layer_surface_v1_get_version(m_role.get()) >= keyboardOnDemand)
+    if (m_hold == Hold::shared && zwlr_layer_surface_v1_get_version(m_role.get()) >= keyboardOnDemand)
         return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND;
     return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE;
 }
@@ -213,7 +213,30 @@ void WaylandPanelWindow::setKeyboardFocus(KeyboardFocus focus)
 {
     if (std::exchange(m_keyboard, focus) == focus)
         return;
-    m_hasTakenKeyboard = false;
+    hold(Hold::taking);
+}
+
+/// Some compositors, labwc among them, take the keyboard away from whoever gives it free.
+void WaylandPanelWindow::followActivity()
+{
+    if (m_window.isActive() && m_hold == Hold::taking) {
+        m_sinceShared.start();
+        hold(Hold::shared);
+    } else if (!m_window.isActive() && m_hold == Hold::shared && !m_sinceShared.hasExpired(atOnce)) {
+        hold(Hold::keeping);
+    }
+}
+
+bool WaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Leave && m_hold == Hold::keeping)
+        hold(Hold::shared);
+    return PanelWindow::eventFilter(watched, event);
+}
+
+void WaylandPanelWindow::hold(Hold hold)
+{
+    m_hold = hold;
     updateKeyboard();
 }
 

@@ -6,6 +6,7 @@
 #include "platform/linux/wayland/wayland_objects.h"
 #include "platform/panel_window.h"
 
+#include <QElapsedTimer>
 #include <QWindow>
 
 #include <cstdint>
@@ -33,12 +34,24 @@ public:
     void setInputRegion(const QRegion& region) override;
     void setKeyboardFocus(KeyboardFocus focus) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Listener;
+    /// How the keyboard is held while it is wanted.
+    enum class Hold
+    {
+        taking, ///< at once, whoever has it
+        shared, ///< given free, and back with a click
+        keeping ///< until the pointer leaves
+    };
 
     WaylandPanelWindow(QWindow& window, WaylandPointer<zwlr_layer_shell_v1> layers);
     void describe();
     void commit();
+    void followActivity();
+    void hold(Hold hold);
     void updateKeyboard();
     [[nodiscard]] std::uint32_t interactivity() const;
     [[nodiscard]] bool isAtRightEdge() const;
@@ -50,7 +63,8 @@ private:
     QRect m_frame;
     QRegion m_inputRegion;
     KeyboardFocus m_keyboard = KeyboardFocus::never;
-    bool m_hasTakenKeyboard = false;
+    Hold m_hold = Hold::taking;
+    QElapsedTimer m_sinceShared; ///< since it came and was given free
 };
 
 } // namespace tessel
