@@ -18,8 +18,11 @@ namespace {
 /// While one is shown and one on its way, the third can be drawn into.
 constexpr std::size_t mostBuffers = 3;
 
-/// From about so many pieces on it costs a compositor less to take all.
-constexpr std::size_t mostPieces = 300;
+/// Of more pieces it costs a compositor less to take all: those of the wlroots family take what lies around
+/// them from 20 pieces on, and KWin's cost grows with each.
+constexpr std::size_t mostPieces = 64;
+/// Of more pieces a copy of all costs less.
+constexpr std::size_t mostOutdated = 600;
 
 } // namespace
 
@@ -151,7 +154,7 @@ void WaylandPixelCanvas::show(std::span<const PixelRect> changed)
             wl_surface_damage_buffer(surface, x, y, width, height);
     m_backdrop.commit();
     for (Frame& frame : m_frames) {
-        frame.isOutdated = &frame != m_drawn && (frame.isOutdated || frame.outdated.size() > 2 * mostPieces);
+        frame.isOutdated = &frame != m_drawn && (frame.isOutdated || frame.outdated.size() > mostOutdated);
         if (&frame == m_drawn || frame.isOutdated)
             frame.outdated.clear();
         else
