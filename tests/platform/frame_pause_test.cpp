@@ -5,16 +5,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tessel {
 namespace {
 
 /// How many pictures of the monitor lie between two frames: the next is drawn after the pause, and shown with
-/// the picture after that.
+/// the picture after that, of which it is told then.
 int picturesBetween(int framesPerSecond, double refreshSeconds)
 {
-    const double pause = pauseBetweenFrames(framesPerSecond, refreshSeconds) / 1000.0;
+    const auto picture = static_cast<qint64>(std::ceil(1000 * refreshSeconds));
+    const double pause = pauseBetweenFrames(framesPerSecond, refreshSeconds, picture) / 1000.0;
     return static_cast<int>(std::floor(pause / refreshSeconds)) + 1;
 }
 
@@ -31,12 +33,21 @@ TEST(FramePause, IsAWholeNumberOfTheMonitorsPicturesAndNeverMoreThanWanted)
     }
 }
 
+TEST(FramePause, IsNoShorterForACompositorThatAnswersAtOnce)
+{
+    for (const qint64 sinceDrawn : {0, 3, 15, 17, 40, 49, 70, 5000}) {
+        const qint64 next = sinceDrawn + pauseBetweenFrames(20, 1 / 60.0, sinceDrawn);
+        EXPECT_GE(next, 50) << sinceDrawn;
+        EXPECT_LE(next, std::max<qint64>(50, sinceDrawn + 34)) << sinceDrawn;
+    }
+}
+
 TEST(FramePause, NeedsNoPauseWhereTheMonitorIsSlowEnough)
 {
-    EXPECT_EQ(pauseBetweenFrames(60, 1 / 60.0), 0);
-    EXPECT_EQ(pauseBetweenFrames(60, 1 / 59.94), 0);
-    EXPECT_EQ(pauseBetweenFrames(30, 1 / 24.0), 0);
-    EXPECT_EQ(pauseBetweenFrames(20, 0), 0) << "of an output that is gone";
+    EXPECT_EQ(pauseBetweenFrames(60, 1 / 60.0, 17), 0);
+    EXPECT_EQ(pauseBetweenFrames(60, 1 / 59.94, 17), 0);
+    EXPECT_EQ(pauseBetweenFrames(30, 1 / 24.0, 42), 0);
+    EXPECT_EQ(pauseBetweenFrames(20, 0, 0), 0) << "of an output that is gone";
 }
 
 } // namespace

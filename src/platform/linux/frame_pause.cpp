@@ -3,18 +3,21 @@
 
 #include "platform/linux/frame_pause.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tessel {
 
-int pauseBetweenFrames(int framesPerSecond, double refreshSeconds)
+int pauseBetweenFrames(int framesPerSecond, double refreshSeconds, qint64 sinceDrawn)
 {
     if (refreshSeconds <= 0)
         return 0;
     // A rate that misses a whole number by a hair is that number.
     constexpr double hair = 0.01;
     const double pictures = std::ceil(1.0 / (framesPerSecond * refreshSeconds) - hair);
-    return static_cast<int>(std::ceil((pictures - 1) * refreshSeconds * 1000));
+    const double afterShown = (pictures - 1) * refreshSeconds * 1000;
+    const double afterDrawn = pictures * refreshSeconds * 1000;
+    return static_cast<int>(std::ceil(std::max(afterShown, afterDrawn - static_cast<double>(sinceDrawn))));
 }
 
 } // namespace tessel

@@ -20,6 +20,7 @@ PlasmaWallpaperWindow::PlasmaWallpaperWindow(PlasmaFrames& frames, Screen screen
     , m_screen(std::move(screen))
     , m_refreshSeconds(std::move(refreshSeconds))
 {
+    m_sinceDrawn.start();
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &PlasmaWallpaperWindow::drawNext);
@@ -124,12 +125,13 @@ void PlasmaWallpaperWindow::readAnswer()
 void PlasmaWallpaperWindow::waitForNext()
 {
     if (m_framesPerSecond > 0)
-        m_pause.start(pauseBetweenFrames(m_framesPerSecond, m_refreshSeconds()));
+        m_pause.start(pauseBetweenFrames(m_framesPerSecond, m_refreshSeconds(), m_sinceDrawn.elapsed()));
 }
 
 /// Where nothing has changed nothing was shown, and nobody will answer.
 void PlasmaWallpaperWindow::drawNext()
 {
+    m_sinceDrawn.start();
     Q_EMIT frameDue();
     if (isReady() && !m_pause.isActive() && m_framesPerSecond > 0)
         m_pause.start(1000 / m_framesPerSecond);

@@ -8,6 +8,7 @@
 #include "platform/screens.h"
 #include "platform/wallpaper_window.h"
 
+#include <QElapsedTimer>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -64,6 +65,7 @@ private:
     std::vector<PixelRect> m_areas; ///< of rectangles
     QTimer m_opening;               ///< until whoever opens it has the answer, which drawing would hold up
     QTimer m_pause;
+    QElapsedTimer m_sinceDrawn; ///< since the last frame was
     int m_framesPerSecond = 0;
     bool m_isShown = false;
     bool m_isOnItsWay = false; ///< a frame, which Plasma has not shown yet

@@ -19,6 +19,7 @@ WaylandWallpaperWindow::WaylandWallpaperWindow(std::shared_ptr<WaylandBackdrop> 
                    ? OwnedCanvas(std::make_unique<WaylandGpuCanvas>(*m_backdrop, pixels))
                    : OwnedCanvas(std::make_unique<WaylandPixelCanvas>(*m_backdrop, sharedMemory, pixels)))
 {
+    m_sinceDrawn.start();
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &WaylandWallpaperWindow::drawNext);
@@ -74,12 +75,14 @@ void WaylandWallpaperWindow::waitForNext()
 {
     if (!m_isShown || m_framesPerSecond == 0)
         return;
-    m_pause.start(pauseBetweenFrames(m_framesPerSecond, m_backdrop->refreshSeconds()));
+    m_pause.start(
+        pauseBetweenFrames(m_framesPerSecond, m_backdrop->refreshSeconds(), m_sinceDrawn.elapsed()));
 }
 
 /// Where nothing has changed nothing was shown, and the next frame still has to be asked for.
 void WaylandWallpaperWindow::drawNext()
 {
+    m_sinceDrawn.start();
     Q_EMIT frameDue();
     if (m_framesPerSecond > 0 && !m_backdrop->isWaitingForFrame() && m_backdrop->isReady())
         m_backdrop->commit();

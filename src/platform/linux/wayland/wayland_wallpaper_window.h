@@ -6,6 +6,7 @@
 #include "platform/linux/wayland/wayland_canvas.h"
 #include "platform/wallpaper_window.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <memory>
@@ -44,6 +45,7 @@ private:
     const QSize m_size;
     const OwnedCanvas m_canvas;
     QTimer m_pause;
+    QElapsedTimer m_sinceDrawn; ///< since the last frame was
     int m_framesPerSecond = 0;
     bool m_isShown = false;
 };
