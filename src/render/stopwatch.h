@@ -31,4 +31,12 @@ inline double processorMilliseconds()
     return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
+/// CPU time of this thread, in milliseconds since some time: of what other threads do nothing.
+inline double threadMilliseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return 1e3 * static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_nsec);
+}
+
 } // namespace tessel

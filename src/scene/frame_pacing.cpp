@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace tessel {
 
@@ -38,6 +39,12 @@ struct LoadLevel
     double risesBelow;
 };
 
+/// Seconds at a ceiling after which a ProcessorBudget tries the next higher one.
+constexpr int patience = 300;
+
+/// The part of the budget by which a higher rate is sure to fit.
+constexpr double sureShare = 0.9;
+
 constexpr double never = std::numeric_limits<double>::infinity();
 constexpr std::array<LoadLevel, 4> loadLevels{{
     {.framesPerSecond = 30, .fallsAbove = 26, .risesBelow = -never},
@@ -45,6 +52,12 @@ constexpr std::array<LoadLevel, 4> loadLevels{{
     {.framesPerSecond = 15, .fallsAbove = 55, .risesBelow = 30},
     {.framesPerSecond = 10, .fallsAbove = never, .risesBelow = 45},
 }};
+
+/// The part of one core that frames of so many CPU milliseconds take at the rate of a level.
+double shareAt(std::size_t level, double milliseconds)
+{
+    return milliseconds / 1000.0 * loadLevels.at(level).framesPerSecond;
+}
 
 } // namespace
 
@@ -113,6 +126,43 @@ void LoadGovernor::addSample(double milliseconds)
 }
 
 int LoadGovernor::ceiling() const
+{
+    return loadLevels.at(m_level).framesPerSecond;
+}
+
+void ProcessorBudget::addFrame(double milliseconds)
+{
+    m_sum += milliseconds;
+    if (++m_frames == framesPerSample)
+        addSample(std::exchange(m_sum, 0) / std::exchange(m_frames, 0));
+}
+
+void ProcessorBudget::addSample(double milliseconds)
+{
+    ++m_samples;
+    const double last = std::exchange(m_lastSample, milliseconds).value_or(milliseconds);
+    if (m_samples < 2)
+        return;
+    const auto [lower, higher] = std::minmax(last, milliseconds);
+    std::size_t fitting = m_level;
+    while (fitting + 1 < loadLevels.size() && shareAt(fitting, lower) > share)
+        ++fitting;
+    const bool isLowered = m_level > 0;
+    const bool isSure = isLowered && shareAt(m_level - 1, higher) <= sureShare * share;
+    const bool isToTry = isLowered && m_samples * framesPerSample >= patience * ceiling();
+    if (fitting > m_level)
+        setLevel(fitting);
+    else if (isSure || isToTry)
+        setLevel(m_level - 1);
+}
+
+void ProcessorBudget::setLevel(std::size_t level)
+{
+    m_level = level;
+    m_samples = 0;
+}
+
+int ProcessorBudget::ceiling() const
 {
     return loadLevels.at(m_level).framesPerSecond;
 }

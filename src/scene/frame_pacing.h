@@ -37,10 +37,10 @@ struct EditorPace
 /// What decides about the pace of a desktop.
 struct DesktopPace
 {
-    float speed = 0;             ///< of the look
-    bool animated = false;       ///< whether the look was applied with motion
-    double transitionAge = 0;    ///< seconds since the cross-fade began
-    int ceiling = 0;             ///< frames per second that the GPU can carry, from a LoadGovernor
+    float speed = 0;          ///< of the look
+    bool animated = false;    ///< whether the look was applied with motion
+    double transitionAge = 0; ///< seconds since the cross-fade began
+    int ceiling = 0; ///< frames per second that can be carried, from a LoadGovernor or ProcessorBudget
     std::optional<int> cap = {}; ///< the same for other reasons, outside of cross-fades, such as the battery
 };
 
@@ -91,6 +91,37 @@ public:
 private:
     double m_gpuMilliseconds = 0;
     int m_sampleCountdown = 0;
+    std::size_t m_level = 0;
+};
+
+/// Keeps what one view takes of the processor that draws it within a budget: dear frames come less often. It
+/// goes by the average of 30 frames, and by what two such samples agree upon, so that a moment on a busy
+/// machine changes nothing. A frame takes no less where frames are rarer, for more has changed since the
+/// last: a rate that would be too dear by the frames of a higher one is so by its own.
+class ProcessorBudget
+{
+public:
+    /// The part of one core that frames may take.
+    static constexpr double share = 0.13;
+
+    /// Takes the CPU time of a frame, which is not negative.
+    void addFrame(double milliseconds);
+
+    /// Forgets what was taken, as another look is shown.
+    void restart() { *this = {}; }
+
+    /// Frames per second: the most of 30, 20, 15 and 10 that fit, or 10. It rises by one of them once that
+    /// clearly fits, and now and then to try: a machine that was busy for long has made frames look dearer.
+    [[nodiscard]] int ceiling() const;
+
+private:
+    void addSample(double milliseconds);
+    void setLevel(std::size_t level);
+
+    double m_sum = 0; ///< of the frames since the last sample
+    int m_frames = 0; ///< their number
+    std::optional<double> m_lastSample;
+    int m_samples = 0; ///< since the ceiling became what it is
     std::size_t m_level = 0;
 };
 

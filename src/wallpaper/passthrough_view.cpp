@@ -14,10 +14,6 @@ namespace tessel {
 
 namespace {
 
-/// Unlike a GPU the processor has other things to do: a millisecond of its time is as much as four of a
-/// GPU's. Frames come less often when they would take more than about a fifth of one core.
-constexpr double processorWeight = 4.0;
-
 /// The share of the time that frames may take from what else is to be done, such as to open a menu.
 constexpr double longestShare = 0.5;
 
@@ -82,8 +78,8 @@ void PassthroughView::updateRate()
     if (m_stopped)
         return;
     const auto bearable = static_cast<int>(1000.0 * longestShare / std::max(m_frameMilliseconds, 1.0));
-    m_surface.setFrameRate(
-        std::min(m_scene.framesPerSecond(m_governor.ceiling(), mediaTime()), std::max(bearable, 1)));
+    const int ceiling = std::min(m_governor.ceiling(), m_budget.ceiling());
+    m_surface.setFrameRate(std::min(m_scene.framesPerSecond(ceiling, mediaTime()), std::max(bearable, 1)));
 }
 
 Frame PassthroughView::nextFrame()
@@ -116,18 +112,19 @@ void PassthroughView::drawOn(PixelCanvas& canvas)
     if (!canvas.isReady())
         return;
     m_graphics.makeCurrent();
-    if (m_governor.countFrame())
-        m_governor.addSample(processorWeight * std::exchange(m_leastMilliseconds, unmeasured));
     const Frame frame = nextFrame();
-    // Frames may be drawn by several threads.
-    const double begin = processorMilliseconds();
+    const double begin = threadMilliseconds();
     Stopwatch watch;
     if (m_painter.paint(m_graphics.encoder(), frame, canvas))
         m_buffer = {};
     else
         drawPixels(frame, canvas);
     m_frameMilliseconds = watch.lap();
-    m_leastMilliseconds = std::min(m_leastMilliseconds, processorMilliseconds() - begin);
+    // A cross-fade is dear but short, and another look comes after it.
+    if (frame.mix < 1.0F)
+        m_budget.restart();
+    else
+        m_budget.addFrame(threadMilliseconds() - begin);
 }
 
 void PassthroughView::drawPixels(const Frame& frame, PixelCanvas& canvas)

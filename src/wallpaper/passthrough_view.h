@@ -12,8 +12,6 @@
 
 #include <QObject>
 
-#include <limits>
-
 namespace tessel {
 
 /// A scene drawn live on a surface whenever that asks for a frame, at a rate that follows its look and its
@@ -58,11 +56,8 @@ private:
     const float m_reference;
     FramePainter m_painter;
     Buffer m_buffer;
-    static constexpr double unmeasured = std::numeric_limits<double>::infinity();
-
-    LoadGovernor m_governor;
-    double m_leastMilliseconds =
-        unmeasured; ///< of the frames since the last sample: the first of a look take longer
+    LoadGovernor m_governor;          ///< of what a GPU draws
+    ProcessorBudget m_budget;         ///< of what the processor does
     double m_frameMilliseconds = 0.0; ///< of the last frame, in which nothing else could be done
     GpuTimer m_gpuTimer;
     bool m_stopped = true;

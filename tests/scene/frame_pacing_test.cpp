@@ -247,5 +247,97 @@ TEST(LoadGovernor, LeavesOutWhatABrokenTimerSays)
     EXPECT_EQ(governor.ceiling(), 30);
 }
 
+/// A look without a GPU whose frames take longer where they are rarer, as smooth ones do, and a clock.
+struct Played
+{
+    /// Plays for some seconds, at least one frame.
+    /// \param busy how many times as long frames take
+    /// \return the rates, without repetitions
+    std::vector<int> play(double seconds, double busy = 1, double deviation = 0)
+    {
+        std::uniform_real_distribution<double> noise(1 - deviation, 1 + deviation);
+        std::vector<int> rates;
+        for (const double end = now + seconds; rates.empty() || now < end;) {
+            const int rate = desktopRate(speed, budget.ceiling());
+            if (rates.empty() || rate != rates.back())
+                rates.push_back(rate);
+            const double frame = milliseconds * std::pow(20.0 / rate, growth) * busy * noise(random);
+            budget.addFrame(frame);
+            spent += frame / 1000;
+            now += 1.0 / rate;
+        }
+        return rates;
+    }
+
+    double milliseconds; ///< of a frame at 20 a second
+    double growth = 0.5; ///< 0 where frames do not depend on the rate, 1 where a second always takes as much
+    float speed = 0.35F;
+    ProcessorBudget budget = {};
+    double now = 0;
+    double spent = 0; ///< CPU seconds
+    std::mt19937 random{11};
+};
+
+constexpr double settling = 15;
+constexpr double anHour = 3600;
+
+TEST(ProcessorBudget, LeavesWhatFitsAlone)
+{
+    EXPECT_THAT((Played{.milliseconds = 6.3}.play(anHour)), ElementsAre(20));
+    EXPECT_THAT((Played{.milliseconds = 4.2, .growth = 0, .speed = 1}.play(anHour)), ElementsAre(30));
+    EXPECT_THAT((Played{.milliseconds = 40, .speed = 0.01F}.play(anHour)), ElementsAre(5));
+}
+
+TEST(ProcessorBudget, FindsTheHighestRateThatFits)
+{
+    for (const auto& [milliseconds, growth, fitting] : {std::tuple{6.7, 0.0, 15},
+                                                        {7.4, 0.5, 15},
+                                                        {9.0, 0.0, 10},
+                                                        {9.0, 0.5, 10},
+                                                        {12.8, 0.0, 10},
+                                                        {50.0, 0.5, 10}}) {
+        SCOPED_TRACE(milliseconds);
+        Played look{.milliseconds = milliseconds, .growth = growth};
+        look.play(settling);
+        EXPECT_EQ(desktopRate(look.speed, look.budget.ceiling()), fitting);
+    }
+}
+
+TEST(ProcessorBudget, KeepsAnHourWithinItAndHardlyEverChangesTheRate)
+{
+    for (double milliseconds = 2; milliseconds < 10.4; milliseconds += 0.1) {
+        for (const double growth : {0.0, 0.3}) {
+            SCOPED_TRACE(testing::Message() << milliseconds << ", " << growth);
+            Played look{.milliseconds = milliseconds, .growth = growth, .speed = 1};
+            look.play(settling);
+            const double before = look.spent;
+            EXPECT_LE(look.play(anHour, 1, 0.3).size(), 1 + 2 * anHour / 300) << "to try, now and then";
+            EXPECT_LE(look.spent - before, 1.02 * ProcessorBudget::share * anHour);
+        }
+    }
+}
+
+TEST(ProcessorBudget, ForgetsABusyMachine)
+{
+    Played look{.milliseconds = 5.8};
+    look.play(settling);
+    EXPECT_THAT(look.play(1.4, 3), ElementsAre(20)) << "a moment";
+    EXPECT_THAT(look.play(settling), ElementsAre(20));
+    look.budget.addFrame(300);
+    EXPECT_THAT(look.play(settling), ElementsAre(20)) << "one frame";
+    EXPECT_THAT(look.play(600, 1.8), testing::Contains(10));
+    look.play(600);
+    EXPECT_THAT(look.play(anHour), ElementsAre(20));
+}
+
+TEST(ProcessorBudget, BeginsAnewWithAnotherLook)
+{
+    Played look{.milliseconds = 20};
+    look.play(settling);
+    look.budget.restart();
+    look.milliseconds = 4;
+    EXPECT_THAT(look.play(anHour), ElementsAre(20));
+}
+
 } // namespace
 } // namespace tessel

@@ -111,6 +111,13 @@ void shareUnusedMemory()
 {
     constexpr int arenas = 2;
     mallopt(M_ARENA_MAX, arenas);
+    // Pictures and what a compiler works in come and go with looks. Left to itself the allocator takes them
+    // from its arenas as soon as one of their size was freed, and smaller things that stay keep the gaps
+    // open.
+    constexpr int ownMapping = 1 << 20;
+    constexpr int keptAtTheEnd = 4 << 20;
+    mallopt(M_MMAP_THRESHOLD, ownMapping);
+    mallopt(M_TRIM_THRESHOLD, keptAtTheEnd);
 }
 
 void releaseUnusedMemory()
