@@ -31,6 +31,7 @@ PassthroughView::PassthroughView(LiveSurface& surface, Scene& scene, Graphics& g
         draw();
     });
     connect(&m_scene, &Scene::changed, this, [this] {
+        m_budget.restart();
         if (!m_stopped)
             draw();
     });

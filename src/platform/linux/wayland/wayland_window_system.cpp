@@ -14,6 +14,8 @@
 #include <QDBusConnection>
 #include <QGuiApplication>
 
+#include <cstdlib>
+
 namespace tessel {
 
 WaylandWindowSystem::WaylandWindowSystem(std::unique_ptr<WaylandConnection> connection)
@@ -24,7 +26,9 @@ WaylandWindowSystem::WaylandWindowSystem(std::unique_ptr<WaylandConnection> conn
         m_x11 = std::make_unique<X11WindowSystem>();
     if (m_isDesktopDrawn && hasPlasmaWallpaper())
         m_plasma = std::make_unique<PlasmaFrames>(QDBusConnection::sessionBus());
-    QObject::connect(m_connection.get(), &WaylandConnection::lost, qGuiApp, &QCoreApplication::quit);
+    // An end that nobody has asked for, as Qt's own, so that a service that is to start anew after one does.
+    QObject::connect(m_connection.get(), &WaylandConnection::lost, qGuiApp,
+                     [] { QCoreApplication::exit(EXIT_FAILURE); });
 }
 
 std::unique_ptr<GlContext> WaylandWindowSystem::makeContext()
