@@ -20,4 +20,17 @@ int pauseBetweenFrames(int framesPerSecond, double refreshSeconds, qint64 sinceD
     return static_cast<int>(std::ceil(std::max(afterShown, afterDrawn - static_cast<double>(sinceDrawn))));
 }
 
+FramePause::FramePause()
+{
+    setSingleShot(true);
+    setTimerType(Qt::PreciseTimer);
+    m_sinceDrawn.start();
+    callOnTimeout([this] { m_sinceDrawn.start(); });
+}
+
+void FramePause::startAfterShown(int framesPerSecond, double refreshSeconds)
+{
+    start(pauseBetweenFrames(framesPerSecond, refreshSeconds, m_sinceDrawn.elapsed()));
+}
+
 } // namespace tessel

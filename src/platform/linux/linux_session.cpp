@@ -325,7 +325,7 @@ void LinuxSession::watchFontFile()
     const QString path = locateConfiguration(found->name);
     if (path.isEmpty())
         return;
-    m_fontFile = new QFileSystemWatcher({path}, this);
+    auto* watcher = new QFileSystemWatcher({path}, this);
     const auto read = [this, &file = *found] {
         const QSettings settings(locateConfiguration(file.name), QSettings::IniFormat);
         // In quotes or not, and so a text or a list of texts.
@@ -333,9 +333,9 @@ void LinuxSession::watchFontFile()
         set(&SessionState::fontScale, fontScale(font.section(QLatin1Char(','), 1, 1), file.usualSize));
         readAnimationSpeed(settings);
     };
-    connect(m_fontFile, &QFileSystemWatcher::fileChanged, this, [this, read](const QString& changed) {
+    connect(watcher, &QFileSystemWatcher::fileChanged, this, [watcher, read](const QString& changed) {
         // Replaced by a new file as a rule, which is then another one to watch.
-        m_fontFile->addPath(changed);
+        watcher->addPath(changed);
         read();
     });
     read();

@@ -11,7 +11,6 @@
 
 #include <set>
 
-class QFileSystemWatcher;
 class QSettings;
 class QSocketNotifier;
 
@@ -62,7 +61,6 @@ private:
     Claim m_locked{&SessionState::locked};
     Claim m_reducedMotion{&SessionState::reducedMotion};
     Claim m_highContrast{&SessionState::highContrast};
-    QFileSystemWatcher* m_fontFile = nullptr;
     int m_clock = -1;
     QSocketNotifier* m_clockNotifier = nullptr;
 };

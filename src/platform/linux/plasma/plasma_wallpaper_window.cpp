@@ -5,7 +5,6 @@
 
 #include "base/shown_frames.h"
 #include "platform/linux/desktops/plasma_pictures.h"
-#include "platform/linux/frame_pause.h"
 #include "platform/linux/plasma/plasma_frames.h"
 
 #include <array>
@@ -20,9 +19,6 @@ PlasmaWallpaperWindow::PlasmaWallpaperWindow(PlasmaFrames& frames, Screen screen
     , m_screen(std::move(screen))
     , m_refreshSeconds(std::move(refreshSeconds))
 {
-    m_sinceDrawn.start();
-    m_pause.setSingleShot(true);
-    m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &PlasmaWallpaperWindow::drawNext);
     m_opening.setSingleShot(true);
     connect(&m_opening, &QTimer::timeout, this, &LiveSurface::contentLost);
@@ -125,13 +121,12 @@ void PlasmaWallpaperWindow::readAnswer()
 void PlasmaWallpaperWindow::waitForNext()
 {
     if (m_framesPerSecond > 0)
-        m_pause.start(pauseBetweenFrames(m_framesPerSecond, m_refreshSeconds(), m_sinceDrawn.elapsed()));
+        m_pause.startAfterShown(m_framesPerSecond, m_refreshSeconds());
 }
 
 /// Where nothing has changed nothing was shown, and nobody will answer.
 void PlasmaWallpaperWindow::drawNext()
 {
-    m_sinceDrawn.start();
     Q_EMIT frameDue();
     if (isReady() && !m_pause.isActive() && m_framesPerSecond > 0)
         m_pause.start(1000 / m_framesPerSecond);

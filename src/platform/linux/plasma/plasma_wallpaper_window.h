@@ -4,11 +4,11 @@
 #pragma once
 
 #include "base/file_descriptor.h"
+#include "platform/linux/frame_pause.h"
 #include "platform/linux/shared_pixels.h"
 #include "platform/screens.h"
 #include "platform/wallpaper_window.h"
 
-#include <QElapsedTimer>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -64,8 +64,7 @@ private:
     std::unique_ptr<QSocketNotifier> m_answers;
     std::vector<PixelRect> m_areas; ///< of rectangles
     QTimer m_opening;               ///< until whoever opens it has the answer, which drawing would hold up
-    QTimer m_pause;
-    QElapsedTimer m_sinceDrawn; ///< since the last frame was
+    FramePause m_pause;
     int m_framesPerSecond = 0;
     bool m_isShown = false;
     bool m_isOnItsWay = false; ///< a frame, which Plasma has not shown yet

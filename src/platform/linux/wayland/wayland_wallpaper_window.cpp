@@ -4,7 +4,6 @@
 #include "platform/linux/wayland/wayland_wallpaper_window.h"
 
 #include "base/gl_context.h"
-#include "platform/linux/frame_pause.h"
 #include "platform/linux/wayland/wayland_backdrop.h"
 
 #include <utility>
@@ -19,9 +18,6 @@ WaylandWallpaperWindow::WaylandWallpaperWindow(std::shared_ptr<WaylandBackdrop> 
                    ? OwnedCanvas(std::make_unique<WaylandGpuCanvas>(*m_backdrop, pixels))
                    : OwnedCanvas(std::make_unique<WaylandPixelCanvas>(*m_backdrop, sharedMemory, pixels)))
 {
-    m_sinceDrawn.start();
-    m_pause.setSingleShot(true);
-    m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &WaylandWallpaperWindow::drawNext);
     connect(m_backdrop.get(), &WaylandBackdrop::ready, this, [this] {
         if (m_isShown)
@@ -75,14 +71,12 @@ void WaylandWallpaperWindow::waitForNext()
 {
     if (!m_isShown || m_framesPerSecond == 0)
         return;
-    m_pause.start(
-        pauseBetweenFrames(m_framesPerSecond, m_backdrop->refreshSeconds(), m_sinceDrawn.elapsed()));
+    m_pause.startAfterShown(m_framesPerSecond, m_backdrop->refreshSeconds());
 }
 
 /// Where nothing has changed nothing was shown, and the next frame still has to be asked for.
 void WaylandWallpaperWindow::drawNext()
 {
-    m_sinceDrawn.start();
     Q_EMIT frameDue();
     if (m_framesPerSecond > 0 && !m_backdrop->isWaitingForFrame() && m_backdrop->isReady())
         m_backdrop->commit();

@@ -3,11 +3,9 @@
 
 #pragma once
 
+#include "platform/linux/frame_pause.h"
 #include "platform/linux/wayland/wayland_canvas.h"
 #include "platform/wallpaper_window.h"
-
-#include <QElapsedTimer>
-#include <QTimer>
 
 #include <memory>
 #include <variant>
@@ -44,8 +42,7 @@ private:
     const std::shared_ptr<WaylandBackdrop> m_backdrop;
     const QSize m_size;
     const OwnedCanvas m_canvas;
-    QTimer m_pause;
-    QElapsedTimer m_sinceDrawn; ///< since the last frame was
+    FramePause m_pause;
     int m_framesPerSecond = 0;
     bool m_isShown = false;
 };
