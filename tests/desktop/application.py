@@ -16,7 +16,7 @@ from pathlib import Path
 from gi.repository import Gio, GLib
 from PIL import Image
 
-from desktop import Desktop, call, wait_until
+from desktop import Desktop, call, memory_share, processor_time, status, wait_until
 
 BINARIES = Path(os.environ.get("TESSEL_BINARIES") or Path(__file__).parents[2] / "build/bin")
 SANITIZERS = os.environ.get("TESSEL_SANITIZE")  # that it was built with
@@ -38,7 +38,7 @@ def action(name: str, *parameter: GLib.Variant) -> GLib.Variant:
 def has_ended(process: int) -> bool:
     """Whether it does nothing any more, even if nobody has asked yet how it ended."""
     with suppress(OSError):
-        return Path(f"/proc/{process}/stat").read_text().rsplit(")", 1)[1].split()[0] == "Z"
+        return status(process)[0] == "Z"
     return True
 
 
@@ -75,11 +75,6 @@ class Application:
         self.process.wait()
         wait_until(lambda: not self.desktop.has_name(NAME), "the end of the application")
 
-    def children(self) -> list[int]:
-        """Processes that it has begun."""
-        threads = Path(f"/proc/{self.process.pid}/task")
-        return [int(child) for thread in threads.iterdir() for child in (thread / "children").read_text().split()]
-
     def kill_successor(self) -> None:
         """Ends whoever has taken the place of the process that was started here."""
         if self.desktop.has_name(NAME):
@@ -108,8 +103,7 @@ class Application:
 
     def memory_share(self) -> int:
         """Its proportional share of the memory in KiB."""
-        return int(re.search(r"^Pss: +(\d+)", Path(f"/proc/{self.process.pid}/smaps_rollup").read_text(),
-                             re.MULTILINE)[1])
+        return memory_share(self.process.pid)
 
     def settled_memory(self) -> int:
         """The same, once it stays for a second."""
@@ -139,8 +133,7 @@ class Application:
 
     def processor_time(self) -> float:
         """How many seconds its threads have computed since it began."""
-        fields = Path(f"/proc/{self.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
-        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+        return processor_time(self.process.pid)
 
     def wait_until_idle(self, seconds: float = 1) -> None:
         wait_until(lambda: self.wake_ups(seconds) <= 1, f"{seconds} s with one wake-up each at most", 60)

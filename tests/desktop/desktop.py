@@ -72,6 +72,21 @@ def connect(address: str) -> Gio.DBusConnection:
     return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
 
 
+def status(pid: int) -> list[str]:
+    """What the system tells of a process, from its state on."""
+    return Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+
+
+def processor_time(pid: int) -> float:
+    """How many seconds the threads of a process have computed since it began."""
+    return sum(map(int, status(pid)[11:13])) / os.sysconf("SC_CLK_TCK")
+
+
+def memory_share(pid: int) -> int:
+    """The proportional share of the memory of a process, in KiB."""
+    return int(re.search(r"^Pss: +(\d+)", Path(f"/proc/{pid}/smaps_rollup").read_text(), re.MULTILINE)[1])
+
+
 def descendants(pid: int) -> list[int]:
     """All processes below one."""
     found = []

@@ -14,7 +14,7 @@ from PIL import Image
 
 from application import NAME, ApplicationTest, has_ended
 from compositor import CompositorDesktop, SwayDesktop
-from desktop import Desktop, Place, call, wait_until
+from desktop import Desktop, Place, call, descendants, wait_until
 
 SHELL = (0x14, 0x10, 0x0D)  # the ground of strip and editor
 
@@ -201,7 +201,7 @@ class EndOfCompositorTest(ApplicationTest):
 
     def test_nobody_takes_the_place_of_a_program_that_is_killed(self) -> None:
         self.application.start()
-        stands_by, = self.application.children()
+        stands_by, = descendants(self.application.process.pid)
         self.application.kill()
         wait_until(lambda: has_ended(stands_by), "the end of what stands by")
         self.assertFalse(self.desktop.has_name(NAME))
