@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/linux/linux_session.h"
+#include "platform/linux/x11/x11_connection.h"
 #include "support/fake_service.h"
 #include "support/surroundings.h"
 
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -361,6 +363,98 @@ TEST_F(SessionTest, XfcesFontTellsTheSizeOfText)
     expectBecomes(&SessionState::fontScale, 0.8);
     change(QStringLiteral("PropertyRemoved"), key, {});
     expectBecomes(&SessionState::fontScale, 1.0);
+}
+
+/// Plays the settings daemon of an X desktop.
+class X11SettingsDaemon
+{
+public:
+    X11SettingsDaemon()
+    {
+        xcb_create_window(m_server.get(), XCB_COPY_FROM_PARENT, m_window, m_server.root(), 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        const xcb_atom_t selection = m_server.atom("_XSETTINGS_S0");
+        xcb_set_selection_owner(m_server.get(), m_window, selection, XCB_CURRENT_TIME);
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = m_server.root();
+        message.type = m_server.atom("MANAGER");
+        message.data.data32[1] = selection;
+        message.data.data32[2] = m_window;
+        xcb_send_event(m_server.get(), 0, m_server.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&message));
+        m_server.sync();
+    }
+
+    void tell(const QByteArray& settings)
+    {
+        const xcb_atom_t name = m_server.atom("_XSETTINGS_SETTINGS");
+        xcb_change_property(m_server.get(), XCB_PROP_MODE_REPLACE, m_window, name, name, 8,
+                            static_cast<std::uint32_t>(settings.size()), settings.data());
+        m_server.sync();
+    }
+
+    /// A number, a colour and a font, as a machine of either byte order tells them.
+    static QByteArray settings(const QByteArray& font, QDataStream::ByteOrder order)
+    {
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream.setByteOrder(order);
+        const auto add = [&](quint8 type, const QByteArray& name) {
+            stream << type << quint8{0} << static_cast<quint16>(name.size());
+            stream.writeRawData(name, static_cast<int>(name.size()));
+            stream.writeRawData("\0\0\0", static_cast<int>(-name.size() & 3));
+            stream << quint32{7};
+        };
+        stream << quint8{order == QDataStream::BigEndian} << quint8{0} << quint16{0} << quint32{8}
+               << quint32{3};
+        add(0, "Xft/DPI");
+        stream << quint32{98304};
+        add(2, "Net/Odd");
+        stream << quint64{0x1234567812345678};
+        add(1, "Gtk/FontName");
+        stream << static_cast<quint32>(font.size());
+        stream.writeRawData(font, static_cast<int>(font.size()));
+        stream.writeRawData("\0\0\0", static_cast<int>(-font.size() & 3));
+        return bytes;
+    }
+
+private:
+    X11Connection m_server;
+    xcb_window_t m_window = xcb_generate_id(m_server.get());
+};
+
+TEST_F(SessionTest, MatesFontTellsTheSizeOfText)
+{
+    const VirtualDisplay display;
+    const Variable desktop("XDG_CURRENT_DESKTOP", "MATE");
+    makeSession();
+    EXPECT_EQ(m_session->state().fontScale, 1) << "without a daemon";
+    std::optional<X11SettingsDaemon> daemon(std::in_place);
+    daemon->tell(X11SettingsDaemon::settings("Noto Sans Bold 15", QDataStream::LittleEndian));
+    expectBecomes(&SessionState::fontScale, 1.5);
+    daemon->tell(X11SettingsDaemon::settings("Sans 8", QDataStream::BigEndian));
+    expectBecomes(&SessionState::fontScale, 0.8);
+
+    const QByteArray whole = X11SettingsDaemon::settings("Sans 20", QDataStream::LittleEndian);
+    // What fills up the last text is not missed.
+    for (qsizetype length = 0; length + 1 < whole.size(); ++length) {
+        daemon->tell(whole);
+        expectBecomes(&SessionState::fontScale, 2.0);
+        daemon->tell(whole.left(length));
+        expectBecomes(&SessionState::fontScale, 1.0);
+    }
+
+    daemon->tell(whole);
+    expectBecomes(&SessionState::fontScale, 2.0);
+    daemon.reset();
+    expectBecomes(&SessionState::fontScale, 1.0);
+    daemon.emplace();
+    daemon->tell(X11SettingsDaemon::settings("Sans 12", QDataStream::LittleEndian));
+    expectBecomes(&SessionState::fontScale, 1.2);
+    makeSession();
+    EXPECT_EQ(m_session->state().fontScale, 1.2) << "told before we came";
 }
 
 TEST_F(SessionTest, StartsNothingByAsking)

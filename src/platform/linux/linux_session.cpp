@@ -6,6 +6,7 @@
 #include "platform/linux/bus_service.h"
 #include "platform/linux/portal.h"
 #include "platform/linux/session_desktops.h"
+#include "platform/linux/x11/x11_settings.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -89,6 +90,7 @@ constexpr std::array fontFiles{
 };
 
 constexpr double usualXfceSize = 10;
+constexpr double usualMateSize = 10;
 
 /// \param size in points, as text
 /// \param usual what the desktop begins with
@@ -136,6 +138,7 @@ LinuxSession::LinuxSession(const QDBusConnection& sessionBus, const QDBusConnect
     watchDesktopSettings(sessionBus);
     watchXfceFont(sessionBus);
     watchFontFile();
+    watchMateFont();
     watchClock();
 }
 
@@ -297,11 +300,7 @@ void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
     if (!sessionDesktops().contains(QStringLiteral("XFCE")))
         return;
     auto* xfce = new BusService(sessionBus, xfceSettings, this);
-    // A name such as "Sans Bold 10".
-    const auto take = [this](const QVariant& font) {
-        const QString size = unwrapped(font).toString().section(QLatin1Char(' '), -1);
-        set(&SessionState::fontScale, fontScale(size, usualXfceSize));
-    };
+    const auto take = [this](const QVariant& font) { setFont(unwrapped(font).toString(), usualXfceSize); };
     connect(xfce, &BusService::appeared, this, [xfce, take] {
         xfce->listen(xfceSettingsPath, xfceSettings, QStringLiteral("PropertyChanged"));
         xfce->listen(xfceSettingsPath, xfceSettings, QStringLiteral("PropertyRemoved"));
@@ -313,6 +312,23 @@ void LinuxSession::watchXfceFont(const QDBusConnection& sessionBus)
         if (arguments.value(0) == xfceChannel && arguments.value(1) == xfceFont)
             take(arguments.value(2));
     });
+}
+
+/// Its settings lie where only its own programs read them.
+void LinuxSession::watchMateFont()
+{
+    if (!sessionDesktops().contains(QStringLiteral("MATE")))
+        return;
+    m_x11Settings = std::make_unique<X11Settings>();
+    const auto read = [this] { setFont(m_x11Settings->text(QStringLiteral("Gtk/FontName")), usualMateSize); };
+    connect(m_x11Settings.get(), &X11Settings::changed, this, read);
+    read();
+}
+
+/// \param name such as "Sans Bold 10"
+void LinuxSession::setFont(const QString& name, double usualSize)
+{
+    set(&SessionState::fontScale, fontScale(name.section(QLatin1Char(' '), -1), usualSize));
 }
 
 void LinuxSession::watchFontFile()

@@ -9,6 +9,7 @@
 #include <QDBusUnixFileDescriptor>
 #include <QString>
 
+#include <memory>
 #include <set>
 
 class QSettings;
@@ -17,6 +18,7 @@ class QSocketNotifier;
 namespace tessel {
 
 class BusService;
+class X11Settings;
 
 /// What the services of a Linux desktop tell: the login manager, screen savers, the power service and the
 /// desktop's settings. Each may be missing, and may come later.
@@ -40,6 +42,8 @@ private:
     void watchDesktopSettings(const QDBusConnection& sessionBus);
     void watchXfceFont(const QDBusConnection& sessionBus);
     void watchFontFile();
+    void watchMateFont();
+    void setFont(const QString& name, double usualSize);
     void readAnimationSpeed(const QSettings& settings);
     void watchClock();
     void readClock();
@@ -61,6 +65,7 @@ private:
     Claim m_locked{&SessionState::locked};
     Claim m_reducedMotion{&SessionState::reducedMotion};
     Claim m_highContrast{&SessionState::highContrast};
+    std::unique_ptr<X11Settings> m_x11Settings; ///< where they tell of the font
     int m_clock = -1;
     QSocketNotifier* m_clockNotifier = nullptr;
 };

@@ -102,7 +102,7 @@ std::vector<std::uint32_t> X11Connection::property(xcb_window_t window, const st
 
 std::string X11Connection::text(xcb_window_t window, const std::string& name, xcb_atom_t type)
 {
-    static constexpr std::uint32_t longest = 256;
+    static constexpr std::uint32_t longest = 16384;
     const auto cookie = xcb_get_property(get(), 0, window, atom(name), type, 0, longest);
     const auto reply = readReply(xcb_get_property_reply, get(), cookie);
     if (reply == nullptr || reply->format != 8)
