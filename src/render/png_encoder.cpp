@@ -3,8 +3,6 @@
 
 #include "render/png_encoder.h"
 
-#include "render/deflate_join.h"
-
 #include <libdeflate.h>
 
 #include <algorithm>
@@ -12,6 +10,7 @@
 #include <atomic>
 #include <cstring>
 #include <future>
+#include <isa-l/igzip_lib.h>
 #include <memory>
 #include <new>
 #include <span>
@@ -42,24 +41,45 @@ enum class ColorType : std::uint8_t
 constexpr std::size_t maxColors = 256;
 constexpr std::size_t maxChunk = 0x7FFFFFFF;
 /// Deflate with the largest window, fast.
-constexpr std::string_view zlibHeader = "\x78\x5E";
+constexpr std::array<std::uint8_t, 2> zlibHeader{0x78, 0x5E};
 /// Rows that share one filter, and how many of them it is tried on.
 constexpr int groupRows = 64;
 constexpr std::size_t sampleRows = 2;
 
-struct FreeCompressor
+/// Compresses parts of one deflate stream (RFC 1951), each on its own, so that several can be at the same
+/// time.
+class PartCompressor
 {
-    void operator()(libdeflate_compressor* compressor) const { libdeflate_free_compressor(compressor); }
-};
-using Compressor = std::unique_ptr<libdeflate_compressor, FreeCompressor>;
+public:
+    /// \param isLast whether the stream ends with it
+    /// \return what is in the file, until the next part
+    std::span<const std::uint8_t> compress(std::span<std::uint8_t> part, bool isLast)
+    {
+        // What cannot be compressed becomes longer by a small share of it.
+        m_room.resize(std::max(m_room.size(), part.size() + part.size() / 8 + leastRoom));
+        isal_deflate_init(m_stream.get());
+        m_stream->level = level;
+        m_stream->level_buf = m_levelRoom.data();
+        m_stream->level_buf_size = static_cast<std::uint32_t>(m_levelRoom.size());
+        m_stream->end_of_stream = isLast ? 1 : 0;
+        m_stream->flush = isLast ? NO_FLUSH : FULL_FLUSH;
+        m_stream->next_in = part.data();
+        m_stream->avail_in = static_cast<std::uint32_t>(part.size());
+        m_stream->next_out = m_room.data();
+        m_stream->avail_out = static_cast<std::uint32_t>(m_room.size());
+        if (isal_deflate(m_stream.get()) != COMP_OK || m_stream->avail_in != 0 || m_stream->avail_out == 0)
+            throw std::runtime_error("a part of the picture cannot be compressed");
+        return std::span(m_room).first(m_stream->total_out);
+    }
 
-Compressor makeCompressor(int level)
-{
-    Compressor compressor(libdeflate_alloc_compressor(level));
-    if (!compressor)
-        throw std::bad_alloc();
-    return compressor;
-}
+private:
+    static constexpr std::size_t leastRoom = std::size_t{64} << 10;
+    static constexpr std::uint32_t level = 3;
+
+    std::unique_ptr<isal_zstream> m_stream = std::make_unique<isal_zstream>();
+    std::vector<std::uint8_t> m_levelRoom = std::vector<std::uint8_t>(ISAL_DEF_LVL3_DEFAULT);
+    std::vector<std::uint8_t> m_room;
+};
 
 /// Rows `first` to before `last`: what one thread works on.
 struct Band
@@ -177,13 +197,6 @@ void packNumbers(std::span<const std::uint8_t> numbers, const Numbers& meaning, 
     *out = static_cast<std::uint8_t>(byte);
 }
 
-/// How far the rows that were tried have shrunk.
-struct Trial
-{
-    std::size_t before = 0;
-    std::size_t after = 0;
-};
-
 /// The rows of an indexed PNG.
 class IndexedRows
 {
@@ -191,9 +204,6 @@ public:
     static constexpr std::size_t step = 1;
     /// Averages and gradients of palette indices mean nothing.
     static constexpr std::array filters{Filter::none, Filter::sub, Filter::up};
-
-    /// There is little to compress, and what a deeper search saves is not worth its time.
-    static int level(const Trial&) { return 4; }
 
     /// The picture as indices; none if it has more than 256 colours.
     static std::optional<IndexedRows> of(const Picture& picture, const std::vector<Band>& bands)
@@ -294,9 +304,6 @@ public:
     static constexpr std::array filters{Filter::none, Filter::sub, Filter::up, Filter::average,
                                         Filter::paeth};
 
-    /// Clean gradients repeat themselves, so that a deeper search finds more; with noise in them it does not.
-    static int level(const Trial& trial) { return trial.after * 8 < trial.before ? 4 : 1; }
-
     explicit TrueColorRows(const Picture& source) : m_picture(source) {}
 
     [[nodiscard]] std::size_t rowBytes() const { return static_cast<std::size_t>(m_picture.width) * 3; }
@@ -396,18 +403,14 @@ public:
         , m_row(source.rowBytes())
         , m_above(source.rowBytes())
     {
-        m_packed.resize(libdeflate_deflate_compress_bound(m_compressor.get(), sampleRows * m_lineBytes));
     }
 
     /// \param filtered for each row of the band the filter's number and the filtered bytes
-    /// \return how far those that were tried have shrunk
-    Trial run(Band band, std::span<std::uint8_t> filtered)
+    void run(Band band, std::span<std::uint8_t> filtered)
     {
         m_out = filtered;
-        m_trial = {};
         for (int first = band.first; first < band.last; first += groupRows)
             filterGroup({first, std::min(first + groupRows, band.last)});
-        return m_trial;
     }
 
 private:
@@ -461,16 +464,12 @@ private:
         std::size_t best = 0;
         std::size_t bestSize = SIZE_MAX;
         for (std::size_t i = 0; i < m_samples.size(); ++i) {
-            const std::size_t size =
-                libdeflate_deflate_compress(m_compressor.get(), m_samples[i].data(), m_samples[i].size(),
-                                            m_packed.data(), m_packed.size());
+            const std::size_t size = m_compressor.compress(m_samples[i], true).size();
             if (size < bestSize) {
                 best = i;
                 bestSize = size;
             }
         }
-        m_trial.before += m_samples[best].size();
-        m_trial.after += bestSize;
         return Rows::filters[best];
     }
 
@@ -488,10 +487,8 @@ private:
     std::size_t m_lineBytes;
     RowBuffer m_row;
     RowBuffer m_above;
-    Compressor m_compressor = makeCompressor(1);
+    PartCompressor m_compressor;
     std::array<std::vector<std::uint8_t>, Rows::filters.size()> m_samples;
-    std::vector<std::uint8_t> m_packed;
-    Trial m_trial;
 };
 
 /// A part of the picture as it is in the file: a deflate stream which that of the next part follows.
@@ -513,33 +510,19 @@ public:
     Part encode(Band band, bool isLast)
     {
         m_filtered.resize(static_cast<std::size_t>(band.last - band.first) * m_lineBytes);
-        libdeflate_compressor* compressor = compressorOf(Rows::level(m_filter.run(band, m_filtered)));
-        m_room.resize(libdeflate_deflate_compress_bound(compressor, m_filtered.size()) + openEndLength);
-        std::size_t length = libdeflate_deflate_compress(compressor, m_filtered.data(), m_filtered.size(),
-                                                         m_room.data(), m_room.size());
-        if (!isLast)
-            length = leaveOpen(m_room, length);
+        m_filter.run(band, m_filtered);
+        const std::span<const std::uint8_t> bytes = m_compressor.compress(m_filtered, isLast);
         static constexpr std::uint32_t emptySum = 1;
-        return {.bytes = {m_room.begin(), m_room.begin() + static_cast<std::ptrdiff_t>(length)},
+        return {.bytes = {bytes.begin(), bytes.end()},
                 .sum = libdeflate_adler32(emptySum, m_filtered.data(), m_filtered.size()),
                 .before = m_filtered.size()};
     }
 
 private:
-    libdeflate_compressor* compressorOf(int level)
-    {
-        if (!m_compressor || level != m_level)
-            m_compressor = makeCompressor(level);
-        m_level = level;
-        return m_compressor.get();
-    }
-
     std::size_t m_lineBytes;
     RowFilter<Rows> m_filter;
     std::vector<std::uint8_t> m_filtered;
-    std::vector<std::uint8_t> m_room;
-    Compressor m_compressor;
-    int m_level = 0;
+    PartCompressor m_compressor;
 };
 
 /// Whole groups of rows, so many that a new beginning costs nothing.
