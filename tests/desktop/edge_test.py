@@ -65,6 +65,13 @@ class StripTest(EdgeTest):
         self.desktop.point_at(600, 20)
         self.wait_for_handle()
 
+    def test_it_is_on_every_workspace(self) -> None:
+        self.wait_for_handle()
+        self.addCleanup(self.desktop.output, "wmctrl", "-s", "0")
+        self.desktop.output("wmctrl", "-s", "1")
+        wait_until(lambda: self.desktop.output("xdotool", "get_desktop").strip() == "1", "the workspace")
+        self.wait_for_handle()
+
     def test_edges_and_hiding_are_obeyed_at_once(self) -> None:
         self.wait_for_handle()
         self.desktop.panel.choose("Handle Position", "Right")

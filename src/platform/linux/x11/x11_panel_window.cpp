@@ -88,6 +88,11 @@ void X11PanelWindow::update()
     const bool isShown = m_isWanted && (isManaged() || !m_occlusion.isFilled(pixels()));
     if (isShown == m_window.isVisible())
         return;
+    if (isShown) {
+        // The workspace is read as the window comes, and has to be there by then.
+        tellManager();
+        m_connection.sync();
+    }
     m_window.setVisible(isShown);
     if (!isShown)
         return;
